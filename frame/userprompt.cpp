@@ -1,0 +1,36 @@
+#include "frame/userprompt.h"
+
+#include "frame/messagesink.h"
+
+#include <utility>
+
+namespace {
+IUserPrompt* s_pPrompt = nullptr;
+}
+
+IUserPrompt* UserPrompt::Install(IUserPrompt* pPrompt) { return std::exchange(s_pPrompt, pPrompt); }
+
+int UserPrompt::Ask(const SPrompt& prompt)
+{
+    if (s_pPrompt)
+        return s_pPrompt->Ask(prompt);
+    CMessageSink::Instance().Log(QString("%1: %2").arg(prompt.sTitle, prompt.sText));
+    return prompt.nEscape;
+}
+
+QString UserPrompt::AskFile(const SFilePrompt& prompt)
+{
+    return s_pPrompt ? s_pPrompt->AskFile(prompt) : QString();
+}
+
+bool UserPrompt::Tell(PromptKind_e eKind, const QString& sTitle, const QString& sText)
+{
+    Ask({eKind, sTitle, sText});
+    return false;
+}
+
+bool UserPrompt::Confirm(const QString& sTitle, const QString& sText, bool bDefaultYes)
+{
+    constexpr int YES = 0, NO = 1;
+    return Ask({PromptQuestion, sTitle, sText, {"Yes", "No"}, bDefaultYes ? YES : NO, NO}) == YES;
+}
