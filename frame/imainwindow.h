@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+
+class ISimulation;
+
+/**
+ * What the rest of the program asks of the main window, reached through CWidgetManager. The window
+ * implements it; in a command-line run there is none.
+ */
+class IMainWindow
+{
+public:
+    virtual ~IMainWindow() = default;
+    /** Id of the view that commands apply to; -1 for none. */
+    virtual qint64 GetActiveViewId() const = 0;
+    /** The simulation that the view shows on top; null for none. */
+    virtual ISimulation* GetActiveSimulation(qint64 nViewId) const = 0;
+    /** Brings the state of all actions up to date. */
+    virtual void UpdateActions() = 0;
+    /** @param bForce  rebuild what is filled already, @param bAll  docks that are hidden too */
+    virtual void RefreshDocks(qint64 nViewId, bool bForce, bool bAll) = 0;
+    /** Repaints the active view. */
+    virtual void UpdateActiveViewer(qint64 nFlags) = 0;
+    virtual void SetStatusText(const QString& sText) = 0;
+    /** Shows the terminal with the run of the active simulation. */
+    virtual void RunInTerminal() = 0;
+    /** Closes the analysis windows, then the main window. */
+    virtual void CloseAll() = 0;
+    /** Stops (true, before a load) and restarts (false) the updates of all views of a simulation. */
+    virtual void BlockUpdates(qint64 nSimulationId, bool bBlock) = 0;
+};

@@ -1,0 +1,3 @@
+#include "scene/iselectable.h"
+
+ISelectable::~ISelectable() = default;
