@@ -1,0 +1,56 @@
+// ISimulation: time, selectables and the run.
+#include "frame/novalue.h"
+#include "run/process.h"
+#include "scene/iselectable.h"
+#include "simulation/isimulation.h"
+#include "simulation/item.h"
+#include "simulation/itemkeys.h"
+#include "simulation/simulationmanager.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+ISimulation::ISimulation(qint64 nModuleId) : ISimulationItems(nModuleId) {}
+ISimulation::~ISimulation() = default;
+
+void ISimulation::InsertTime(double dTime, qint64 nStep, qint64 nFirst, qint64 nLast)
+{
+    m_times.Insert(dTime, nStep, nFirst, nLast);
+}
+
+void ISimulation::AddTime(double dTime, qint64 nStep)
+{
+    if (dTime != STEADY_TIME)
+        InsertTime(dTime, nStep, 0, GetTimeCount() - 1);
+}
+
+void ISimulation::SetSelectableDimension(ISelectable* pSelectable) const
+{
+    const CItem* const pItem = GetItem(pSelectable->itemId());
+    pSelectable->setDimension(pItem && Get(*pItem, ItemKey::IS_2D) ? 1 : 2);
+}
+
+CProcess* ISimulation::GetProcess() const { return CSimulationManager::Instance().GetProcess(GetId()); }
+
+bool ISimulation::IsProcessRunning() const
+{
+    const CProcess* const pProcess = GetProcess();
+    return pProcess && pProcess->IsRunning();
+}
+
+bool ISimulation::StopProcess()
+{
+    if (!IsProcessRunning())
+        return false;
+    GetProcess()->Kill();
+    return true;
+}
+
+QString ISimulation::GetWorkingDirectory() const
+{
+    const QString sDirectory = Get(*this, SimulationKey::WORKING_DIRECTORY);
+    if (!sDirectory.isEmpty() && QDir(sDirectory).exists())
+        return sDirectory;
+    const QString sFileDirectory = GetFilePath().isEmpty() ? QString() : QFileInfo(GetFilePath()).absolutePath();
+    return !sFileDirectory.isEmpty() && QDir(sFileDirectory).exists() ? sFileDirectory : QString();
+}

@@ -1,0 +1,179 @@
+#pragma once
+
+#include "frame/vector3d.h"
+#include "simulation/displaytransforms.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QProcess>
+#include <QStringList>
+#include <QVector>
+
+#include <memory>
+#include <mutex>
+#include <vector>
+
+class CItemPanel;
+class CProcess;
+class IItemPanels;
+class ISimulation;
+
+/**
+ * Owns all simulations with their processes and knows which of them stand in which view, and what belongs
+ * to each pair of the two: current time, rotation centre, mirror, sectors, item panel. A simulation ends
+ * with its removal from its last view.
+ *
+ * A lookup with an unknown id gives null, -1 or a neutral value, and an operation on one does nothing.
+ * Main thread only, but for the collected lines of a process.
+ */
+class CSimulationManager : public QObject
+{
+    Q_OBJECT
+
+public:
+    static CSimulationManager& Instance();
+    ~CSimulationManager() override;
+
+    // Simulations and views (simulationmanager.cpp).
+    /** Takes the simulation over, gives it its id (the last one plus 1) and a process, shows it in the view. */
+    void AddSimulation(ISimulation* pSimulation, qint64 nViewId);
+    /** @param nIndex  place among the simulations of the view; -1 for the end */
+    void AddSimulationToView(qint64 nSimulationId, qint64 nViewId, qint64 nIndex = -1);
+    /**
+     * Ends the pair with its selectables and panel. Ahead of that the view's display file is written; out
+     * of its last view the simulation is saved, if it wants that, and deleted.
+     */
+    void RemoveSimulationFromView(qint64 nSimulationId, qint64 nViewId);
+    /** Removes every simulation of the view, then its row. */
+    void RemoveView(qint64 nViewId);
+    void RemoveAllViews();
+    ISimulation* GetSimulation(qint64 nSimulationId) const;
+    ISimulation* GetSimulationOfView(qint64 nViewId) const; ///< the active one
+    /** The last simulation in the list, whatever view it is in; null without any. */
+    ISimulation* GetLastSimulation() const;
+    QVector<qint64> GetSimulationIds() const;
+    QVector<qint64> GetSimulationIds(qint64 nViewId) const;
+    QVector<qint64> GetViewIds(qint64 nSimulationId) const;
+    qint64 GetUseCount(qint64 nSimulationId) const; ///< number of views that show it
+    /** -1 clears it; any other id must be one of the view's simulations. */
+    void SetActiveSimulation(qint64 nViewId, qint64 nSimulationId);
+    /** The first simulation whose IsSameDataFile is true: what is open isn't read twice. */
+    ISimulation* FindSimulationByData(const QByteArray& key) const;
+
+    // What belongs to a pair (simulationmanager_pairs.cpp).
+    double GetTime(qint64 nViewId, qint64 nSimulationId) const;
+    void SetTime(qint64 nViewId, qint64 nSimulationId, double dTime);
+    /** Whether the pair follows the time table; false shows it as steady. */
+    bool IsTransient(qint64 nViewId, qint64 nSimulationId) const;
+    void SetTransient(qint64 nViewId, qint64 nSimulationId, bool bTransient);
+    /** The time to ask grids and solutions for: the pair's time, or STEADY_TIME if it isn't transient. */
+    double GetRequestTime(qint64 nViewId, qint64 nSimulationId) const;
+    DVector3D GetRotationCentre(qint64 nViewId, qint64 nSimulationId) const;
+    void SetRotationCentre(qint64 nViewId, qint64 nSimulationId, const DVector3D& centre);
+    SMirrorSetting GetMirror(qint64 nViewId, qint64 nSimulationId) const;
+    void SetMirror(qint64 nViewId, qint64 nSimulationId, const SMirrorSetting& mirror);
+    SSectorSetting GetSectors(qint64 nViewId, qint64 nSimulationId) const;
+    void SetSectors(qint64 nViewId, qint64 nSimulationId, const SSectorSetting& sectors);
+    /** The transforms that the pair is drawn with, identity first; empty for an unknown pair. */
+    QVector<STransform> GetDisplayTransforms(qint64 nViewId, qint64 nSimulationId) const;
+    CItemPanel* GetItemPanel(qint64 nViewId, qint64 nSimulationId) const;
+    /** Who makes panels from now on (not owned, may be null). */
+    void SetItemPanels(IItemPanels* pPanels) { m_pPanels = pPanels; }
+
+    // Processes (simulationmanager_processes.cpp).
+    CProcess* GetProcess(qint64 nSimulationId) const;
+    /** All lines that the case's run has printed. */
+    QStringList GetProcessLines(qint64 nSimulationId) const;
+    QByteArray GetProcessData(qint64 nSimulationId) const; ///< the same, unsplit
+    void ClearProcessLines(qint64 nSimulationId);
+
+    // Closing (simulationmanager_closing.cpp).
+    /**
+     * Asks all that has to be asked before the simulations may close: first whether what isn't saved or
+     * still runs may go, then, for each with display files, whether to keep its display under another
+     * name. Any refusal leaves everything as it was. After the last answer running processes are killed.
+     *
+     * @return true if the caller may remove them from their views; CopyDisplayFiles afterwards
+     */
+    bool CloseSimulations(qint64 nSimulationId); ///< -1 for all
+    bool CloseSimulations(const QVector<qint64>& simulationIds);
+    /** Copies the display files that closing has written to the names chosen, and reports failures. */
+    void CopyDisplayFiles();
+
+signals:
+    void SignalSimulationTimeChanged(qlonglong nViewId, qlonglong nSimulationId);
+    void SignalSimulationNameChanged(qlonglong nSimulationId);
+    void SignalSimulationTransientChanged(qlonglong nSimulationId);
+    void SignalSimulationProcessStateChanged(qlonglong nSimulationId, QProcess::ProcessState eState);
+    void SignalSimulationProcessDataChanged(qlonglong nSimulationId);
+    void SignalSimulationProcessReadyReadStandardError(qlonglong nSimulationId);
+    void SignalSimulationProcessReadyReadStandardOutput(qlonglong nSimulationId);
+
+public slots:
+    /** The panel was deleted by its own closing. */
+    void SlotItemPanelDeleted(qlonglong nViewId, qlonglong nSimulationId);
+    void SlotSimulationNameChanged(qlonglong nSimulationId);
+    /** Loading or reloading has changed the time table: pairs that had no level take the first one. */
+    void SlotSimulationTransientChanged(qlonglong nSimulationId);
+    void SlotProcessStateChanged(qlonglong nSimulationId, QProcess::ProcessState eState);
+    void SlotProcessReadyReadStandardError(qlonglong nSimulationId);
+    void SlotProcessReadyReadStandardOutput(qlonglong nSimulationId);
+
+private:
+    struct SSimulationRow
+    {
+        qint64 nId = -1;
+        std::unique_ptr<ISimulation> pSimulation;
+        std::unique_ptr<CProcess> pProcess;
+        QStringList sLineList; // output of the case's run
+        QByteArray data;       // the same, unsplit
+        qint64 nUseCount = 0;  // views that show it
+    };
+
+    struct SPairRow
+    {
+        qint64 nSimulationId = -1;
+        double dTime = -1.0;
+        bool bTransient = false;
+        DVector3D rotationCentre;
+        SMirrorSetting mirror;
+        SSectorSetting sectors;
+        QVector<STransform> transforms = {STransform()}; // follows from the three above
+        CItemPanel* pPanel = nullptr;                    // null too once it was deleted by its own closing
+    };
+
+    struct SViewRow
+    {
+        qint64 nId = -1;
+        qint64 nActiveId = -1; // simulation on top
+        std::vector<SPairRow> pairs;
+    };
+
+    struct SDisplayCopy
+    {
+        qint64 nSimulationId;
+        QString sDirectory; // where closing writes the display file
+        QString sTarget;
+    };
+
+    CSimulationManager();
+
+    SSimulationRow* FindRow(qint64 nSimulationId);
+    const SSimulationRow* FindRow(qint64 nSimulationId) const;
+    SViewRow* FindView(qint64 nViewId);
+    const SViewRow* FindView(qint64 nViewId) const;
+    SPairRow* FindPair(qint64 nViewId, qint64 nSimulationId);
+    const SPairRow* FindPair(qint64 nViewId, qint64 nSimulationId) const;
+    void StartAtFirstLevel(SPairRow& pair) const;
+    void RebuildTransforms(SPairRow& pair);
+    void FinishSimulation(ISimulation& simulation);
+    void DeleteRow(qint64 nSimulationId);
+    void Collect(qint64 nSimulationId, const QByteArray& bytes);
+    bool AskDisplayFile(qint64 nSimulationId, QVector<SDisplayCopy>& copies) const;
+
+    std::vector<SSimulationRow> m_simulations; // ascending ids
+    std::vector<SViewRow> m_views;
+    IItemPanels* m_pPanels = nullptr;
+    QVector<SDisplayCopy> m_displayCopies; // the close map
+    mutable std::mutex m_mutex;            // guards the lines and data of the rows
+};

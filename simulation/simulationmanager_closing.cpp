@@ -1,0 +1,99 @@
+// CSimulationManager: the questions before simulations close, and what they lead to.
+#include "frame/userprompt.h"
+#include "simulation/isimulation.h"
+#include "simulation/simulationmanager.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace {
+
+const QStringList DISPLAY_FILES = {"*.disp"};
+
+/** The display file that was written last; empty if there is none. */
+QString NewestDisplayFile(const QString& sDirectory)
+{
+    // Names hold the time to the second; by name settles what file times can't tell apart.
+    const QFileInfoList files = QDir(sDirectory).entryInfoList(DISPLAY_FILES, QDir::Files, QDir::Name);
+    QFileInfo newest;
+    for (const QFileInfo& file : files)
+        if (!newest.isFile() || file.lastModified() >= newest.lastModified())
+            newest = file;
+    return newest.isFile() ? newest.filePath() : QString();
+}
+
+/** Copies over an existing target, which stays whole if the copy fails. */
+bool ReplaceByCopy(const QString& sSource, const QString& sTarget)
+{
+    if (QFileInfo(sSource) == QFileInfo(sTarget))
+        return true;
+    QFile source(sSource);
+    QSaveFile target(sTarget);
+    if (!source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly))
+        return false;
+    const QByteArray bytes = source.readAll();
+    return bytes.size() == source.size() && target.write(bytes) == bytes.size() && target.commit();
+}
+
+} // namespace
+
+bool CSimulationManager::CloseSimulations(qint64 nSimulationId)
+{
+    return CloseSimulations(nSimulationId == -1 ? GetSimulationIds() : QVector<qint64>{nSimulationId});
+}
+
+bool CSimulationManager::CloseSimulations(const QVector<qint64>& simulationIds)
+{
+    for (const qint64 nId : simulationIds) {
+        const ISimulation* const pSimulation = GetSimulation(nId);
+        const QString sWarning = pSimulation ? pSimulation->GetCloseWarning() : QString();
+        if (!sWarning.isEmpty() && !UserPrompt::Confirm("Close Simulation", sWarning))
+            return false;
+    }
+    QVector<SDisplayCopy> copies;
+    for (const qint64 nId : simulationIds)
+        if (!AskDisplayFile(nId, copies))
+            return false;
+    m_displayCopies = copies;
+    for (const qint64 nId : simulationIds)
+        if (ISimulation* const pSimulation = GetSimulation(nId))
+            pSimulation->StopProcess();
+    return true;
+}
+
+/** False if the user cancelled. */
+bool CSimulationManager::AskDisplayFile(qint64 nSimulationId, QVector<SDisplayCopy>& copies) const
+{
+    enum { SAVE_AS, CLOSE, CANCEL };
+    const ISimulation* const pSimulation = GetSimulation(nSimulationId);
+    const QString sDirectory = pSimulation ? Get(*pSimulation, SimulationKey::DIRECTORY) : QString();
+    if (sDirectory.isEmpty() || QDir(sDirectory).entryList(DISPLAY_FILES, QDir::Files).isEmpty())
+        return true;
+    const QString sText = QString("Would you like to save '%1' display file with a different name?");
+    const int nAnswer = UserPrompt::Ask({PromptQuestion,
+                                         "Close Simulation",
+                                         sText.arg(pSimulation->GetName()),
+                                         {"Save As...", "Close", "Cancel"},
+                                         CLOSE,
+                                         CANCEL});
+    if (nAnswer != SAVE_AS)
+        return nAnswer == CLOSE;
+    const QString sTarget =
+        UserPrompt::AskFile({"Save Display File", sDirectory, "Display Files (*.disp)", true});
+    if (sTarget.isEmpty())
+        return false;
+    copies.append({nSimulationId, sDirectory, sTarget});
+    return true;
+}
+
+void CSimulationManager::CopyDisplayFiles()
+{
+    for (const SDisplayCopy& copy : std::exchange(m_displayCopies, {})) {
+        const QString sSource = NewestDisplayFile(copy.sDirectory);
+        if (sSource.isEmpty() || !ReplaceByCopy(sSource, copy.sTarget))
+            UserPrompt::Tell(PromptWarning, "Save Display File",
+                             QString("Failed to write the display file %1").arg(copy.sTarget));
+    }
+}
