@@ -12,7 +12,10 @@
 #include <QStringList>
 #include <QVector>
 
-#include <functional>
+#include <tuple>
+
+class CByteReader;
+class CByteWriter;
 
 /**
  * The persistent value store: a tree of typed key/value tables, addressed by paths of components that are
@@ -32,6 +35,7 @@ class CDataPack
 {
 public:
     explicit CDataPack(bool bTextMode = false);
+    /** Copies and assignments are as Assign; children always know the pack that holds them. */
     CDataPack(const CDataPack& other);
     CDataPack(CDataPack&& other) noexcept;
     CDataPack& operator=(const CDataPack& other);
@@ -78,10 +82,14 @@ public:
     virtual QVector<double> FlattenDVectors(const QVector<DVector3D>& vectors) const;
 
     /** GetString of "sGroup.sKey". */
-    virtual QString GetGroupedString(const QString& sGroup, const QString& sKey, const QString& sDefault) const;
+    virtual QString GetGroupedString(const QString& sGroup, const QString& sKey,
+                                     const QString& sDefault) const;
     /** A copy of the child at the path; an empty pack if there is none. */
     virtual CDataPack GetSubPack(const QString& sPath) const;
-    /** Assigns to the child at the path, which is made if needed; it has this text mode and parent. */
+    /**
+     * Assigns to the child at the path, which is made if needed, at the end. It keeps its parent, and has the
+     * text mode of the pack that was assigned.
+     */
     virtual void SetSubPack(const QString& sPath, const CDataPack& pack);
 
     QString GetString(const QString& sPath, const QString& sDefault) const;
@@ -116,7 +124,7 @@ public:
 
     /** Appends an empty child with this name, mode and parent; gives its index. */
     qint64 AddSubPack(const QString& sName);
-    /** Removes every child that the path matches; "*" as a component stands for all children at that level. */
+    /** Removes every child that the path matches; "*" as a component stands for all children there. */
     void RemoveSubPack(const QString& sPath);
     /** Removes the child at the index if it IsEmpty. */
     void PruneSubPack(qint64 nIndex);
@@ -141,27 +149,48 @@ private:
     {
         QStringList keys;
         QVector<T> values; // parallel to keys
-    };
 
-    // ... the implementer's helpers ...
+        int IndexOf(QStringView sKey) const;
+        void Remove(int nIndex);
+    };
+    // In the order of the wire format. A type names its table: std::get<STable<double>>(m_tables).
+    using Tables = std::tuple<STable<QString>, STable<double>, STable<qint64>, STable<bool>, STable<QPoint>,
+                              STable<QPointF>, STable<QColor>, STable<QFont>, STable<QVector<qint64>>,
+                              STable<QStringList>, STable<IVector3D>, STable<DVector3D>, STable<DMatrix4x4>,
+                              STable<STransform>>;
+
+    // Reading and writing by path. bText: this pack or one above it is in text mode, so that the value is
+    // text.
+    template <class T> T Read(QStringView sPath, const T& defaultValue, bool bText = false) const;
+    template <class T> T ReadPlain(QStringView sKey, const T& defaultValue) const;
+    template <class T> T ReadText(QStringView sKey, const T& defaultValue) const;
+    // These give, and the first stores, whether the value differs from what was read before.
+    template <class T>
+    bool Write(QStringView sPath, const T& value, const T& defaultValue, bool bText = false);
+    template <class T> bool WriteHere(QStringView sKey, const T& value, const T& defaultValue, bool bText);
+    template <class T> bool WritePlain(QStringView sKey, const T& value, const T& defaultValue);
+    template <class T> bool WriteText(QStringView sKey, const T& value, const T& defaultValue);
+
+    void AdoptChildren();
+    int ChildIndex(QStringView sName) const;
+    int FindOrAddChild(QStringView sName);
+    void RemoveChild(int nIndex);
+    /** The pack at the path ("": this one), null if there is none. */
+    const CDataPack* FindPack(QStringView sPath) const;
+    /**
+     * Calls visit(pack, last component) for every pack that the components before the last match. A child in
+     * which visit gave true, for "a key is gone or changed", is pruned afterwards.
+     */
+    template <class Visit> bool VisitMatches(QStringView sPath, const Visit& visit);
+
+    void WriteTo(CByteWriter& writer) const;
+    bool ReadFrom(CByteReader& reader, int nDepth);
+    void ReadChildren(CByteReader& reader, int nDepth);
 
     bool m_bTextMode;
     bool m_bLastSetChanged = true;
     CDataPack* m_pParent = nullptr;
-    STable<QString> m_strings;
-    STable<double> m_doubles;
-    STable<qint64> m_ints;
-    STable<bool> m_bools;
-    STable<QPoint> m_points;
-    STable<QPointF> m_realPoints;
-    STable<QColor> m_colors;
-    STable<QFont> m_fonts;
-    STable<QVector<qint64>> m_intLists;
-    STable<IVector3D> m_intTriples;
-    STable<DVector3D> m_realTriples;
-    STable<QStringList> m_stringLists;
-    STable<DMatrix4x4> m_matrices;
-    STable<STransform> m_transforms;
+    Tables m_tables;
     QStringList m_childNames;
-    QVector<CDataPack> m_children; // parallel to m_childNames
+    QVector<CDataPack> m_children; // parallel to m_childNames; never shared, each knows this pack as parent
 };

@@ -44,7 +44,10 @@ inline QStringList Read(const CDataPack& p, const QString& s, const QStringList&
 {
     return p.GetStringList(s, d);
 }
-inline DMatrix4x4 Read(const CDataPack& p, const QString& s, const DMatrix4x4& d) { return p.GetMatrix(s, d); }
+inline DMatrix4x4 Read(const CDataPack& p, const QString& s, const DMatrix4x4& d)
+{
+    return p.GetMatrix(s, d);
+}
 inline STransform Read(const CDataPack& p, const QString& s, const STransform& d)
 {
     return p.GetTransform(s, d);
@@ -55,7 +58,10 @@ inline void Write(CDataPack& p, const QString& s, double v, double d) { p.SetDou
 inline void Write(CDataPack& p, const QString& s, qint64 v, qint64 d) { p.SetInt(s, v, d); }
 inline void Write(CDataPack& p, const QString& s, bool v, bool d) { p.SetBool(s, v, d); }
 inline void Write(CDataPack& p, const QString& s, const QPoint& v, const QPoint& d) { p.SetPoint(s, v, d); }
-inline void Write(CDataPack& p, const QString& s, const QPointF& v, const QPointF& d) { p.SetPointF(s, v, d); }
+inline void Write(CDataPack& p, const QString& s, const QPointF& v, const QPointF& d)
+{
+    p.SetPointF(s, v, d);
+}
 inline void Write(CDataPack& p, const QString& s, const QColor& v, const QColor& d) { p.SetColor(s, v, d); }
 inline void Write(CDataPack& p, const QString& s, const QFont& v, const QFont& d) { p.SetFont(s, v, d); }
 inline void Write(CDataPack& p, const QString& s, const QVector<qint64>& v, const QVector<qint64>& d)
@@ -101,7 +107,8 @@ template <class T> PackKeyDetail::ValueType<T> Get(const CDataPack& pack, const 
 {
     return PackKeyDetail::Read(pack, key.sPath, key.defaultValue);
 }
-template <class T> PackKeyDetail::ValueType<T> Get(const CDataPack& pack, const SNumberedKey<T>& key, qint64 n)
+template <class T>
+PackKeyDetail::ValueType<T> Get(const CDataPack& pack, const SNumberedKey<T>& key, qint64 n)
 {
     return PackKeyDetail::Read(pack, key.Path(n), key.defaultValue);
 }

@@ -68,5 +68,7 @@ private:
 /** The transform that applies b first, then a. */
 STransform operator*(const STransform& a, const STransform& b);
 
+Q_DECLARE_TYPEINFO(DMatrix4x4, Q_MOVABLE_TYPE);
+Q_DECLARE_TYPEINFO(STransform, Q_MOVABLE_TYPE);
 Q_DECLARE_METATYPE(DMatrix4x4)
 Q_DECLARE_METATYPE(STransform)
