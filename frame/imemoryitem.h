@@ -32,7 +32,10 @@ public:
     virtual qint64 GetBytesInUse() const = 0;
     /** Bytes that a load would take. 0: there is nothing to load. Unknown before the first load: 1. */
     virtual qint64 GetBytesNeeded() const = 0;
-    /** Loads the data on the calling thread, outside all mutexes of the manager. Gives a LoadStatus_e. */
+    /**
+     * Loads the data on the calling thread, without the manager's state mutex; returns at once if they are
+     * there. Gives a LoadStatus_e; LoadNever: not this time, but the next access shall try again.
+     */
     virtual int Load() = 0;
     /** Drops the data. */
     virtual void Unload() = 0;
