@@ -1,0 +1,11 @@
+#pragma once
+
+#include "frame/userprompt.h"
+
+/** Puts the program's questions to the user with message boxes and file dialogs. */
+class CMessageBoxPrompt : public IUserPrompt
+{
+public:
+    int Ask(const SPrompt& prompt) override;
+    QString AskFile(const SFilePrompt& prompt) override;
+};

@@ -1,0 +1,104 @@
+#include "frame/window/startup.h"
+
+#include "frame/applicationinfo.h"
+#include "frame/moduleregistry.h"
+#include "frame/preferences.h"
+#include "frame/ui/messageboxprompt.h"
+#include "frame/window/commandline.h"
+#include "frame/window/mainwindow.h"
+
+#include <QApplication>
+#include <QSurfaceFormat>
+
+#include <cstdio>
+
+namespace {
+
+QSurfaceFormat DefaultSurfaceFormat()
+{
+    QSurfaceFormat format(QSurfaceFormat::DeprecatedFunctions);
+    format.setSwapBehavior(QSurfaceFormat::DoubleBuffer);
+    format.setRenderableType(QSurfaceFormat::OpenGL);
+    format.setDepthBufferSize(24);
+    format.setStencilBufferSize(8);
+    format.setOption(QSurfaceFormat::DebugContext);
+    format.setProfile(QSurfaceFormat::CompatibilityProfile);
+    format.setSamples(8);
+    return format;
+}
+
+/** Messages reach the user while this lives; a command-line run has none. */
+class CPromptScope
+{
+public:
+    CPromptScope() : m_pFormer(UserPrompt::Install(&m_prompt)) {}
+    ~CPromptScope() { UserPrompt::Install(m_pFormer); }
+
+private:
+    CMessageBoxPrompt m_prompt;
+    IUserPrompt* m_pFormer;
+};
+
+int RunInteractive(const QString& sFileName)
+{
+    const CPromptScope prompts;
+    CMainWindow window;
+    window.ShowAsStored();
+    if (!sFileName.isEmpty())
+        window.SlotOpenSimulation(sFileName);
+    return QApplication::exec();
+}
+
+int RunModule(const QString& sModule, QApplication& application, int argc, char** argv)
+{
+    // Modules write paths that depend on the user's settings; without a window nothing saves them.
+    CPreferences::Instance().Load(ApplicationInfo::ORGANISATION, ApplicationInfo::NAME);
+    CModuleRegistry& registry = CModuleRegistry::Instance();
+    registry.CreateModules();
+    registry.InitializeAll();
+    IModuleInterface* const pModule = registry.FindByName(sModule);
+    if (!pModule) {
+        std::fputs("Failed to locate the given module\n", stderr);
+        return 1;
+    }
+    return pModule->Run(&application, argc, argv);
+}
+
+int Run(const SCommandLine& commandLine, QApplication& application, int argc, char** argv)
+{
+    try {
+        if (commandLine.eMode == SCommandLine::RunModule)
+            return RunModule(commandLine.sModule, application, argc, argv);
+        return RunInteractive(commandLine.sFileName);
+    } catch (const std::exception& exception) {
+        std::fprintf(stderr, "%s: %s\n", ApplicationInfo::NAME, exception.what());
+    } catch (...) {
+        std::fprintf(stderr, "%s: unknown exception\n", ApplicationInfo::NAME);
+    }
+    return 0;
+}
+
+} // namespace
+
+int RunApplication(int argc, char** argv)
+{
+    QStringList sArgumentList;
+    for (int n = 0; n < argc; ++n)
+        sArgumentList.append(QString::fromLocal8Bit(argv[n]));
+    const SCommandLine commandLine = ParseCommandLine(sArgumentList);
+    if (commandLine.eMode == SCommandLine::PrintAndExit) {
+        std::fputs(qPrintable(commandLine.sText), stdout);
+        return 0;
+    }
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QCoreApplication::setAttribute(Qt::AA_UseDesktopOpenGL);
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QSurfaceFormat::setDefaultFormat(DefaultSurfaceFormat());
+    QApplication application(argc, argv);
+    // Fixes the size that the platform reports, so that a later change of the desktop's font leaves it.
+    QFont font = QApplication::font();
+    font.setPointSize(font.pointSize());
+    QApplication::setFont(font);
+    return Run(commandLine, application, argc, argv);
+}
