@@ -45,7 +45,7 @@ public:
     virtual CItem* GetItem(qint64 nId, qint64 nSubId = -1) const;       ///< null if not found
     virtual QVector<CItem*> GetItems(qint64 nType = -1) const;          ///< -1 for all types
     virtual QVector<qint64> GetItemIds(qint64 nType = -1) const;
-    virtual QVector<QPoint> GetItemKeys(qint64 nType = -1) const; ///< (sub-id, id) of each
+    virtual QVector<QPoint> GetItemKeys(qint64 nType = -1) const;                    ///< (sub-id, id) of each
     virtual QVector<CItem*> GetItemsFromSelection(const QVector<qint64>& ids) const; ///< nulls skipped
     /** The first item that a stored identity (CItem::GetIdentity) is of; -1 if none. */
     virtual qint64 FindItemByData(const QByteArray& identity) const;
@@ -90,7 +90,8 @@ public:
     // Several items at once (simulation_common.cpp). Ids without an item are skipped.
     virtual void SetItemNames(const QVector<qint64>& ids, qint64 nIndex, const QString& sName);
     virtual void SetBoolOnItems(const QVector<qint64>& ids, const QString& sKey, bool bValue, bool bDefault);
-    virtual void SetIntOnItems(const QVector<qint64>& ids, const QString& sKey, qint64 nValue, qint64 nDefault);
+    virtual void SetIntOnItems(const QVector<qint64>& ids, const QString& sKey, qint64 nValue,
+                               qint64 nDefault);
     virtual void SetDoubleOnItems(const QVector<qint64>& ids, const QString& sKey, double dValue,
                                   double dDefault);
     virtual void SetStringOnItems(const QVector<qint64>& ids, const QString& sKey, const QString& sValue,
@@ -121,10 +122,11 @@ protected:
 
     /** Takes the item over and puts it in its place. For CreateItem. */
     CItem* InsertItem(CItem* pItem);
-    /** Deletes the items and drops their ids from all others; the views aren't told. */
+    /** Deletes the items, drops their ids from all others and tells dependants; the views aren't told. */
     void RemoveItems(const std::set<ItemAddress>& keys);
 
 private:
+    QVector<CItem*> TakeItems(const std::set<ItemAddress>& keys);
     bool ReadItem(class CByteReader& reader, qint64 nIndex, double dVersion, std::set<ItemAddress>& keysRead);
     CItem* ItemForStream(qint64 nType, qint64 nKind, qint64 nIndex, const ItemAddress& address);
 

@@ -43,8 +43,8 @@ bool ISimulationItems::FromBytes(const QByteArray& bytes, double dVersion)
             return false;
     for (const ItemAddress& address : read)
         stale.erase(address);
-    if (!stale.empty())
-        RemoveItems(stale);
+    // What was read is the truth: no id is dropped from it on the way, or an undo would not be exact.
+    qDeleteAll(TakeItems(stale));
     return true;
 }
 
@@ -82,7 +82,7 @@ CItem* ISimulationItems::ItemForStream(qint64 nType, qint64 nKind, qint64 nIndex
     if (pItem && pItem->GetType() == nType && pItem->GetKind() == nKind)
         return pItem;
     if (pItem)
-        RemoveItems({address});
+        qDeleteAll(TakeItems({address}));
     CreateItem(nType, nKind, false, nIndex, address.first, address.second);
     return GetItem(address.first, address.second);
 }

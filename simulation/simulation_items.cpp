@@ -171,12 +171,19 @@ void ISimulationItems::DeleteItem(qint64 nId, qint64 nSubId)
         RefreshViews();
 }
 
-void ISimulationItems::RemoveItems(const std::set<ItemAddress>& keys)
+/** Out of the list, for the caller to delete. */
+QVector<CItem*> ISimulationItems::TakeItems(const std::set<ItemAddress>& keys)
 {
     const auto isKept = [&](const CItem* pItem) { return keys.count(AddressOf(pItem)) == 0; };
     const auto firstGone = std::stable_partition(m_items.begin(), m_items.end(), isKept);
     const QVector<CItem*> gone(firstGone, m_items.end());
     m_items.erase(firstGone, m_items.end());
+    return gone;
+}
+
+void ISimulationItems::RemoveItems(const std::set<ItemAddress>& keys)
+{
+    const QVector<CItem*> gone = TakeItems(keys);
     QSet<qint64> freeIds;
     QVector<qint64> dependantIds;
     for (const CItem* const pGone : gone) {
@@ -191,7 +198,10 @@ void ISimulationItems::RemoveItems(const std::set<ItemAddress>& keys)
         pItem->OnDependedDeleted();
 }
 
-QVector<qint64> ISimulationItems::GetViewIds() const { return CSimulationManager::Instance().GetViewIds(GetId()); }
+QVector<qint64> ISimulationItems::GetViewIds() const
+{
+    return CSimulationManager::Instance().GetViewIds(GetId());
+}
 
 void ISimulationItems::RefreshViews()
 {
