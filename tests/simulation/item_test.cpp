@@ -3,7 +3,7 @@
 #include "scene/selectablemanager.h"
 #include "simulation/itemkeys.h"
 #include "tests/support/promptscript.h"
-#include "tests/support/testsimulation.h"
+#include "tests/support/simulationfixture.h"
 
 using ItemTree = SimulationFixture;
 using ItemViews = SimulationFixture;

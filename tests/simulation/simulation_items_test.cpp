@@ -1,5 +1,5 @@
 #include "simulation/itemkeys.h"
-#include "tests/support/testsimulation.h"
+#include "tests/support/simulationfixture.h"
 
 using SimulationItems = SimulationFixture;
 

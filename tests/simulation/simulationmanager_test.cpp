@@ -6,7 +6,7 @@
 #include "scene/selectablemanager.h"
 #include "simulation/iitempanels.h"
 #include "tests/support/promptscript.h"
-#include "tests/support/testsimulation.h"
+#include "tests/support/simulationfixture.h"
 
 #include <QDir>
 #include <QFile>

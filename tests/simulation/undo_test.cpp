@@ -1,4 +1,4 @@
-#include "tests/support/testsimulation.h"
+#include "tests/support/simulationfixture.h"
 
 #include <random>
 

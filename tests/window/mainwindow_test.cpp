@@ -1,0 +1,171 @@
+#include "frame/window/mainwindow.h"
+
+#include "frame/applicationinfo.h"
+#include "frame/moduleregistry.h"
+#include "frame/preferencekeys.h"
+#include "frame/preferences.h"
+#include "frame/ui/fontincrement.h"
+#include "frame/widgetmanager.h"
+#include "frame/window/commandline.h"
+#include "frame/window/stylesheets.h"
+#include "tests/support/promptscript.h"
+#include "tests/support/simulationfixture.h"
+#include "tests/support/testmodule.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QVBoxLayout>
+
+namespace {
+
+/** Notes what it is asked to open. */
+class COpeningModule : public CTestModule
+{
+public:
+    using CTestModule::CTestModule;
+    bool CanOpen() const override { return true; }
+    qint64 Open(const QString& sFile, qint64) override
+    {
+        s_sOpenedList.append(sFile);
+        return -1;
+    }
+    static inline QStringList s_sOpenedList;
+};
+
+class MainWindow : public SimulationFixture
+{
+protected:
+    MainWindow()
+    {
+        CModuleRegistry::Instance().SetFactory(1,
+                                               [] { return std::make_unique<COpeningModule>(1, "Plot3D"); });
+    }
+    ~MainWindow() override { Settings().clear(); }
+
+    static QSettings& Settings()
+    {
+        static QSettings settings(QSettings::UserScope, ApplicationInfo::ORGANISATION, ApplicationInfo::NAME);
+        return settings;
+    }
+};
+
+} // namespace
+
+TEST_F(MainWindow, RegistersItselfAndLeavesWithItsLife)
+{
+    {
+        CMainWindow window;
+        EXPECT_EQ(CWidgetManager::Instance().GetWidget(CWidgetManager::MAIN_WINDOW), &window);
+        EXPECT_EQ(window.windowTitle(), "Zento 2026.1.2-0");
+        EXPECT_NE(CModuleRegistry::Instance().FindByName("Plot3D"), nullptr);
+    }
+    EXPECT_EQ(CWidgetManager::Instance().GetWidget(CWidgetManager::MAIN_WINDOW), nullptr);
+}
+
+TEST_F(MainWindow, ComesUpWhereTheLastRunLeftIt)
+{
+    const QRect place(120, 90, 640, 400);
+    {
+        CMainWindow window;
+        window.ShowAsStored();
+        window.setGeometry(place);
+        window.close();
+    }
+    {
+        CMainWindow window;
+        EXPECT_EQ(window.geometry(), place);
+        window.ShowAsStored();
+        window.setWindowState(Qt::WindowMaximized);
+        window.close();
+    }
+    CMainWindow window;
+    window.ShowAsStored();
+    EXPECT_TRUE(window.isMaximized());
+    window.showNormal();
+    EXPECT_EQ(window.geometry().size(), place.size()) << "the normal place survives";
+
+    Settings().setValue("mainwindowwindowedrect", QRect(5, 5, -7, -7));
+    CMainWindow other;
+    EXPECT_TRUE(other.geometry().isValid());
+}
+
+TEST_F(MainWindow, ARefusedCloseKeepsWindowAndCases)
+{
+    CMainWindow window;
+    window.show();
+    Add()->m_sCloseWarning = "Simulation 'A' data is not saved. Continue?";
+    {
+        CPromptScript user;
+        user.Press("No");
+        EXPECT_FALSE(window.close());
+    }
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(m_manager.GetSimulationIds().size(), 1);
+    CPromptScript user;
+    user.Press("Yes");
+    EXPECT_TRUE(window.close());
+    EXPECT_TRUE(m_manager.GetSimulationIds().isEmpty());
+}
+
+TEST_F(MainWindow, AFileGoesToTheModuleThatItsFirstFieldNames)
+{
+    CMainWindow window;
+    QTemporaryDir folder;
+    const auto write = [&](const char* sName, const QString& sModule) {
+        QFile file(folder.filePath(sName));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        QDataStream stream(&file);
+        stream << sModule << 1.0;
+        return file.fileName();
+    };
+    COpeningModule::s_sOpenedList.clear();
+    window.SlotOpenSimulation(write("known.zento", "Plot3D"));
+    window.SlotOpenSimulation(write("unknown.zento", "Nobody"));
+    EXPECT_EQ(COpeningModule::s_sOpenedList, QStringList({folder.filePath("known.zento")}));
+
+    CPromptScript user;
+    user.Press("Ok");
+    window.SlotOpenSimulation(folder.filePath("missing.zento"));
+    EXPECT_EQ(user.Asked()[0].sText, "Failed to open the selected file");
+    EXPECT_EQ(user.Asked()[0].sTitle, "Open Simulation");
+}
+
+TEST(StyleSheets, AThemeWithoutAResourceKeepsTheWindowsOwnSheet)
+{
+    const QStringList sheets = LoadStyleSheets("QWidget {}");
+    ASSERT_EQ(sheets.size(), 4);
+    EXPECT_EQ(sheets[0], "QWidget {}");
+    for (const QString& sSheet : sheets)
+        EXPECT_FALSE(sSheet.isEmpty());
+}
+
+TEST(FontIncrement, CountsFromTheFirstSizeAndEndsAtOnePoint)
+{
+    QWidget window;
+    QLabel child(&window), large(&window);
+    const int nBase = window.font().pointSize();
+    QFont font = large.font();
+    font.setPointSize(nBase + 10);
+    large.setFont(font);
+    const auto apply = [&](qint64 nIncrement) {
+        Set(CPreferences::Instance(), PreferenceKey::FONT_INCREMENT, nIncrement);
+        ApplyFontIncrement(&window);
+        return QVector<int>{window.font().pointSize(), child.font().pointSize(), large.font().pointSize()};
+    };
+    EXPECT_EQ(apply(3), QVector<int>({nBase + 3, nBase + 3, nBase + 13}));
+    EXPECT_EQ(apply(3), QVector<int>({nBase + 3, nBase + 3, nBase + 13})) << "twice changes nothing";
+    EXPECT_EQ(apply(-20), QVector<int>({1, 1, std::max(1, nBase - 10)}));
+    EXPECT_EQ(apply(0), QVector<int>({nBase, nBase, nBase + 10}));
+}
+
+TEST(CommandLine, TwoArgumentsAreAModulesRunAndOneIsAFile)
+{
+    EXPECT_EQ(ParseCommandLine({"zento"}).eMode, SCommandLine::Interactive);
+    EXPECT_EQ(ParseCommandLine({"zento", "wing.zento"}).sFileName, "wing.zento");
+    const SCommandLine run = ParseCommandLine({"zento", "--help", "3"});
+    EXPECT_EQ(run.eMode, SCommandLine::RunModule);
+    EXPECT_EQ(run.sModule, "--help");
+    EXPECT_EQ(ParseCommandLine({"zento", "--version"}).sText, "Zento 2026.1.2-0\n");
+}
