@@ -252,6 +252,8 @@ bool CByteReader::ReadWords(void* pWords, qint64 nWords)
 {
     if (!CheckCount(nWords, 8))
         return false;
+    if (nWords == 0)
+        return true;
     qFromBigEndian<quint64>(Skip(8 * nWords), nWords, pWords);
     return true;
 }

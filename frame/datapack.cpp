@@ -86,8 +86,23 @@ template <class T> int CDataPack::STable<T>::IndexOf(QStringView sKey) const
     return -1;
 }
 
-template <class T> void CDataPack::STable<T>::Remove(int nIndex)
+template <class T> void CDataPack::STable<T>::Store(QStringView sKey, const T& value)
 {
+    const int nIndex = IndexOf(sKey);
+    if (nIndex < 0) {
+        keys.append(sKey.toString());
+        values.append(value);
+    } else { // g++ 12 takes an assignment to values[nIndex] for an overflow
+        values.removeAt(nIndex);
+        values.insert(nIndex, value);
+    }
+}
+
+template <class T> void CDataPack::STable<T>::Remove(QStringView sKey)
+{
+    const int nIndex = IndexOf(sKey);
+    if (nIndex < 0)
+        return;
     keys.removeAt(nIndex);
     values.removeAt(nIndex);
 }
@@ -102,22 +117,11 @@ template <class T> T CDataPack::ReadPlain(QStringView sKey, const T& defaultValu
 template <class T> bool CDataPack::WritePlain(QStringView sKey, const T& value, const T& defaultValue)
 {
     auto& table = std::get<STable<T>>(m_tables);
-    const bool bIsDefault = AreEqual(value, defaultValue);
-    const int nIndex = table.IndexOf(sKey);
-    if (nIndex < 0) {
-        if (!bIsDefault) {
-            table.keys.append(sKey.toString());
-            table.values.append(value);
-        }
-        return !bIsDefault;
-    }
-    const bool bChanged = !AreEqual<T>(std::as_const(table.values)[nIndex], value);
-    if (bIsDefault) {
-        table.Remove(nIndex);
-    } else { // g++ 12 takes an assignment to values[nIndex] for an overflow
-        table.values.removeAt(nIndex);
-        table.values.insert(nIndex, value);
-    }
+    const bool bChanged = !AreEqual(ReadPlain(sKey, defaultValue), value);
+    if (AreEqual(value, defaultValue))
+        table.Remove(sKey);
+    else
+        table.Store(sKey, value);
     return bChanged;
 }
 
@@ -136,14 +140,12 @@ template <class T> bool CDataPack::WriteText(QStringView sKey, const T& value, c
     // Rounding may have changed the value on its way into the text, so both sides are read from there.
     const T before = ReadText(sKey, defaultValue);
     auto& table = std::get<STable<QString>>(m_tables);
-    const bool bIsDefault = AreEqual(value, defaultValue);
-    const int nIndex = table.IndexOf(sKey);
-    if (!bIsDefault)
-        WritePlain<QString>(sKey, PackText::ToText(value), QString());
+    if (!AreEqual(value, defaultValue))
+        table.Store(sKey, PackText::ToText(value));
     else if constexpr (std::is_same_v<T, double>)
-        WritePlain<QString>(sKey, PackText::DEFAULT_REAL, QString());
-    else if (nIndex >= 0)
-        table.Remove(nIndex);
+        table.Store(sKey, PackText::DEFAULT_REAL);
+    else
+        table.Remove(sKey);
     return !AreEqual(before, ReadText(sKey, defaultValue));
 }
 

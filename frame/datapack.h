@@ -151,7 +151,8 @@ private:
         QVector<T> values; // parallel to keys
 
         int IndexOf(QStringView sKey) const;
-        void Remove(int nIndex);
+        void Store(QStringView sKey, const T& value);
+        void Remove(QStringView sKey);
     };
     // In the order of the wire format. A type names its table: std::get<STable<double>>(m_tables).
     using Tables = std::tuple<STable<QString>, STable<double>, STable<qint64>, STable<bool>, STable<QPoint>,

@@ -58,8 +58,8 @@ template <class T> void ReadValues(CByteReader& reader, QVector<T>& values, qint
     const qint64 nCount = IS_COUNTED<T> ? reader.ReadCount(LEAST_SIZE<T>) : nKeys;
     if (nCount != nKeys)
         reader.SetBad();
-    if (!reader.CheckCount(nCount, LEAST_SIZE<T>))
-        return;
+    if (!reader.CheckCount(nCount, LEAST_SIZE<T>) || nCount == 0)
+        return; // most tables are empty, and a vector that isn't touched costs nothing
     if constexpr (IS_WORDS<T>) {
         values.resize(int(nCount));
         reader.ReadWords(values.data(), nCount * qint64(sizeof(T) / 8));

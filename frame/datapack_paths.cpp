@@ -62,14 +62,14 @@ CDataPack CDataPack::GetSubPack(const QString& sPath) const
 
 void CDataPack::SetSubPack(const QString& sPath, const CDataPack& pack)
 {
-    const CDataPack source(pack); // it may be part of what changes below
+    CDataPack source(pack); // it may be part of what changes below
     CDataPack* pTarget = this;
     for (SPackPath path(sPath); !path.sFirst.isEmpty(); path = SPackPath(path.sRest))
         pTarget = &pTarget->m_children[pTarget->FindOrAddChild(path.sFirst)];
     if (pTarget == this)
         return;
     CDataPack* const pHolder = pTarget->m_pParent;
-    pTarget->Assign(source);
+    *pTarget = std::move(source);
     pTarget->SetParent(pHolder); // the assignment brought the source's
 }
 

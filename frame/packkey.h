@@ -2,6 +2,8 @@
 
 #include "frame/datapack.h"
 
+#include <type_traits>
+
 /**
  * One setting of a pack: where it lives and what it is when nobody set it. Every key of the program is
  * declared once as one of these and read and written through it, so that neither path nor default can
