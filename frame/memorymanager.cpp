@@ -6,6 +6,7 @@
 
 #include <QDebug>
 
+#include <algorithm>
 #include <new>
 
 namespace {
@@ -225,8 +226,12 @@ int CMemoryManager::LoadOnceMore(CLoadScope& scope)
     const TurnLock turn = TakeTurn();
     const qint64 nNeeded = scope.Item()->GetBytesNeeded(); // the first attempt may have found out more
     Log(QString("Try to free memory1 %1").arg(nNeeded));
+    // An item that was evicted before in this loop has been brought back by the load, which needs it; to
+    // evict it once more gains nothing, and would go on for ever where the two don't fit into memory
+    // together.
+    std::set<qint64> gone;
     int nStatus = LoadNoMemory;
-    while (nStatus == LoadNoMemory && FreeBytes(nNeeded, false))
+    while (nStatus == LoadNoMemory && EvictOldest(nNeeded, gone))
         nStatus = scope.CallLoad();
     Log("Try to free memory2");
     if (nStatus == LoadOk)
@@ -260,17 +265,28 @@ void CMemoryManager::UpdateBytes(qint64 nId)
 bool CMemoryManager::FreeBytes(qint64 nBytes, bool bLock)
 {
     const TurnLock turn = bLock ? TakeTurn() : TurnLock();
+    std::set<qint64> gone;
+    return EvictOldest(nBytes, gone);
+}
+
+/** Evicts as FreeBytes does and adds the ids to gone. True if one is among them that wasn't there before. */
+bool CMemoryManager::EvictOldest(qint64 nBytes, std::set<qint64>& gone)
+{
     StateLock lock(m_mutex);
     std::vector<SCandidate> heap = CandidateHeap();
+    const size_t nGoneBefore = gone.size();
     qint64 nFreed = 0;
     while (!heap.empty()) {
         std::pop_heap(heap.begin(), heap.end(), IsYounger);
-        nFreed += UnloadIfIdle(heap.back().nId, lock);
+        if (const qint64 nItemBytes = UnloadIfIdle(heap.back().nId, lock); nItemBytes > 0) {
+            nFreed += nItemBytes;
+            gone.insert(heap.back().nId);
+        }
         heap.pop_back();
         if (nFreed >= nBytes)
             break;
     }
-    return nFreed > 0;
+    return gone.size() > nGoneBefore;
 }
 
 void CMemoryManager::FreeAll()

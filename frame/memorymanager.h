@@ -7,6 +7,7 @@
 
 #include <condition_variable>
 #include <mutex>
+#include <set>
 #include <unordered_map>
 #include <vector>
 
@@ -75,7 +76,8 @@ public:
      * Loads the item on this thread if it isn't in memory, evicting others first if the limit is exceeded,
      * and as long as memory is short. Gives a LoadStatus_e:
      *  - LoadOk, also if there is nothing to load (0 bytes needed);
-     *  - LoadNoMemory if nothing was left that could be freed; a later call tries again;
+     *  - LoadNoMemory if nothing was left that could be freed (what the load itself brings back doesn't
+     * count); a later call tries again;
      *  - LoadFailed or LoadBadContent, which are kept in the item: it isn't tried again. A null item:
      * LoadFailed. An item whose Load gives LoadNever (it has found out that it is another size, say) stays as
      * it was and is tried at the next call; this one gives LoadFailed.
@@ -138,6 +140,7 @@ private:
 
     TurnLock TakeTurn();
     void KeepLimit();
+    bool EvictOldest(qint64 nBytes, std::set<qint64>& gone);
     int LoadOnceMore(CLoadScope& scope);
     bool Conclude(IMemoryItem* pItem, int nStatus);
 

@@ -253,6 +253,16 @@ TEST_F(MemoryManager, AnItemShortOfMemoryIsTriedAgainLater)
     EXPECT_EQ(m_manager.LoadItem(&item), LoadOk);
 }
 
+TEST_F(MemoryManager, AnItemThatNeverFitsBesideItsInputGivesUp)
+{
+    CTestItem& input = Add(60);
+    CTestItem& item = Add(50);
+    item.m_plan.assign(100, LoadNoMemory);
+    item.m_fnInLoad = [&] { EXPECT_EQ(m_manager.LoadItem(&input), LoadOk); };
+    EXPECT_EQ(m_manager.LoadItem(&item), LoadNoMemory);
+    EXPECT_EQ(item.m_nLoads, 2);
+}
+
 TEST_F(MemoryManager, AnAllocationThatThrowsIsShortageOfMemory)
 {
     AddLoaded(60);
