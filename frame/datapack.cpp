@@ -15,6 +15,7 @@ CDataPack::CDataPack(const CDataPack& other)
     : m_bTextMode(other.m_bTextMode),
       m_bLastSetChanged(other.m_bLastSetChanged),
       m_pParent(other.GetParent()),
+      m_bytes(other.m_bytes),
       m_tables(other.m_tables),
       m_childNames(other.m_childNames),
       m_children(other.m_children)
@@ -26,6 +27,7 @@ CDataPack::CDataPack(CDataPack&& other) noexcept
     : m_bTextMode(other.m_bTextMode),
       m_bLastSetChanged(other.m_bLastSetChanged),
       m_pParent(other.m_pParent),
+      m_bytes(std::move(other.m_bytes)),
       m_tables(std::move(other.m_tables)),
       m_childNames(std::move(other.m_childNames)),
       m_children(std::move(other.m_children))
@@ -49,6 +51,7 @@ CDataPack& CDataPack::operator=(CDataPack&& other) noexcept
         m_pParent = taken.m_pParent;
     m_bTextMode = taken.m_bTextMode;
     m_bLastSetChanged = taken.m_bLastSetChanged;
+    m_bytes = taken.m_bytes;
     m_tables.swap(taken.m_tables);
     m_childNames.swap(taken.m_childNames);
     m_children.swap(taken.m_children);
@@ -71,9 +74,11 @@ CDataPack* CDataPack::GetParent() const { return m_pParent; }
 
 void CDataPack::AdoptChildren()
 {
-    for (CDataPack& child :
-         m_children) // not const: children that are still shared with a copy become own ones
+    // Not const: children that are still shared with a copy become own ones.
+    for (CDataPack& child : m_children) {
         child.m_pParent = this;
+        child.m_bytes.clear();
+    }
 }
 
 // Tables
@@ -169,6 +174,7 @@ template <class T> bool CDataPack::Write(QStringView sPath, const T& value, cons
 {
     const SPackPath path(sPath);
     bText = bText || m_bTextMode;
+    m_bytes.clear();
     if (path.sRest.isEmpty()) {
         m_bLastSetChanged = !path.sFirst.isEmpty() && WriteHere(path.sFirst, value, defaultValue, bText);
     } else {

@@ -61,7 +61,10 @@ public:
     /** True without any key and child. */
     virtual bool IsEmpty() const;
 
-    /** The pack that holds this one, not owned; valid while that one isn't moved. Not stored. */
+    /**
+     * The pack that holds this one, not owned; valid while that one isn't moved. Not stored. For reading:
+     * whoever writes asks the outermost pack.
+     */
     virtual void SetParent(CDataPack* pParent);
     virtual CDataPack* GetParent() const;
 
@@ -191,6 +194,11 @@ private:
     bool m_bTextMode;
     bool m_bLastSetChanged = true;
     CDataPack* m_pParent = nullptr;
+    // What ToBytes gave for the present content; empty: nobody has asked since it changed. An undo state of
+    // 2,000 items is captured before and after each edit, and all but a few items are as they were. Whatever
+    // changes a pack begins with m_bytes.clear(). A child has none, so that only the outermost pack, on
+    // which the change is asked for, has to be cleared.
+    mutable QByteArray m_bytes;
     Tables m_tables;
     QStringList m_childNames;
     QVector<CDataPack> m_children; // parallel to m_childNames; never shared, each knows this pack as parent

@@ -88,9 +88,12 @@ template <class Table> void ReadTable(CByteReader& reader, Table& table)
 
 QByteArray CDataPack::ToBytes() const
 {
-    CByteWriter writer;
-    WriteTo(writer);
-    return writer.Take();
+    if (m_bytes.isEmpty()) {
+        CByteWriter writer;
+        WriteTo(writer);
+        m_bytes = writer.Take();
+    }
+    return m_bytes;
 }
 
 void CDataPack::WriteTo(CByteWriter& writer) const
@@ -106,6 +109,8 @@ void CDataPack::WriteTo(CByteWriter& writer) const
 
 bool CDataPack::FromBytes(const QByteArray& bytes, double)
 {
+    if (!m_bytes.isEmpty() && bytes == m_bytes)
+        return true;               // nothing new
     const QByteArray kept = bytes; // they may be a value of this pack
     CByteReader reader(kept);
     return ReadFrom(reader, 0);
@@ -113,6 +118,7 @@ bool CDataPack::FromBytes(const QByteArray& bytes, double)
 
 bool CDataPack::ReadFrom(CByteReader& reader, int nDepth)
 {
+    m_bytes.clear();
     m_tables = Tables();
     m_childNames.clear();
     m_children.clear();

@@ -44,6 +44,7 @@ void CDataPack::SwapSubPacks(const QString& sPath, qint64 nFirst, qint64 nSecond
     const qint64 nCount = pPack ? pPack->m_children.size() : 0;
     if (nFirst < 0 || nFirst >= nCount || nSecond < 0 || nSecond >= nCount)
         return;
+    m_bytes.clear();
     std::swap(pPack->m_children[int(nFirst)], pPack->m_children[int(nSecond)]);
     if (!bContentOnly)
         pPack->m_childNames.swapItemsAt(int(nFirst), int(nSecond));
@@ -64,17 +65,20 @@ void CDataPack::SetSubPack(const QString& sPath, const CDataPack& pack)
 {
     CDataPack source(pack); // it may be part of what changes below
     CDataPack* pTarget = this;
+    m_bytes.clear();
     for (SPackPath path(sPath); !path.sFirst.isEmpty(); path = SPackPath(path.sRest))
         pTarget = &pTarget->m_children[pTarget->FindOrAddChild(path.sFirst)];
     if (pTarget == this)
         return;
     CDataPack* const pHolder = pTarget->m_pParent;
     *pTarget = std::move(source);
+    pTarget->m_bytes.clear();
     pTarget->SetParent(pHolder); // the assignment brought the source's
 }
 
 qint64 CDataPack::AddSubPack(const QString& sName)
 {
+    m_bytes.clear();
     m_childNames.append(sName);
     m_children.append(CDataPack(m_bTextMode));
     m_children.last().m_pParent = this;
@@ -83,6 +87,7 @@ qint64 CDataPack::AddSubPack(const QString& sName)
 
 void CDataPack::RemoveChild(int nIndex)
 {
+    m_bytes.clear();
     m_childNames.removeAt(nIndex);
     std::move(m_children.begin() + nIndex + 1, m_children.end(), m_children.begin() + nIndex);
     m_children.removeLast();
@@ -97,6 +102,7 @@ void CDataPack::PruneSubPack(qint64 nIndex)
 template <class Visit> bool CDataPack::VisitMatches(QStringView sPath, const Visit& visit)
 {
     const SPackPath path(sPath);
+    m_bytes.clear();
     if (path.sRest.isEmpty())
         return visit(*this, path.sFirst);
     bool bChanged = false;

@@ -38,9 +38,9 @@ inline constexpr SKey<QColor> BACKGROUND_COLORS[] = {
     {"Color.BG.3", QColor(255, 255, 255)},
 };
 
-inline constexpr SKey<qint64> FONT_INCREMENT{"Data.FontInc", 0};       // [points], may be negative
-inline constexpr SKey<qint64> MEMORY_LIMIT{"Data.MemoryLimitByte", 0}; // [bytes], 0 for unlimited
-inline constexpr SKey<qint64> DEBUG_LEVEL{"Data.DebugLevel", 0};       // see CMessageSink
+inline constexpr SKey<qint64> FONT_INCREMENT{"Data.FontInc", 0};                  // [points], may be negative
+inline constexpr SKey<qint64> MEMORY_LIMIT{"Data.MemoryLimitByte", 0};            // [bytes], 0 for unlimited
+inline constexpr SKey<qint64> DEBUG_LEVEL{"Data.DebugLevel", 0};                  // see CMessageSink
 inline constexpr SKey<double> ANGLE_LIMIT{"Data.AngleLimit", 0.5235987755982988}; // [radians]
 inline constexpr SKey<qint64> DEFAULT_FACE{"Data.DefaultFace", 4};                // 0 to 5 a face, 6 all
 

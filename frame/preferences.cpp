@@ -66,9 +66,8 @@ QVector<SStoredVariable> ReadVariables(const QSettings& settings)
     const QVariantList locations = settings.value(VARIABLE_LOCATION_KEY).toList();
     const int nCount = std::min({ids.size(), sNameList.size(), sFormulaList.size(), locations.size()});
     if (nCount != ids.size())
-        CMessageSink::Instance().Log(QString("Settings: only %1 of %2 stored variables are complete")
-                                         .arg(nCount)
-                                         .arg(ids.size()));
+        CMessageSink::Instance().Log(
+            QString("Settings: only %1 of %2 stored variables are complete").arg(nCount).arg(ids.size()));
     QVector<SStoredVariable> variables;
     for (int n = 0; n < nCount; ++n)
         variables.append({ids[n].toLongLong(), sNameList[n], sFormulaList[n], locations[n].toLongLong(),

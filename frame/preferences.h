@@ -37,8 +37,8 @@ struct SStoredVariable
     qint64 nId = -1;
     QString sName;
     QString sFormula;
-    qint64 nLocation = 0;       ///< 1 node, 2 cell centre, 0 constant
-    QStringList sUsedNameList;  ///< names of the variables that the formula refers to
+    qint64 nLocation = 0;      ///< 1 node, 2 cell centre, 0 constant
+    QStringList sUsedNameList; ///< names of the variables that the formula refers to
 
     friend bool operator==(const SStoredVariable&, const SStoredVariable&) = default;
 };

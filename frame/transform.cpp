@@ -50,8 +50,8 @@ DMatrix4x4 operator*(const DMatrix4x4& a, const DMatrix4x4& b)
     return result;
 }
 
-STransform::STransform(const DMatrix4x4& matrix) :
-    m_bIdentity(matrix.IsIdentity()), m_matrix(matrix), m_glMatrix(matrix.Transposed())
+STransform::STransform(const DMatrix4x4& matrix)
+    : m_bIdentity(matrix.IsIdentity()), m_matrix(matrix), m_glMatrix(matrix.Transposed())
 {
     // QMatrix4x4(row-major floats) keeps the identity's flag only when asked to optimize.
     std::array<float, 16> entries;

@@ -182,6 +182,40 @@ TEST(DataPackBytes, TheStreamIsWhatItAlwaysWas)
     EXPECT_EQ(CDataPack().ToBytes(), EMPTY_PACK);
 }
 
+TEST(DataPackBytes, EveryChangeShowsInTheNextBytes)
+{
+    CDataPack other;
+    other.SetInt("Other.Z", 1, 0);
+    const std::function<void(CDataPack&)> changes[] = {
+        [](CDataPack& p) { p.SetInt("I", 5, 0); },
+        [](CDataPack& p) { p.SetInt("Y.Z", 8, 0); },
+        [](CDataPack& p) { p.ClampInt("*.Z", 0, 3, 0); },
+        [](CDataPack& p) { p.SetInt("Y.Z", 0, 0); },
+        [](CDataPack& p) { p.SetInt("Y.1.A", 1, 0); },
+        [](CDataPack& p) { p.ShiftSubPackIds("Y.*", 4); },
+        [](CDataPack& p) { p.SetInt("Y.6.A", 1, 0), p.SetInt("Y.6.A", 2, 0); },
+        [](CDataPack& p) { p.SwapSubPacks("Y", 0, 1, false); },
+        [](CDataPack& p) { p.RemoveSubPack("Y.*"); },
+        [](CDataPack& p) { p.AddSubPack("New"); },
+        [](CDataPack& p) { p.PruneSubPack(p.SubPackNames("").indexOf("New")); },
+        [&](CDataPack& p) { p.SetSubPack("Y.Sub", other); },
+        [](CDataPack& p) { p.SetInt("Y.Sub.Other.Z", 2, 0); },
+        [&](CDataPack& p) { p.Assign(other); },
+        [](CDataPack& p) { p = MakeFullPack(); },
+        [&](CDataPack& p) { p.FromBytes(other.ToBytes(), -1.0); },
+    };
+    other.ToBytes();
+    CDataPack pack = MakeFullPack();
+    for (size_t n = 0; n < std::size(changes); ++n) {
+        const QByteArray before = pack.ToBytes();
+        changes[n](pack);
+        CDataPack fresh; // knows nothing of former bytes
+        ASSERT_TRUE(fresh.FromBytes(pack.ToBytes(), -1.0));
+        EXPECT_NE(pack.ToBytes(), before) << "change " << n;
+        EXPECT_EQ(fresh.GetInt("Y.Z", 0), pack.GetInt("Y.Z", 0)) << "change " << n;
+    }
+}
+
 TEST(DataPackBytes, EveryTableReadsBack)
 {
     CDataPack pack;
