@@ -1,6 +1,6 @@
 // ISimulation: time, selectables and the run.
 #include "frame/novalue.h"
-#include "run/process.h"
+#include "runs/process.h"
 #include "scene/iselectable.h"
 #include "simulation/isimulation.h"
 #include "simulation/item.h"

@@ -1,7 +1,7 @@
 #include "simulation/simulationmanager.h"
 
 #include "frame/moduleregistry.h"
-#include "run/process.h"
+#include "runs/process.h"
 #include "scene/selectablemanager.h"
 #include "simulation/iitempanels.h"
 #include "simulation/isimulation.h"

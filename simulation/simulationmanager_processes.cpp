@@ -1,5 +1,5 @@
 // CSimulationManager: the output of the runs.
-#include "run/process.h"
+#include "runs/process.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 

@@ -68,6 +68,13 @@ struct CaseName
 class MemoryManager : public testing::Test
 {
 protected:
+    // The process's first stamp is 0, which an item that was never accessed has too: use it up.
+    MemoryManager()
+    {
+        Add(1);
+        Access(0);
+        m_items.clear();
+    }
     ~MemoryManager() override { m_manager.SetLimit(0); }
 
     /** A further item; once unloaded it stands in m_unloaded with its index. */

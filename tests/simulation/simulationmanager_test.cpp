@@ -2,7 +2,7 @@
 
 #include "frame/moduleregistry.h"
 #include "frame/widgetmanager.h"
-#include "run/process.h"
+#include "runs/process.h"
 #include "scene/selectablemanager.h"
 #include "simulation/iitempanels.h"
 #include "tests/support/promptscript.h"

@@ -1,4 +1,4 @@
-#include "run/process.h"
+#include "runs/process.h"
 
 #include <QTemporaryDir>
 
