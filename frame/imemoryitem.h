@@ -5,10 +5,10 @@
 /** How the last load of a memory item ended. */
 enum LoadStatus_e : int {
     LoadOk = 0,
-    LoadNoMemory = 2,    ///< the allocation failed; the manager frees other items and tries again
-    LoadFailed = 3,      ///< failed for good; the item isn't tried again
-    LoadBadContent = 5,  ///< the file holds something else; as final as LoadFailed
-    LoadNever = 6        ///< never loaded, or to be loaded anew
+    LoadNoMemory = 2,   ///< the allocation failed; the manager frees other items and tries again
+    LoadFailed = 3,     ///< failed for good; the item isn't tried again
+    LoadBadContent = 5, ///< the file holds something else; as final as LoadFailed
+    LoadNever = 6       ///< never loaded, or to be loaded anew
 };
 
 /**
