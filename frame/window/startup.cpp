@@ -3,7 +3,9 @@
 #include "frame/applicationinfo.h"
 #include "frame/moduleregistry.h"
 #include "frame/preferences.h"
+#include "frame/task.h"
 #include "frame/ui/messageboxprompt.h"
+#include "frame/ui/progressdialog.h"
 #include "frame/window/commandline.h"
 #include "frame/window/mainwindow.h"
 
@@ -27,21 +29,28 @@ QSurfaceFormat DefaultSurfaceFormat()
     return format;
 }
 
-/** Messages reach the user while this lives; a command-line run has none. */
-class CPromptScope
+/** Messages and the progress of tasks reach the user while this lives; a command-line run has none. */
+class CUserScope
 {
 public:
-    CPromptScope() : m_pFormer(UserPrompt::Install(&m_prompt)) {}
-    ~CPromptScope() { UserPrompt::Install(m_pFormer); }
+    CUserScope()
+    {
+        UserPrompt::Install(&m_prompt);
+        CProgressDialog::Install();
+    }
+    ~CUserScope()
+    {
+        CTask::InstallDialogs({});
+        UserPrompt::Install(nullptr);
+    }
 
 private:
     CMessageBoxPrompt m_prompt;
-    IUserPrompt* m_pFormer;
 };
 
 int RunInteractive(const QString& sFileName)
 {
-    const CPromptScope prompts;
+    const CUserScope user;
     CMainWindow window;
     window.ShowAsStored();
     if (!sFileName.isEmpty())
