@@ -78,18 +78,23 @@ QVector<ISelectable*> CSelectableManager::GetSelectables(qint64 nViewId) const
 QVector<ISelectable*> CSelectableManager::GetSelected(qint64 nViewId, qint64 nSimulationId) const
 {
     QVector<ISelectable*> found = GetSelectables(nViewId, nSimulationId);
-    found.erase(std::remove_if(found.begin(), found.end(), [](auto* p) { return !p->isSelected(); }), found.end());
+    found.erase(std::remove_if(found.begin(), found.end(), [](auto* p) { return !p->isSelected(); }),
+                found.end());
     return found;
 }
 
 QVector<ISelectable*> CSelectableManager::GetHovered(qint64 nViewId) const
 {
     QVector<ISelectable*> found = GetSelectables(nViewId);
-    found.erase(std::remove_if(found.begin(), found.end(), [](auto* p) { return !p->isHover(); }), found.end());
+    found.erase(std::remove_if(found.begin(), found.end(), [](auto* p) { return !p->isHover(); }),
+                found.end());
     return found;
 }
 
-bool CSelectableManager::Exists(const ISelectable* pSelectable) const { return m_pairOf.contains(pSelectable); }
+bool CSelectableManager::Exists(const ISelectable* pSelectable) const
+{
+    return m_pairOf.contains(pSelectable);
+}
 
 void CSelectableManager::NotifySelectionChanged(qint64 nViewId, qint64 nSimulationId)
 {

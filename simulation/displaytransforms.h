@@ -24,7 +24,8 @@ struct SSectorSetting
     friend bool operator==(const SSectorSetting&, const SSectorSetting&) = default;
 };
 
-/** How many transforms BuildDisplayTransforms would give; as a double, since settings can ask for too many. */
+/** How many transforms BuildDisplayTransforms would give; as a double, since settings can ask for too many.
+ */
 double CountDisplayTransforms(const SMirrorSetting& mirror, const SSectorSetting& sectors);
 
 /**

@@ -74,7 +74,8 @@ public:
     virtual void ActivateSelection(qint64 nViewId) = 0;
     virtual void DeleteSelection(qint64 nViewId) = 0;
     virtual void DuplicateSelection(qint64 nViewId) = 0;
-    virtual void TransformSelection(const QVector<qint64>& ids, const STransform& transform, bool bCombine) = 0;
+    virtual void TransformSelection(const QVector<qint64>& ids, const STransform& transform,
+                                    bool bCombine) = 0;
     virtual bool CanActivateSelection(qint64 nViewId) const = 0;
     virtual bool CanDelete(qint64 nViewId) const = 0;
     virtual bool CanDuplicate(qint64 nViewId) const = 0;

@@ -155,10 +155,7 @@ void CItem::SetSize(const IVector3D& size)
 
 STransform CItem::GetTransform() const { return STransform(Get(*this, ItemKey::TRANSFORM)); }
 
-void CItem::SetTransform(const STransform& transform)
-{
-    Set(*this, ItemKey::TRANSFORM, transform.Matrix());
-}
+void CItem::SetTransform(const STransform& transform) { Set(*this, ItemKey::TRANSFORM, transform.Matrix()); }
 
 void CItem::SetTransformRecursive(const STransform& transform, bool bCombine)
 {

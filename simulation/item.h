@@ -133,7 +133,8 @@ public:
 
     // The tree (item_tree.cpp).
     qint64 GetParentId() const;
-    /** @param bUpdateParent  also takes the id out of the old parent's children and adds it to the new one's */
+    /** @param bUpdateParent  also takes the id out of the old parent's children and adds it to the new one's
+     */
     void SetParentId(qint64 nParentId, bool bUpdateParent);
     void RemoveFromParent();
     /** Ids in order, of one type (-1: all); bRecursive: this item first, then all below, depth first. */

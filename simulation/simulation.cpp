@@ -51,6 +51,7 @@ QString ISimulation::GetWorkingDirectory() const
     const QString sDirectory = Get(*this, SimulationKey::WORKING_DIRECTORY);
     if (!sDirectory.isEmpty() && QDir(sDirectory).exists())
         return sDirectory;
-    const QString sFileDirectory = GetFilePath().isEmpty() ? QString() : QFileInfo(GetFilePath()).absolutePath();
+    const QString sFileDirectory =
+        GetFilePath().isEmpty() ? QString() : QFileInfo(GetFilePath()).absolutePath();
     return !sFileDirectory.isEmpty() && QDir(sFileDirectory).exists() ? sFileDirectory : QString();
 }

@@ -25,7 +25,8 @@ void ISimulationItems::SetItemNames(const QVector<qint64>& ids, qint64 nIndex, c
         pItem->SetName(sName, nIndex);
 }
 
-void ISimulationItems::SetBoolOnItems(const QVector<qint64>& ids, const QString& sKey, bool bValue, bool bDefault)
+void ISimulationItems::SetBoolOnItems(const QVector<qint64>& ids, const QString& sKey, bool bValue,
+                                      bool bDefault)
 {
     for (CItem* const pItem : GetItemsFromSelection(ids))
         pItem->SetBool(sKey, bValue, bDefault);
@@ -45,8 +46,8 @@ void ISimulationItems::SetDoubleOnItems(const QVector<qint64>& ids, const QStrin
         pItem->SetDouble(sKey, dValue, dDefault);
 }
 
-void ISimulationItems::SetStringOnItems(const QVector<qint64>& ids, const QString& sKey, const QString& sValue,
-                                        const QString& sDefault)
+void ISimulationItems::SetStringOnItems(const QVector<qint64>& ids, const QString& sKey,
+                                        const QString& sValue, const QString& sDefault)
 {
     for (CItem* const pItem : GetItemsFromSelection(ids))
         pItem->SetString(sKey, sValue, sDefault);

@@ -11,5 +11,11 @@ void ISimulationIdentity::SetName(const QString& sName)
 }
 
 QString ISimulationIdentity::GetName() const { return Get(*this, SimulationKey::NAME); }
-void ISimulationIdentity::SetToolTip(const QString& sToolTip) { Set(*this, SimulationKey::TOOL_TIP, sToolTip); }
-QString ISimulationIdentity::GetToolTip() const { return GetString(SimulationKey::TOOL_TIP.sPath, GetName()); }
+void ISimulationIdentity::SetToolTip(const QString& sToolTip)
+{
+    Set(*this, SimulationKey::TOOL_TIP, sToolTip);
+}
+QString ISimulationIdentity::GetToolTip() const
+{
+    return GetString(SimulationKey::TOOL_TIP.sPath, GetName());
+}

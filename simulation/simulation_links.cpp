@@ -11,7 +11,8 @@ QVector<qint64> ISimulationItems::GetItemsByLinkKey(qint64 nType, const QByteArr
     return ids;
 }
 
-QVector<qint64> ISimulationItems::GetItemsBySimilarKey(qint64 nType, const QByteArray& key, bool bLinkedOnly) const
+QVector<qint64> ISimulationItems::GetItemsBySimilarKey(qint64 nType, const QByteArray& key,
+                                                       bool bLinkedOnly) const
 {
     QVector<qint64> ids;
     for (const CItem* const pItem : GetItems(nType))

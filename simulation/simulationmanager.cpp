@@ -12,7 +12,8 @@ namespace {
 /** The entry of a table whose nId (or other member) is the id; null if there is none. */
 template <class Table, class Member> auto* FindIn(Table& table, Member member, qint64 nId)
 {
-    const auto found = std::find_if(table.begin(), table.end(), [&](const auto& row) { return row.*member == nId; });
+    const auto found =
+        std::find_if(table.begin(), table.end(), [&](const auto& row) { return row.*member == nId; });
     return found == table.end() ? nullptr : &*found;
 }
 
@@ -63,7 +64,8 @@ void CSimulationManager::AddSimulation(ISimulation* pSimulation, qint64 nViewId)
     const qint64 nId = m_simulations.empty() ? 1 : m_simulations.back().nId + 1;
     pSimulation->SetId(nId);
     auto pProcess = std::make_unique<CProcess>(nId);
-    connect(pProcess.get(), &CProcess::SignalStateChanged, this, &CSimulationManager::SlotProcessStateChanged);
+    connect(pProcess.get(), &CProcess::SignalStateChanged, this,
+            &CSimulationManager::SlotProcessStateChanged);
     connect(pProcess.get(), &CProcess::SignalReadyReadStandardError, this,
             &CSimulationManager::SlotProcessReadyReadStandardError);
     connect(pProcess.get(), &CProcess::SignalReadyReadStandardOutput, this,

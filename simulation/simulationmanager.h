@@ -35,7 +35,8 @@ public:
     ~CSimulationManager() override;
 
     // Simulations and views (simulationmanager.cpp).
-    /** Takes the simulation over, gives it its id (the last one plus 1) and a process, shows it in the view. */
+    /** Takes the simulation over, gives it its id (the last one plus 1) and a process, shows it in the view.
+     */
     void AddSimulation(ISimulation* pSimulation, qint64 nViewId);
     /** @param nIndex  place among the simulations of the view; -1 for the end */
     void AddSimulationToView(qint64 nSimulationId, qint64 nViewId, qint64 nIndex = -1);

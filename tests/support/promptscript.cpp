@@ -25,7 +25,8 @@ int CPromptScript::Ask(const SPrompt& prompt)
     const QString sButton = m_buttons.front();
     m_buttons.pop_front();
     const int nButton = prompt.sButtonList.indexOf(sButton);
-    EXPECT_GE(nButton, 0) << "no button \"" << sButton.toStdString() << "\" at: " << prompt.sText.toStdString();
+    EXPECT_GE(nButton, 0) << "no button \"" << sButton.toStdString()
+                          << "\" at: " << prompt.sText.toStdString();
     return nButton < 0 ? prompt.nEscape : nButton;
 }
 

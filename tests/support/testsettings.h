@@ -4,7 +4,8 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
-/** While it lives, every QSettings of user scope lies in a fresh folder, so that no test touches the user's. */
+/** While it lives, every QSettings of user scope lies in a fresh folder, so that no test touches the user's.
+ */
 class CTestSettings
 {
 public:

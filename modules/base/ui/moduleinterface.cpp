@@ -46,7 +46,10 @@ qint64 CModuleInterface::Log2(qint64 nValue) const
     return std::has_single_bit(nBits) ? std::countr_zero(nBits) : -1;
 }
 
-void CModuleInterface::RefreshDocks(qint64 nViewId) const { CWidgetManager::Instance().RefreshDocks(nViewId); }
+void CModuleInterface::RefreshDocks(qint64 nViewId) const
+{
+    CWidgetManager::Instance().RefreshDocks(nViewId);
+}
 qint64 CModuleInterface::GetActiveViewId() const { return CWidgetManager::Instance().GetActiveViewId(); }
 
 QWidget* CModuleInterface::GetActiveWidget() const

@@ -58,7 +58,8 @@ public:
     virtual qint64 GetActiveViewId() const;
     /** The main window; null in a command-line run. */
     virtual QWidget* GetActiveWidget() const;
-    /** The simulation of the active view, or the last one of all if there is no such view; null without any. */
+    /** The simulation of the active view, or the last one of all if there is no such view; null without any.
+     */
     virtual ISimulation* GetActiveSimulation() const;
 
 protected:
