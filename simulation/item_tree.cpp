@@ -25,11 +25,18 @@ bool Remove(CDataPack& pack, const SKey<QVector<qint64>>& key, const QSet<qint64
     return true;
 }
 
+/** An id out of a damaged file that can't be shifted stays: it names no item anyway. */
+qint64 Shifted(qint64 nId, qint64 nDelta)
+{
+    qint64 nShifted = nId;
+    return __builtin_add_overflow(nId, nDelta, &nShifted) ? nId : nShifted;
+}
+
 void Shift(CDataPack& pack, const SKey<QVector<qint64>>& key, qint64 nDelta)
 {
     QVector<qint64> ids = Get(pack, key);
     for (qint64& nId : ids)
-        nId += nDelta;
+        nId = Shifted(nId, nDelta);
     Set(pack, key, ids);
 }
 
@@ -141,9 +148,9 @@ void CItem::ForgetItems(const QSet<qint64>& ids)
 
 void CItem::ShiftIds(qint64 nDelta)
 {
-    m_nId += nDelta;
+    m_nId = Shifted(m_nId, nDelta);
     if (GetParentId() != -1)
-        Set(*this, ItemKey::PARENT_ID, GetParentId() + nDelta);
+        Set(*this, ItemKey::PARENT_ID, Shifted(GetParentId(), nDelta));
     Shift(*this, ItemKey::CHILD_IDS, nDelta);
     Shift(*this, ItemKey::DEPENDED_IDS, nDelta);
 }

@@ -55,9 +55,9 @@ bool ISimulationItems::ReadItem(CByteReader& reader, qint64 nIndex, double dVers
     for (qint64* const pValue : {&nId, &nSubId, &nType, &nKind})
         reader.Read(*pValue);
     QByteArray blob;
-    if (!reader.Read(blob))
+    if (!reader.Read(blob) || __builtin_add_overflow(nId, m_nIdOffset, &nId))
         return false;
-    const ItemAddress address(nId + m_nIdOffset, nSubId);
+    const ItemAddress address(nId, nSubId);
     read.insert(address);
     CItem* const pItem = ItemForStream(nType, nKind, nIndex, address);
     if (!pItem)
