@@ -394,6 +394,16 @@ TEST_F(MemoryManager, AcquireWaitsForAnUnloadThatHasBegun)
     EXPECT_EQ(m_manager.GetTotalBytes(), 50);
 }
 
+TEST_F(MemoryManager, AnItemAcquiredWhileOthersAreUnloadedBeforeItIsSpared)
+{
+    CTestItem& first = AddLoaded(50);
+    CTestItem& second = AddLoaded(50);
+    CMemoryPin pin;
+    first.m_fnInUnload = [&] { std::thread([&] { pin = CMemoryPin(second.GetMemoryId()); }).join(); };
+    m_manager.FreeBytes(100, true);
+    EXPECT_EQ(second.GetBytesInUse(), 50);
+}
+
 TEST_F(MemoryManager, UnregisterWaitsForALoadInAnotherThread)
 {
     CTestItem& item = Add(50);
