@@ -99,7 +99,8 @@ bool CItem::MatchesIdentity(const QByteArray& identity, qint64 nIdOffset) const
     QByteArray linkKey;
     reader.Read(nId);
     reader.Read(nType);
-    return reader.Read(linkKey) && !__builtin_add_overflow(nId, nIdOffset, &nId) && nId == m_nId && nType == m_nType && linkKey == GetLinkKey();
+    return reader.Read(linkKey) && !__builtin_add_overflow(nId, nIdOffset, &nId) && nId == m_nId &&
+           nType == m_nType && linkKey == GetLinkKey();
 }
 
 void CItem::CopyDataFrom(const CItem& other)

@@ -3,9 +3,12 @@
 #include "simulation/isimulationitems.h"
 #include "simulation/item.h"
 
+#include <limits>
+
 namespace {
 constexpr qint64 LEAST_ITEM_SIZE = 4 * 8 + 4; // four numbers and the length of the item's bytes
-}
+constexpr qint64 LAST_ID = std::numeric_limits<qint64>::max(); // none could follow it
+} // namespace
 
 QByteArray ISimulationItems::ToBytes() const
 {
@@ -55,7 +58,7 @@ bool ISimulationItems::ReadItem(CByteReader& reader, qint64 nIndex, double dVers
     for (qint64* const pValue : {&nId, &nSubId, &nType, &nKind})
         reader.Read(*pValue);
     QByteArray blob;
-    if (!reader.Read(blob) || __builtin_add_overflow(nId, m_nIdOffset, &nId))
+    if (!reader.Read(blob) || __builtin_add_overflow(nId, m_nIdOffset, &nId) || nId == LAST_ID)
         return false;
     const ItemAddress address(nId, nSubId);
     read.insert(address);

@@ -73,8 +73,13 @@ void PressAbort(CProgressDialog& dialog)
 void PressEscape(CProgressDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }
 void CloseFrame(CProgressDialog& dialog) { dialog.close(); }
 
-using UserAction = void (*)(CProgressDialog&);
-class ProgressDialogCancel : public ProgressDialog, public testing::WithParamInterface<UserAction>
+struct SCancelCase
+{
+    const char* sName;
+    void (*fnAct)(CProgressDialog&);
+    friend void PrintTo(const SCancelCase& given, std::ostream* pOut) { *pOut << given.sName; }
+};
+class ProgressDialogCancel : public ProgressDialog, public testing::WithParamInterface<SCancelCase>
 {};
 
 } // namespace
@@ -82,7 +87,7 @@ class ProgressDialogCancel : public ProgressDialog, public testing::WithParamInt
 TEST_P(ProgressDialogCancel, TheDialogStaysUntilTheWorkHasNoticed)
 {
     Start([this](CProgressDialog& dialog) {
-        GetParam()(dialog);
+        GetParam().fnAct(dialog);
         EXPECT_TRUE(m_pTask->IsAborted());
         QTest::qWait(20);
         EXPECT_TRUE(dialog.isVisible());
@@ -91,7 +96,9 @@ TEST_P(ProgressDialogCancel, TheDialogStaysUntilTheWorkHasNoticed)
     EXPECT_EQ(m_creator.statuses, std::vector{TaskAborted});
 }
 
-INSTANTIATE_TEST_SUITE_P(Actions, ProgressDialogCancel, testing::Values(PressAbort, PressEscape, CloseFrame));
+INSTANTIATE_TEST_SUITE_P(Actions, ProgressDialogCancel,
+                         testing::Values(SCancelCase{"Abort", PressAbort}, SCancelCase{"Escape", PressEscape},
+                                         SCancelCase{"close button", CloseFrame}));
 
 TEST_F(ProgressDialog, ShowsABusyBarUntilTheTaskTellsHowFarItIs)
 {

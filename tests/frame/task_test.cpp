@@ -99,6 +99,10 @@ struct SRunCase
     Wait_e eWait;
     CTestTask::WorkFunction fnWork;
     TaskStatus_e eExpected;
+    friend void PrintTo(const SRunCase& given, std::ostream* pOut)
+    {
+        *pOut << "wait " << given.eWait << ", status " << given.eExpected;
+    }
 };
 class TaskRun : public Task, public testing::WithParamInterface<SRunCase>
 {};
