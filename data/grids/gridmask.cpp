@@ -1,0 +1,72 @@
+#include "data/grids/gridmask.h"
+
+bool CGridMask::Prepare()
+{
+    if (m_pInner || !m_bMayCreate)
+        return m_pInner != nullptr;
+    m_pInner = m_factory(*this);
+    m_bMayCreate = m_pInner != nullptr;
+    if (!m_pInner)
+        return false;
+    const SBlockShape shape = CGrid::GetShape();
+    m_pInner->Init(CGrid::GetFileName(), CGrid::GetFileIndex(), shape.dimensions, shape.start, m_bStructured);
+    m_pInner->SetGridId(GetGridId());
+    return true;
+}
+
+void CGridMask::SetGridId(qint64 nId)
+{
+    CGrid::SetGridId(nId);
+    if (m_pInner)
+        m_pInner->SetGridId(nId);
+}
+
+void CGridMask::Init(const QString& sFileName, qint64 nFileIndex, const IVector3D& dimensions,
+                     const IVector3D& start, bool bStructured)
+{
+    CGrid::Init(sFileName, nFileIndex, dimensions, start, bStructured);
+    m_bStructured = bStructured;
+}
+
+const float* CGridMask::GetCoordinatesSingle(int nAxis)
+{
+    return m_pInner ? m_pInner->GetCoordinatesSingle(nAxis) : nullptr;
+}
+
+const double* CGridMask::GetCoordinatesDouble(int nAxis)
+{
+    return m_pInner ? m_pInner->GetCoordinatesDouble(nAxis) : nullptr;
+}
+
+void CGridMask::ReleaseCoordinateCopies()
+{
+    if (m_pInner)
+        m_pInner->ReleaseCoordinateCopies();
+}
+
+SValueRange CGridMask::GetRange(int nAxis, bool bCompute)
+{
+    return m_pInner ? m_pInner->GetRange(nAxis, bCompute) : SValueRange();
+}
+
+void CGridMask::SetRange(int nAxis, const SValueRange& range)
+{
+    if (m_pInner)
+        m_pInner->SetRange(nAxis, range);
+}
+
+IVector3D CGridMask::GetMinimumLocation(int nAxis)
+{
+    return m_pInner ? m_pInner->GetMinimumLocation(nAxis) : IVector3D();
+}
+
+IVector3D CGridMask::GetMaximumLocation(int nAxis)
+{
+    return m_pInner ? m_pInner->GetMaximumLocation(nAxis) : IVector3D();
+}
+
+void CGridMask::ComputeRanges()
+{
+    if (m_pInner)
+        m_pInner->ComputeRanges();
+}

@@ -1,0 +1,116 @@
+#include "data/grids/gridpack.h"
+
+#include <limits>
+
+CGridPack::CGridPack(const QVector<IGrid*>& members)
+{
+    constexpr qint64 HIGH = std::numeric_limits<qint32>::max();
+    SIJKRange range{{HIGH, HIGH, HIGH}, {0, 0, 0}};
+    bool bDouble = false;
+    for (IGrid* const pMember : members) {
+        for (int nAxis = 0; nAxis < 3; ++nAxis) {
+            range.min[nAxis] = std::min(range.min[nAxis], pMember->GetStart()[nAxis]);
+            range.max[nAxis] = std::max(range.max[nAxis], pMember->GetEnd()[nAxis]);
+        }
+        bDouble = bDouble || pMember->IsDoublePrecision();
+        m_members.emplace_back(pMember);
+    }
+    SetShape({range.max - range.min + IVector3D{1, 1, 1}, range.min});
+    SetDoublePrecision(bDouble);
+}
+
+bool CGridPack::Prepare()
+{
+    bool bAll = true;
+    for (const auto& pMember : m_members)
+        bAll = pMember->Prepare() && bAll;
+    return bAll;
+}
+
+bool CGridPack::IsPrepared() const
+{
+    return std::all_of(m_members.begin(), m_members.end(), [](const auto& p) { return p->IsPrepared(); });
+}
+
+GridKind_e CGridPack::GetGridKind() const
+{
+    return m_members.empty() ? GridKindUnknown : m_members.front()->GetGridKind();
+}
+
+const QStringList& CGridPack::GetBoundaryNames() const
+{
+    return m_members.empty() ? CGrid::GetBoundaryNames() : m_members.front()->GetBoundaryNames();
+}
+
+const QVector<QVector<qint64>>& CGridPack::GetBoundaryPoints() const
+{
+    return m_members.empty() ? CGrid::GetBoundaryPoints() : m_members.front()->GetBoundaryPoints();
+}
+
+QVector<IGrid*> CGridPack::GetLeafGrids()
+{
+    QVector<IGrid*> leaves;
+    for (const auto& pMember : m_members)
+        for (IGrid* const pLeaf : pMember->GetLeafGrids())
+            if (!leaves.contains(pLeaf))
+                leaves.append(pLeaf);
+    return leaves;
+}
+
+IGrid* CGridPack::FindMember(const IVector3D& ijk) const
+{
+    for (const auto& pMember : m_members)
+        if (pMember->HasPoint(ijk))
+            return pMember.get();
+    return nullptr;
+}
+
+DVector3D CGridPack::GetPoint(const IVector3D& ijk) const
+{
+    const IGrid* const pMember = FindMember(ijk);
+    return pMember ? pMember->GetPoint(ijk) : DVector3D();
+}
+
+void CGridPack::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
+{
+    for (int nAxis = 0; nAxis < 3; ++nAxis)
+        std::fill_n(out.Axis(nAxis).begin(), range.Count(), 0.0);
+    // From the last to the first, so that the first has the last word where they overlap.
+    for (auto it = m_members.rbegin(); it != m_members.rend(); ++it)
+        FillFrom(**it, range, out);
+}
+
+void CGridPack::FillFrom(const IGrid& member, const SIJKRange& range, const SPointBuffers& out) const
+{
+    const SIJKRange part = Intersection(range, member.GetShape().Range());
+    if (part.IsEmpty())
+        return;
+    const qint64 nRow = part.Extent().i;
+    std::vector<double> scratch(3 * nRow);
+    const std::span<double> all(scratch);
+    const SPointBuffers row{all.subspan(0, nRow), all.subspan(nRow, nRow), all.subspan(2 * nRow, nRow)};
+    for (qint64 k = part.min.k; k <= part.max.k; ++k) {
+        for (qint64 j = part.min.j; j <= part.max.j; ++j) {
+            member.FillPoints({{part.min.i, j, k}, {part.max.i, j, k}}, row);
+            const qint64 nPlace = range.IndexOf({part.min.i, j, k});
+            for (int nAxis = 0; nAxis < 3; ++nAxis)
+                std::copy_n(row.Axis(nAxis).begin(), nRow, out.Axis(nAxis).begin() + nPlace);
+        }
+    }
+}
+
+const float* CGridPack::GetCoordinatesSingle(int nAxis)
+{
+    return m_members.empty() ? nullptr : m_members.front()->GetCoordinatesSingle(nAxis);
+}
+
+const double* CGridPack::GetCoordinatesDouble(int nAxis)
+{
+    return m_members.empty() ? nullptr : m_members.front()->GetCoordinatesDouble(nAxis);
+}
+
+void CGridPack::ReleaseCoordinateCopies()
+{
+    for (const auto& pMember : m_members)
+        pMember->ReleaseCoordinateCopies();
+}

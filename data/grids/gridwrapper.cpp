@@ -1,0 +1,99 @@
+#include "data/grids/gridwrapper.h"
+
+namespace {
+const QStringList NO_NAMES;
+const QVector<QVector<qint64>> NO_POINTS;
+} // namespace
+
+void CGridWrapper::Dispose()
+{
+    if (Inner())
+        Inner()->Dispose();
+    else
+        CGrid::Dispose();
+}
+
+bool CGridWrapper::Prepare() { return Inner() && Inner()->Prepare(); }
+bool CGridWrapper::IsPrepared() const { return Inner() && Inner()->IsPrepared(); }
+IGrid* CGridWrapper::GetBaseGrid() { return Inner() ? Inner()->GetBaseGrid() : this; }
+GridKind_e CGridWrapper::GetGridKind() const { return Inner() ? Inner()->GetGridKind() : GridKindUnknown; }
+QString CGridWrapper::GetFileName() const { return Inner() ? Inner()->GetFileName() : CGrid::GetFileName(); }
+qint64 CGridWrapper::GetFileIndex() const
+{
+    return Inner() ? Inner()->GetFileIndex() : CGrid::GetFileIndex();
+}
+bool CGridWrapper::IsDoublePrecision() const { return Inner() && Inner()->IsDoublePrecision(); }
+SBlockShape CGridWrapper::GetShape() const { return Inner() ? Inner()->GetShape() : CGrid::GetShape(); }
+
+void CGridWrapper::SetDimensions(const IVector3D& dimensions)
+{
+    CGrid::SetDimensions(dimensions);
+    if (Inner())
+        Inner()->SetDimensions(dimensions);
+}
+
+void CGridWrapper::SetStart(const IVector3D& start)
+{
+    CGrid::SetStart(start);
+    if (Inner())
+        Inner()->SetStart(start);
+}
+
+bool CGridWrapper::IsPlanar() const { return Inner() && Inner()->IsPlanar(); }
+qint64 CGridWrapper::GetPointCount() const
+{
+    return Inner() ? Inner()->GetPointCount() : CGrid::GetPointCount();
+}
+qint64 CGridWrapper::GetEdgeCount() const
+{
+    return Inner() ? Inner()->GetEdgeCount() : CGrid::GetEdgeCount();
+}
+qint64 CGridWrapper::GetFaceCount() const
+{
+    return Inner() ? Inner()->GetFaceCount() : CGrid::GetFaceCount();
+}
+qint64 CGridWrapper::GetCellCount() const
+{
+    return Inner() ? Inner()->GetCellCount() : CGrid::GetCellCount();
+}
+bool CGridWrapper::HasPoint(const IVector3D& ijk) const { return Inner() && Inner()->HasPoint(ijk); }
+
+const QStringList& CGridWrapper::GetBoundaryNames() const
+{
+    return Inner() ? Inner()->GetBoundaryNames() : NO_NAMES;
+}
+
+const QVector<QVector<qint64>>& CGridWrapper::GetBoundaryPoints() const
+{
+    return Inner() ? Inner()->GetBoundaryPoints() : NO_POINTS;
+}
+
+QVector<IGrid*> CGridWrapper::GetLeafGrids() { return Inner() ? Inner()->GetLeafGrids() : QVector<IGrid*>(); }
+
+DVector3D CGridWrapper::GetPoint(const IVector3D& ijk) const
+{
+    return Inner() ? Inner()->GetPoint(ijk) : DVector3D();
+}
+
+DVector3D CGridWrapper::GetPoint(qint64 nIndex) const
+{
+    return Inner() ? Inner()->GetPoint(nIndex) : DVector3D();
+}
+
+void CGridWrapper::SetPoint(qint64 nIndex, const DVector3D& point)
+{
+    if (Inner())
+        Inner()->SetPoint(nIndex, point);
+}
+
+void CGridWrapper::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
+{
+    if (Inner()) {
+        Inner()->FillPoints(range, out);
+        return;
+    }
+    for (int nAxis = 0; nAxis < 3; ++nAxis)
+        std::fill_n(out.Axis(nAxis).begin(), range.Count(), 0.0);
+}
+
+bool CGridWrapper::IsRightHanded() const { return Inner() && CGrid::IsRightHanded(); }

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "data/grids/grid.h"
+
+/**
+ * A grid that shows another one: everything is the inner grid's, unless a derived class changes it. Without
+ * an inner grid all answers are zero, empty or false.
+ */
+class CGridWrapper : public CGrid
+{
+public:
+    void Dispose() override;
+    bool Prepare() override;
+    bool IsPrepared() const override;
+    IGrid* GetBaseGrid() override;
+    GridKind_e GetGridKind() const override;
+    QString GetFileName() const override;
+    qint64 GetFileIndex() const override;
+    bool IsDoublePrecision() const override;
+    SBlockShape GetShape() const override;
+    void SetDimensions(const IVector3D& dimensions) override;
+    void SetStart(const IVector3D& start) override;
+    bool IsPlanar() const override;
+    qint64 GetPointCount() const override;
+    qint64 GetEdgeCount() const override;
+    qint64 GetFaceCount() const override;
+    qint64 GetCellCount() const override;
+    bool HasPoint(const IVector3D& ijk) const override;
+    const QStringList& GetBoundaryNames() const override;
+    const QVector<QVector<qint64>>& GetBoundaryPoints() const override;
+    QVector<IGrid*> GetLeafGrids() override;
+
+    using IGrid::GetPoint;
+    DVector3D GetPoint(const IVector3D& ijk) const override;
+    DVector3D GetPoint(qint64 nIndex) const override;
+    void SetPoint(qint64 nIndex, const DVector3D& point) override;
+    void FillPoints(const SIJKRange& range, const SPointBuffers& out) const override;
+    bool IsRightHanded() const override;
+
+protected:
+    virtual IGrid* Inner() const = 0;
+};
