@@ -2,6 +2,8 @@
 
 #include "data/blockshape.h"
 #include "data/idisposable.h"
+#include "data/pointbuffers.h"
+#include "data/valuerange.h"
 #include "frame/memoryitem.h"
 #include "frame/transform.h"
 
@@ -11,39 +13,8 @@
 #include <QVector>
 
 #include <array>
-#include <limits>
-#include <span>
-#include <vector>
 
 class CSearchTree;
-
-/** Minimum and maximum of a quantity; empty (not computed) while the maximum lies below the minimum. */
-struct SValueRange
-{
-    double dMin = std::numeric_limits<double>::max();
-    double dMax = -std::numeric_limits<double>::max();
-
-    bool IsEmpty() const { return dMax < dMin; }
-    void Add(double dValue)
-    {
-        dMin = std::min(dMin, dValue);
-        dMax = std::max(dMax, dValue);
-    }
-    void Add(const SValueRange& other)
-    {
-        dMin = std::min(dMin, other.dMin);
-        dMax = std::max(dMax, other.dMax);
-    }
-    friend bool operator==(const SValueRange&, const SValueRange&) = default;
-};
-
-/** Buffers for the coordinates of a range, each with room for all of its points, i fastest. */
-struct SPointBuffers
-{
-    std::span<double> x, y, z;
-
-    std::span<double> Axis(int nAxis) const { return nAxis == 0 ? x : nAxis == 1 ? y : z; }
-};
 
 /** What IGrid::GetGridKind gives; "#GridType" holds the same values. */
 enum GridKind_e { GridKindUnknown = 0, GridKindStructured = 1, GridKindUnstructured = 2 };

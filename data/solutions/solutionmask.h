@@ -1,0 +1,54 @@
+#pragma once
+
+#include "data/solutions/solution.h"
+
+#include <functional>
+#include <memory>
+
+/**
+ * A variable of a file before anybody has needed it: the object with the values is made at the first Prepare,
+ * since only the file tells of what class it has to be. Without one, values are zero and answers empty.
+ */
+class CSolutionMask : public CSolution
+{
+public:
+    /** Makes the solution that the mask's file asks for; null if the file can't be identified. */
+    using Factory = std::function<std::unique_ptr<CSolution>(const CSolutionMask& mask)>;
+    explicit CSolutionMask(Factory factory) : m_factory(std::move(factory)) {}
+
+    /** The file's data are integers in places of the size of reals. Set ahead of Prepare. */
+    void SetIntegerData(bool bInteger) { m_bIntegerData = bInteger; }
+    bool IsIntegerData() const { return m_bIntegerData; }
+
+    bool Prepare() override;
+    bool IsPrepared() const override { return m_pInner || !m_bMayCreate; }
+    void Dispose() override;
+    ISolution* GetBaseSolution() override;
+    void SetSolutionId(qint64 nId) override;
+    bool IsDoublePrecision() const override { return m_pInner && m_pInner->IsDoublePrecision(); }
+    SBlockShape GetShape() const override { return m_pInner ? m_pInner->GetShape() : CSolution::GetShape(); }
+    void SetDimensions(const IVector3D& dimensions) override;
+    bool HasValue(const IVector3D& ijk) const override { return m_pInner && m_pInner->HasValue(ijk); }
+    QVector<IStructredSolution*> GetLeafSolutions() override;
+
+    using IStructredSolution::GetValue;
+    double GetValue(const IVector3D& ijk) const override { return m_pInner ? m_pInner->GetValue(ijk) : 0.0; }
+    double GetValue(qint64 nIndex) const override { return m_pInner ? m_pInner->GetValue(nIndex) : 0.0; }
+    qint64 GetIntegerValue(const IVector3D& ijk) const override;
+    void FillValues(const SIJKRange& range, std::span<double> out) const override;
+    void StoreIntegers(const qint32* pValues, qint64 nCount) override;
+    const float* GetValuesSingle() override { return m_pInner ? m_pInner->GetValuesSingle() : nullptr; }
+    const double* GetValuesDouble() override { return m_pInner ? m_pInner->GetValuesDouble() : nullptr; }
+    void ReleaseValueCopies() override;
+    SValueRange GetRange(int nComponent, bool bCompute) override;
+    void SetRange(int nComponent, const SValueRange& range) override;
+    IVector3D GetMinimumLocation(int nComponent) override;
+    IVector3D GetMaximumLocation(int nComponent) override;
+    void ComputeRanges() override;
+
+private:
+    Factory m_factory;
+    std::unique_ptr<CSolution> m_pInner;
+    bool m_bIntegerData = false;
+    bool m_bMayCreate = true;
+};

@@ -1,0 +1,127 @@
+#include "data/solutions/solutionpack.h"
+
+namespace {
+
+/** Calls fill(row) for each row of i that a member shares with a range, with the row's place in the range. */
+template <class Fill>
+void ForEachSharedRow(const IStructredSolution& member, const SIJKRange& range, const Fill& fill)
+{
+    const SIJKRange part = Intersection(range, member.GetShape().Range());
+    if (part.IsEmpty())
+        return;
+    for (qint64 k = part.min.k; k <= part.max.k; ++k)
+        for (qint64 j = part.min.j; j <= part.max.j; ++j)
+            fill(SIJKRange{{part.min.i, j, k}, {part.max.i, j, k}}, range.IndexOf({part.min.i, j, k}));
+}
+
+} // namespace
+
+CSolutionPack::CSolutionPack(const QVector<IStructredSolution*>& members)
+{
+    constexpr qint64 HIGH = std::numeric_limits<qint32>::max();
+    SIJKRange range{{HIGH, HIGH, HIGH}, {0, 0, 0}};
+    bool bDouble = false;
+    for (IStructredSolution* const pMember : members) {
+        for (int nAxis = 0; nAxis < 3; ++nAxis) {
+            range.min[nAxis] = std::min(range.min[nAxis], pMember->GetIJKMin()[nAxis]);
+            range.max[nAxis] = std::max(range.max[nAxis], pMember->GetIJKMax()[nAxis]);
+        }
+        bDouble = bDouble || pMember->IsDoublePrecision();
+        m_members.emplace_back(pMember);
+    }
+    SetShape({range.max - range.min + IVector3D{1, 1, 1}, range.min});
+    SetDoublePrecision(bDouble);
+}
+
+bool CSolutionPack::Prepare()
+{
+    bool bAll = true;
+    for (const auto& pMember : m_members)
+        bAll = pMember->Prepare() && bAll;
+    return bAll;
+}
+
+bool CSolutionPack::IsPrepared() const
+{
+    return std::all_of(m_members.begin(), m_members.end(), [](const auto& p) { return p->IsPrepared(); });
+}
+
+ISolution* CSolutionPack::GetBaseSolution()
+{
+    return m_members.empty() ? this : m_members.front()->GetBaseSolution();
+}
+
+QVector<IStructredSolution*> CSolutionPack::GetLeafSolutions()
+{
+    QVector<IStructredSolution*> leaves;
+    for (const auto& pMember : m_members)
+        for (IStructredSolution* const pLeaf : pMember->GetLeafSolutions())
+            if (!leaves.contains(pLeaf))
+                leaves.append(pLeaf);
+    return leaves;
+}
+
+const IStructredSolution* CSolutionPack::FindMember(const IVector3D& ijk) const
+{
+    for (const auto& pMember : m_members)
+        if (pMember->HasValue(ijk))
+            return pMember.get();
+    return nullptr;
+}
+
+double CSolutionPack::GetValue(const IVector3D& ijk) const
+{
+    const IVector3D inside = GetShape().Clamped(ijk);
+    const IStructredSolution* const pMember = FindMember(inside);
+    return pMember ? pMember->GetValue(inside) : 0.0;
+}
+
+DVector3D CSolutionPack::GetVector(const IVector3D& ijk) const
+{
+    const IVector3D inside = GetShape().Clamped(ijk);
+    const IStructredSolution* const pMember = FindMember(inside);
+    return pMember ? pMember->GetVector(inside) : DVector3D();
+}
+
+// From the last member to the first, so that the first has the last word where they overlap.
+void CSolutionPack::FillValues(const SIJKRange& range, std::span<double> out) const
+{
+    std::fill_n(out.begin(), range.Count(), 0.0);
+    for (auto it = m_members.rbegin(); it != m_members.rend(); ++it) {
+        ForEachSharedRow(**it, range, [&](const SIJKRange& row, qint64 nPlace) {
+            (*it)->FillValues(row, out.subspan(nPlace, row.Count()));
+        });
+    }
+}
+
+void CSolutionPack::FillVectors(const SIJKRange& range, const SPointBuffers& out) const
+{
+    for (int n = 0; n < 3; ++n)
+        std::fill_n(out.Axis(n).begin(), range.Count(), 0.0);
+    for (auto it = m_members.rbegin(); it != m_members.rend(); ++it) {
+        ForEachSharedRow(**it, range, [&](const SIJKRange& row, qint64 nPlace) {
+            const qint64 nCount = row.Count();
+            (*it)->FillVectors(row, {out.x.subspan(nPlace, nCount), out.y.subspan(nPlace, nCount),
+                                     out.z.subspan(nPlace, nCount)});
+        });
+    }
+}
+
+void CSolutionPack::ComputeRanges()
+{
+    for (int nComponent = 0; nComponent < 3; ++nComponent) {
+        SValueRange range;
+        IVector3D minAt, maxAt;
+        for (const auto& pMember : m_members) {
+            const SValueRange part = pMember->GetRange(nComponent, true);
+            if (part.IsEmpty())
+                continue;
+            if (part.dMin < range.dMin)
+                minAt = pMember->GetMinimumLocation(nComponent);
+            if (part.dMax > range.dMax)
+                maxAt = pMember->GetMaximumLocation(nComponent);
+            range.Add(part);
+        }
+        SetExtreme(nComponent, range, minAt, maxAt);
+    }
+}

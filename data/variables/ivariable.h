@@ -1,0 +1,135 @@
+#pragma once
+
+#include "data/valuerange.h"
+#include "frame/vector3d.h"
+
+#include <QByteArray>
+#include <QMap>
+#include <QString>
+#include <QVector>
+
+enum VariableLocation_e : qint32 { LocationNone = 0, LocationNode = 1, LocationCell = 2 };
+enum VariableKind_e : qint32 { KindScalar = 0, KindVector = 1 };
+
+/** What a computed variable reads: a variable at a time; STEADY_TIME: at the time that is asked for. */
+struct SVariableInput
+{
+    qint64 nId = -1;
+    double dTime = -1.0;
+
+    friend bool operator==(const SVariableInput&, const SVariableInput&) = default;
+};
+
+/**
+ * A named quantity: what it is and how it is computed. It holds no numbers: those of one block at one time
+ * are an ISolution, which CSolutionManager makes. This class by itself is the file variable, whose values
+ * stand in files; derived ones are computed of inputs. CVariableManager owns all.
+ *
+ * The list of variables belongs to the main thread; evaluation may run on any (the Into forms and the runs
+ * keep no state).
+ */
+class IVariable
+{
+public:
+    /** @param bAddToManager  hands the variable to CVariableManager, which gives it an id */
+    IVariable(qint64 nSimulationId, bool bAddToManager);
+    virtual ~IVariable();
+    IVariable(const IVariable&) = delete;
+    IVariable& operator=(const IVariable&) = delete;
+
+    /**
+     * The key: the variable's identity across sessions, without ids and file paths. A display state stores
+     * it and finds the same variable with MatchesBytes.
+     */
+    virtual QByteArray ToBytes() const;
+    virtual bool MatchesBytes(const QByteArray& bytes) const { return bytes == ToBytes(); }
+
+    qint64 GetId() const { return m_nId; }
+    void SetId(qint64 nId) { m_nId = nId; }
+    qint64 GetSimulationId() const { return m_nSimulationId; }
+    void SetSimulationId(qint64 nId) { m_nSimulationId = nId; }
+    QString GetName() const { return m_sName; }
+    void SetName(const QString& sName) { m_sName = sName; }
+    bool IsListed() const { return m_bListed; } ///< the variable dialog shows it
+    void SetListed(bool bListed) { m_bListed = bListed; }
+    bool IsUserVariable() const { return m_bUserVariable; } ///< false: built-in, shown read-only
+    void SetUserVariable(bool bUser) { m_bUserVariable = bUser; }
+    bool IsGridVariable() const { return m_bGridVariable; } ///< a coordinate of the grid
+    void SetGridVariable(bool bGrid) { m_bGridVariable = bGrid; }
+    qint32 GetTag() const { return m_nTag; } ///< part of the key only
+    VariableKind_e GetKind() const { return m_eKind; }
+    VariableLocation_e GetLocation() const { return m_eLocation; }
+    void SetLocation(VariableLocation_e eLocation) { m_eLocation = eLocation; }
+    bool IsValid() const { return m_bValid; } ///< false: it can't be evaluated
+    bool IsFileVariable() const { return m_bFileVariable; }
+    void SetFileVariable(bool bFile) { m_bFileVariable = bFile; }
+    bool IsConstant() const; ///< depends on no file
+    virtual bool IsExpression() const { return false; }
+    virtual bool IsGradientScalar() const { return false; }
+    bool IsHoleVariable() const { return m_bHole; } ///< 0.0 marks a blanked point
+    void SetHoleVariable(bool bHole) { m_bHole = bHole; }
+    QString GetComment() const { return m_sComment; }
+    void SetComment(const QString& sComment) { m_sComment = sComment; }
+    bool HasComment() const { return !m_sComment.isEmpty(); }
+
+    /** Tells whoever shows the variable, and its dependants, to build anew. */
+    void OnVariableChanged();
+    /** Tells whoever shows the variable to let go of it. */
+    void OnVariableRemoved();
+    /** True if an input is of a fixed time, here or further down. */
+    bool IsTimeDependent() const;
+    const QVector<SVariableInput>& GetInputs() const { return m_inputs; }
+    /** Ids of the inputs, each once; with bRecursive those of their inputs too. */
+    QVector<qint64> GetAllInputs(bool bRecursive) const;
+    /** The owner, then the owners of all inputs, each once. */
+    QVector<qint64> GetSimulations() const;
+    virtual void ReplaceInput(qint64 nOldId, qint64 nNewId);
+    virtual void RemoveInput(qint64) {}
+    /** Ids of all variables that read this one. */
+    QVector<qint64> GetDependants(bool bRecursive) const;
+    bool DependsOn(qint64 nId) const { return GetAllInputs(true).contains(nId); }
+
+    /**
+     * Over the live points of the simulation's blocks (nItemId -1: all) at the time that the view shows.
+     * Cached until InvalidateRange. Empty without data.
+     */
+    SValueRange GetGlobalRange(qint64 nViewId, qint64 nSimulationId, qint64 nItemId);
+    void InvalidateRange(); ///< of this variable and of all that read it
+
+    /** Formulas only (CExpressionVariable). */
+    virtual bool SetExpression(const QString&, bool, bool) { return false; }
+    virtual QString GetExpressionText(bool, bool) const { return {}; }
+
+    /**
+     * The value at one point. pInputs holds one value an input, or three with bVectors; components that a
+     * formula doesn't tell apart are equal. A file variable gives 0: it is never evaluated.
+     */
+    virtual double EvaluateScalar(const double* pInputs, qint64 nCount, bool bVectors) const;
+    virtual double EvaluateScalarConstant() const { return 0.0; }
+    virtual DVector3D EvaluateVector(const double* pInputs, qint64 nCount, bool bVectors) const;
+    virtual DVector3D EvaluateVectorConstant() const { return {}; }
+
+protected:
+    void SetKind(VariableKind_e eKind) { m_eKind = eKind; }
+    void SetValid(bool bValid) { m_bValid = bValid; }
+    void SetInputs(const QVector<SVariableInput>& inputs) { m_inputs = inputs; }
+
+private:
+    void CollectInputs(bool bRecursive, QVector<qint64>& ids) const;
+
+    qint64 m_nId = -1;
+    qint64 m_nSimulationId;
+    QString m_sName = "NONAME";
+    bool m_bListed = true;
+    bool m_bUserVariable = true;
+    bool m_bGridVariable = false;
+    qint32 m_nTag = 0;
+    VariableKind_e m_eKind = KindScalar;
+    VariableLocation_e m_eLocation = LocationNode;
+    bool m_bValid = true;
+    bool m_bFileVariable = true;
+    bool m_bHole = false;
+    QString m_sComment;
+    QVector<SVariableInput> m_inputs;
+    QMap<QString, SValueRange> m_ranges; // by simulation, time and item
+};

@@ -1,0 +1,60 @@
+#include "data/variables/vectorvariable.h"
+
+#include "data/variables/variablemanager.h"
+#include "frame/novalue.h"
+
+CVectorVariable::CVectorVariable(qint64 nSimulationId, const std::array<qint64, 3>& ids, bool bAddToManager)
+    : IVariable(nSimulationId, bAddToManager)
+{
+    SetKind(KindVector);
+    SetFileVariable(false);
+    QVector<SVariableInput> inputs;
+    for (int nComponent = 0; nComponent < 3; ++nComponent) {
+        if (!CVariableManager::Instance().GetVariable(ids[nComponent]))
+            continue;
+        m_positions[nComponent] = inputs.size();
+        inputs.append({ids[nComponent], STEADY_TIME});
+    }
+    SetInputs(inputs);
+}
+
+void CVectorVariable::RemoveInput(qint64 nId)
+{
+    QVector<SVariableInput> inputs = GetInputs();
+    for (SVariableInput& input : inputs) {
+        if (input.nId != nId)
+            continue;
+        input.nId = NO_ID;
+        SetValid(false);
+    }
+    SetInputs(inputs);
+}
+
+double CVectorVariable::EvaluateScalar(const double* pInputs, qint64 nCount, bool) const
+{
+    return nCount > 0 ? pInputs[0] : 0.0;
+}
+
+DVector3D CVectorVariable::EvaluateVector(const double* pInputs, qint64 nCount, bool bVectors) const
+{
+    DVector3D result;
+    for (int nComponent = 0; nComponent < 3; ++nComponent) {
+        const qint64 nPosition = m_positions[nComponent];
+        if (nPosition >= 0 && nPosition < nCount)
+            result[nComponent] = pInputs[(bVectors ? 3 : 1) * nPosition];
+    }
+    return result;
+}
+
+DVector3D CVectorVariable::EvaluateVectorConstant() const
+{
+    DVector3D result;
+    for (int nComponent = 0; nComponent < 3; ++nComponent) {
+        if (m_positions[nComponent] < 0)
+            continue;
+        const IVariable* const pInput =
+            CVariableManager::Instance().GetVariable(GetInputs()[int(m_positions[nComponent])].nId);
+        result[nComponent] = pInput ? pInput->EvaluateScalarConstant() : 0.0;
+    }
+    return result;
+}
