@@ -8,6 +8,14 @@
 
 class IGrid;
 
+/** The numbers of a field where they stand as an array in its precision, i fastest; one of the two or
+ * neither. */
+struct SStoredValues
+{
+    const float* pSingle = nullptr;
+    const double* pDouble = nullptr;
+};
+
 /**
  * A field over a structured block. A read outside of it gives the value of the nearest point by each index.
  *
@@ -42,6 +50,10 @@ public:
     /** The values, or all three components, of a range that lies within the field. Gaps give zeros. */
     virtual void FillValues(const SIJKRange& range, std::span<double> out) const = 0;
     virtual void FillVectors(const SIJKRange& range, const SPointBuffers& out) const = 0;
+
+    /** The array behind the whole field, loaded if need be; nothing for one that is computed or of integers.
+     */
+    virtual SStoredValues GetStoredValues() const = 0;
 
     /** Addresses of all values inside one of the ranges, ends included; i outermost, k innermost. */
     virtual qint64 CollectInRanges(const QVector<SValueRange>& ranges, QVector<IVector3D>& out) const = 0;

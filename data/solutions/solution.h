@@ -41,6 +41,7 @@ public:
     DVector3D GetVector(const IVector3D& ijk) const override;
     qint64 GetIntegerValue(const IVector3D& ijk) const override;
     void FillVectors(const SIJKRange& range, const SPointBuffers& out) const override;
+    SStoredValues GetStoredValues() const override { return {}; }
     void StoreIntegers(const qint32*, qint64) override {}
     const float* GetValuesSingle() override;
     const double* GetValuesDouble() override;

@@ -36,6 +36,10 @@ public:
     double GetValue(qint64 nIndex) const override { return m_pInner ? m_pInner->GetValue(nIndex) : 0.0; }
     qint64 GetIntegerValue(const IVector3D& ijk) const override;
     void FillValues(const SIJKRange& range, std::span<double> out) const override;
+    SStoredValues GetStoredValues() const override
+    {
+        return m_pInner ? m_pInner->GetStoredValues() : SStoredValues();
+    }
     void StoreIntegers(const qint32* pValues, qint64 nCount) override;
     const float* GetValuesSingle() override { return m_pInner ? m_pInner->GetValuesSingle() : nullptr; }
     const double* GetValuesDouble() override { return m_pInner ? m_pInner->GetValuesDouble() : nullptr; }

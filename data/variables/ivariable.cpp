@@ -26,7 +26,7 @@ QByteArray IVariable::ToBytes() const
     writer.Write(false); // a second flag that nothing sets; it has its place in stored keys
     writer.Write(qint32(m_inputs.size()));
     for (const SVariableInput& input : m_inputs) {
-        const IVariable* const pInput = manager.GetVariable(input.nId);
+        const IVariable* const pInput = manager.GetVariable(input.nVariableId);
         writer.Write(pInput ? pInput->ToBytes() : QByteArray(""));
         writer.Write(input.dTime);
     }
@@ -43,7 +43,7 @@ bool IVariable::IsConstant() const
         return false;
     const CVariableManager& manager = CVariableManager::Instance();
     return std::all_of(m_inputs.begin(), m_inputs.end(), [&](const SVariableInput& input) {
-        const IVariable* const pInput = manager.GetVariable(input.nId);
+        const IVariable* const pInput = manager.GetVariable(input.nVariableId);
         return !pInput || pInput->IsConstant();
     });
 }
@@ -52,7 +52,7 @@ bool IVariable::IsTimeDependent() const
 {
     const CVariableManager& manager = CVariableManager::Instance();
     return std::any_of(m_inputs.begin(), m_inputs.end(), [&](const SVariableInput& input) {
-        const IVariable* const pInput = manager.GetVariable(input.nId);
+        const IVariable* const pInput = manager.GetVariable(input.nVariableId);
         return input.dTime != STEADY_TIME || (pInput && pInput->IsTimeDependent());
     });
 }
@@ -60,11 +60,11 @@ bool IVariable::IsTimeDependent() const
 void IVariable::CollectInputs(bool bRecursive, QVector<qint64>& ids) const
 {
     for (const SVariableInput& input : m_inputs) {
-        if (input.nId == NO_ID || ids.contains(input.nId))
+        if (input.nVariableId == NO_ID || ids.contains(input.nVariableId))
             continue;
-        ids.append(input.nId);
+        ids.append(input.nVariableId);
         const IVariable* const pInput =
-            bRecursive ? CVariableManager::Instance().GetVariable(input.nId) : nullptr;
+            bRecursive ? CVariableManager::Instance().GetVariable(input.nVariableId) : nullptr;
         if (pInput)
             pInput->CollectInputs(true, ids);
     }
@@ -91,8 +91,8 @@ QVector<qint64> IVariable::GetSimulations() const
 void IVariable::ReplaceInput(qint64 nOldId, qint64 nNewId)
 {
     for (SVariableInput& input : m_inputs)
-        if (input.nId == nOldId)
-            input.nId = nNewId;
+        if (input.nVariableId == nOldId)
+            input.nVariableId = nNewId;
 }
 
 QVector<qint64> IVariable::GetDependants(bool bRecursive) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/valuerange.h"
+#include "data/variables/formulatext.h"
 #include "frame/vector3d.h"
 
 #include <QByteArray>
@@ -12,13 +13,7 @@ enum VariableLocation_e : qint32 { LocationNone = 0, LocationNode = 1, LocationC
 enum VariableKind_e : qint32 { KindScalar = 0, KindVector = 1 };
 
 /** What a computed variable reads: a variable at a time; STEADY_TIME: at the time that is asked for. */
-struct SVariableInput
-{
-    qint64 nId = -1;
-    double dTime = -1.0;
-
-    friend bool operator==(const SVariableInput&, const SVariableInput&) = default;
-};
+using SVariableInput = SFormulaInput;
 
 /**
  * A named quantity: what it is and how it is computed. It holds no numbers: those of one block at one time

@@ -22,9 +22,9 @@ void CVectorVariable::RemoveInput(qint64 nId)
 {
     QVector<SVariableInput> inputs = GetInputs();
     for (SVariableInput& input : inputs) {
-        if (input.nId != nId)
+        if (input.nVariableId != nId)
             continue;
-        input.nId = NO_ID;
+        input.nVariableId = NO_ID;
         SetValid(false);
     }
     SetInputs(inputs);
@@ -53,7 +53,7 @@ DVector3D CVectorVariable::EvaluateVectorConstant() const
         if (m_positions[nComponent] < 0)
             continue;
         const IVariable* const pInput =
-            CVariableManager::Instance().GetVariable(GetInputs()[int(m_positions[nComponent])].nId);
+            CVariableManager::Instance().GetVariable(GetInputs()[int(m_positions[nComponent])].nVariableId);
         result[nComponent] = pInput ? pInput->EvaluateScalarConstant() : 0.0;
     }
     return result;

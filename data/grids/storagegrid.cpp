@@ -1,0 +1,128 @@
+#include "data/grids/storagegrid.h"
+
+#include "data/io/gridio.h"
+#include "frame/memorymanager.h"
+#include "frame/messagesink.h"
+
+template <class Real> CStorageGrid<Real>::CStorageGrid()
+{
+    this->SetDoublePrecision(std::is_same_v<Real, double>);
+    m_registration.emplace(this);
+}
+
+template <class Real>
+void CStorageGrid<Real>::Init(const QString& sFileName, qint64 nFileIndex, const IVector3D& dimensions,
+                              const IVector3D& start, bool bStructured)
+{
+    CGrid::Init(sFileName, nFileIndex, dimensions, start, bStructured);
+    SetDimensions(dimensions);
+}
+
+template <class Real> void CStorageGrid<Real>::SetDimensions(const IVector3D& dimensions)
+{
+    CGrid::SetDimensions(dimensions);
+    this->SetBytesNeeded(this->GetShape().PointCount() * 3 * qint64(sizeof(Real)));
+}
+
+template <class Real> bool CStorageGrid<Real>::Allocate(qint64 nPointCount)
+{
+    Unload();
+    for (CLargeArray<Real>& axis : m_axes) {
+        axis = CLargeArray<Real>(nPointCount);
+        if (axis.Size() != nPointCount) {
+            Unload();
+            return false;
+        }
+    }
+    this->SetBytesInUse(3 * m_axes[0].Bytes());
+    return true;
+}
+
+template <class Real> int CStorageGrid<Real>::Load()
+{
+    const std::lock_guard lock(m_mutex);
+    if (this->GetBytesInUse() == this->GetBytesNeeded())
+        return LoadOk;
+    const int nStatus = CGridIO().LoadGrid(*this);
+    if (nStatus != LoadOk)
+        Unload();
+    return nStatus;
+}
+
+template <class Real> void CStorageGrid<Real>::Unload()
+{
+    for (CLargeArray<Real>& axis : m_axes)
+        axis.Clear();
+    this->ReleaseCoordinateCopies();
+    this->SetBytesInUse(0);
+}
+
+template <class Real> bool CStorageGrid<Real>::EnsureLoaded() const
+{
+    if (!m_axes[0].IsEmpty())
+        return true;
+    // A load changes nothing that a reader can see but the time it takes.
+    auto* const pThis = const_cast<CStorageGrid*>(this);
+    return CMemoryManager::Instance().LoadItem(pThis) == LoadOk && !m_axes[0].IsEmpty();
+}
+
+template <class Real> DVector3D CStorageGrid<Real>::GetPoint(const IVector3D& ijk) const
+{
+    if (this->GetShape().Contains(ijk))
+        return GetPoint(this->GetShape().PointIndex(ijk));
+    CMessageSink::Instance().Log("Invalid Index");
+    return {};
+}
+
+template <class Real> DVector3D CStorageGrid<Real>::GetPoint(qint64 nIndex) const
+{
+    if (!EnsureLoaded())
+        return {};
+    if (nIndex < 0 || nIndex >= m_axes[0].Size()) {
+        CMessageSink::Instance().Log("Invalid Index");
+        return {};
+    }
+    return {m_axes[0][nIndex], m_axes[1][nIndex], m_axes[2][nIndex]};
+}
+
+template <class Real> void CStorageGrid<Real>::SetPoint(qint64 nIndex, const DVector3D& point)
+{
+    if (nIndex < 0 || nIndex >= m_axes[0].Size())
+        return;
+    for (int nAxis = 0; nAxis < 3; ++nAxis)
+        m_axes[nAxis][nIndex] = static_cast<Real>(point[nAxis]);
+}
+
+template <class Real>
+void CStorageGrid<Real>::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
+{
+    for (int nAxis = 0; nAxis < 3; ++nAxis) {
+        if (EnsureLoaded())
+            CopyRange(m_axes[nAxis].Data(), this->GetShape(), range, out.Axis(nAxis));
+        else
+            std::fill_n(out.Axis(nAxis).begin(), range.Count(), 0.0);
+    }
+}
+
+template <class Real> const float* CStorageGrid<Real>::GetCoordinatesSingle(int nAxis)
+{
+    if (!EnsureLoaded())
+        return nullptr;
+    if constexpr (std::is_same_v<Real, float>)
+        return m_axes[nAxis].Data();
+    else
+        return CGrid::GetCoordinatesSingle(nAxis);
+}
+
+template <class Real> const double* CStorageGrid<Real>::GetCoordinatesDouble(int nAxis)
+{
+    if (!EnsureLoaded())
+        return nullptr;
+    if constexpr (std::is_same_v<Real, double>)
+        return m_axes[nAxis].Data();
+    else
+        return CGrid::GetCoordinatesDouble(nAxis);
+}
+
+template class CStorageGrid<float>;
+template class CStorageGrid<double>;

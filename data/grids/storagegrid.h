@@ -1,0 +1,49 @@
+#pragma once
+
+#include "data/grids/grid.h"
+#include "data/kernels/largearray.h"
+#include "data/kernels/pointkernels.h"
+
+#include <mutex>
+#include <optional>
+
+/**
+ * A block of a structured grid file, in the precision of the file: three arrays that are loaded at the first
+ * access and may be evicted while nobody holds the grid. The only grid class that touches a file.
+ */
+template <class Real> class CStorageGrid : public CGrid
+{
+public:
+    CStorageGrid();
+
+    bool Allocate(qint64 nPointCount) override;
+    void SetDimensions(const IVector3D& dimensions) override;
+    void Init(const QString& sFileName, qint64 nFileIndex, const IVector3D& dimensions,
+              const IVector3D& start, bool bStructured) override;
+    /** Where a reader puts the coordinates of one axis; empty while nothing is allocated. */
+    std::span<Real> Coordinates(int nAxis) { return m_axes[nAxis].Span(); }
+
+    int Load() override;
+    void Unload() override;
+
+    using IGrid::GetPoint;
+    DVector3D GetPoint(const IVector3D& ijk) const override;
+    DVector3D GetPoint(qint64 nIndex) const override;
+    void SetPoint(qint64 nIndex, const DVector3D& point) override;
+    void FillPoints(const SIJKRange& range, const SPointBuffers& out) const override;
+    const float* GetCoordinatesSingle(int nAxis) override;
+    const double* GetCoordinatesDouble(int nAxis) override;
+
+private:
+    bool EnsureLoaded() const;
+
+    mutable std::mutex m_mutex; // serialises loads
+    std::array<CLargeArray<Real>, 3> m_axes;
+    std::optional<CMemoryRegistration> m_registration; // last: begins when all above is there
+};
+
+/** The two precisions of files. */
+class CGridSinglePrecision final : public CStorageGrid<float>
+{};
+class CGridDoublePrecision final : public CStorageGrid<double>
+{};

@@ -1,0 +1,82 @@
+#include "data/io/gridio.h"
+
+#include "data/gridmanager.h"
+#include "data/grids/storagegrid.h"
+#include "data/io/plot3dprobe.h"
+#include "data/io/plot3dread.h"
+#include "frame/messagesink.h"
+
+namespace {
+
+bool IsStructuredCode(int nCode) { return nCode >= 2 && nCode <= CODE_CGNS_STRUCTURED; }
+bool IsUnstructuredCode(int nCode) { return nCode == CODE_STAR_CD || nCode == CODE_CGNS_UNSTRUCTURED; }
+
+int Report(const SLoadResult& result)
+{
+    if (!result.sMessage.isEmpty())
+        CMessageSink::Instance().Log(result.sMessage, result.nLevel);
+    return result.eStatus;
+}
+
+} // namespace
+
+SPlot3DFile CGridIO::Detect(const QString& sFileName) const
+{
+    CFileCache& cache = CGridManager::Instance().GetFileCache();
+    if (const std::optional<SPlot3DFile> known = cache.Find(sFileName))
+        return *known;
+    const SPlot3DFile file = DetectPlot3DGrid(sFileName);
+    if (file.IsDetected())
+        cache.Store(sFileName, file);
+    return file;
+}
+
+int CGridIO::DetectGridFormat(const QString& sFileName, bool bStructured, bool bUnstructured) const
+{
+    const int nCode = Detect(sFileName).nCode;
+    if ((IsStructuredCode(nCode) && !bStructured) || (IsUnstructuredCode(nCode) && !bUnstructured))
+        return CODE_UNKNOWN;
+    return nCode;
+}
+
+QVector<IVector3D> CGridIO::GetGridBlockDimensions(const QString& sFileName) const
+{
+    return BlockDimensions(Detect(sFileName));
+}
+
+IVector3D CGridIO::GetGridBlockDimensions(const QString& sFileName, qint64 nBlock) const
+{
+    return GetGridBlockDimensions(sFileName).value(int(nBlock));
+}
+
+template <class Real> int CGridIO::LoadGrid(CStorageGrid<Real>& grid) const
+{
+    const QString sFileName = grid.GetFileName();
+    CMessageSink::Instance().Log(QString("Trying to load grid from %1").arg(sFileName), 2);
+    const SPlot3DFile file = Detect(sFileName);
+    const qint64 nBlock = grid.GetFileIndex();
+    const SBlockRequest request{grid.IsDoublePrecision(), nBlock, grid.GetDimensions()};
+    if (const SLoadResult check = CheckGrid(file, sFileName, request); !check.IsOk()) {
+        Report(check);
+        const IVector3D size = BlockDimensions(file).value(int(nBlock));
+        const bool bOtherSize = size != IVector3D() && size != grid.GetDimensions() &&
+                                IsDoublePrecisionFormat(file.nCode) == grid.IsDoublePrecision();
+        if (!bOtherSize || file.layout.nIsFormatted)
+            return check.eStatus;
+        grid.SetDimensions(size);
+        return LoadNever;
+    }
+    CReadFile device;
+    if (const SLoadResult opened = OpenForLoad(sFileName, device); !opened.IsOk())
+        return Report(opened);
+    if (!grid.Allocate(file.blocks[int(nBlock)].PointCount())) {
+        CMessageSink::Instance().Log(QString("failed to assign location of %1").arg(sFileName), 2);
+        return LoadNoMemory;
+    }
+    const std::array<std::span<Real>, 3> xyz = {grid.Coordinates(0), grid.Coordinates(1),
+                                                grid.Coordinates(2)};
+    return Report(ReadGridBlock(device, file, nBlock, xyz, WholeRun(file.blocks[int(nBlock)])));
+}
+
+template int CGridIO::LoadGrid(CStorageGrid<float>& grid) const;
+template int CGridIO::LoadGrid(CStorageGrid<double>& grid) const;

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "data/io/plot3dfile.h"
+#include "frame/taskcreator.h"
+
+#include <QVector>
+
+#include <array>
+#include <optional>
+
+template <class Real> class CStorageSolution;
+
+/** Reads solution files for solutions, as CGridIO does for grids; its cache is that of CSolutionManager. */
+class CSolutionIO : public CTaskCreator
+{
+public:
+    int DetectSolutionFormat(const QString& sFileName) const { return Detect(sFileName).nCode; }
+    SPlot3DFile Detect(const QString& sFileName) const;
+    QVector<IVector3D> GetSolutionBlockDimensions(const QString& sFileName) const;
+    int GetSolutionVariableCount(const QString& sFileName) const;
+    /** Mach number, angle of attack [degrees], Reynolds number, time; nothing for other kinds than Q. */
+    std::optional<std::array<double, 4>> GetSolutionHeader(const QString& sFileName, qint64 nBlock) const;
+    /** Allocates and fills the solution with its variable of its block. Gives a LoadStatus_e. */
+    template <class Real> int LoadSolution(CStorageSolution<Real>& solution) const;
+};

@@ -1,0 +1,237 @@
+#include "data/solutionmanager.h"
+
+#include "data/gridmanager.h"
+#include "data/icases.h"
+#include "data/io/solutionio.h"
+#include "data/solutions/bytesolution.h"
+#include "data/solutions/interpsolution.h"
+#include "data/solutions/solutiongrid.h"
+#include "data/solutions/solutionpack.h"
+#include "data/solutions/solutionvariable.h"
+#include "data/variables/variablemanager.h"
+#include "frame/memorymanager.h"
+
+namespace {
+
+/** The storage that a mask's file asks for. */
+std::unique_ptr<CSolution> MakeStorage(const CSolutionMask& mask)
+{
+    const int nCode = CSolutionIO().DetectSolutionFormat(mask.GetFileName());
+    if (nCode == CODE_UNKNOWN)
+        return nullptr;
+    std::unique_ptr<CSolution> pSolution;
+    if (IsDoublePrecisionFormat(nCode) && mask.IsIntegerData())
+        pSolution = std::make_unique<CSolutionByteDoublePrecision>();
+    else if (IsDoublePrecisionFormat(nCode))
+        pSolution = std::make_unique<CSolutionDoublePrecision>();
+    else if (mask.IsIntegerData())
+        pSolution = std::make_unique<CSolutionByteSinglePrecision>();
+    else
+        pSolution = std::make_unique<CSolutionSinglePrecision>();
+    pSolution->SetOwner(&CSolutionManager::Instance());
+    return pSolution;
+}
+
+} // namespace
+
+CSolutionManager::SEntry::SEntry() : mask(MakeStorage) {}
+
+CSolutionManager& CSolutionManager::Instance()
+{
+    static CSolutionManager* const pManager = new CSolutionManager; // never destroyed, see CMessageSink
+    return *pManager;
+}
+
+CSolutionManager::CSolutionManager() { CMemoryManager::Instance().AddCache(this); }
+
+qint64 CSolutionManager::AddSolution(qint64 nSimulationId, qint64 nItemId, qint64 nVariableId, qint64 nSubId,
+                                     const SSolutionFile& file, double dTime)
+{
+    const IVariable* const pVariable = CVariableManager::Instance().GetVariable(nVariableId);
+    if (!pVariable || !pVariable->IsFileVariable())
+        return NO_ID;
+    m_fileCache.Clear();
+    const EntryPointer pEntry = std::make_shared<SEntry>();
+    pEntry->mask.SetOwner(this);
+    pEntry->mask.SetIntegerData(file.bIntegerData);
+    pEntry->mask.Init(file.sFileName, file.nBlock, file.nVariable, file.dimensions, file.start);
+    qint64 nReplaced = NO_ID;
+    qint64 nId = NO_ID;
+    {
+        const std::lock_guard lock(m_mutex);
+        nId = m_nNextId++;
+        pEntry->mask.SetSolutionId(nId);
+        m_entries.insert(nId, pEntry);
+        nReplaced = m_registry.Add({nSimulationId, nItemId, nVariableId, {file.dimensions, file.start}},
+                                   {nId, nSubId, dTime});
+    }
+    if (nReplaced != NO_ID)
+        Drop({nReplaced});
+    return nId;
+}
+
+QVector<STimeMatch> CSolutionManager::GetSolutionIds(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
+                                                     qint64 nSubId, double dTime, bool bExact) const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_registry.Find(nSimulationId, nItemId, nVariableId, nSubId, dTime, bExact);
+}
+
+bool CSolutionManager::HasSolutions(qint64 nSimulationId, qint64 nVariableId) const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_registry.HasField(nSimulationId, nVariableId);
+}
+
+CLease<IStructredSolution> CSolutionManager::GetSolution(qint64 nVariableId, qint64 nSimulationId,
+                                                         qint64 nItemId, qint64 nSubId, double dTime)
+{
+    const IVariable* const pVariable = CVariableManager::Instance().GetVariable(nVariableId);
+    if (!pVariable || nSimulationId == NO_ID)
+        return nullptr;
+    if (pVariable->IsGridVariable()) {
+        CLease<IGrid> pGrid = CGridManager::Instance().GetGrid(nSimulationId, nItemId, NO_ID, dTime);
+        return CLease<IStructredSolution>(pGrid ? new CSolutionGrid(pGrid.release()) : nullptr);
+    }
+    if (!pVariable->IsFileVariable())
+        return Computed(*pVariable, nSimulationId, nItemId, dTime);
+    if (pVariable->GetSimulationId() != nSimulationId)
+        return nullptr;
+    return OfFile(*pVariable, nSimulationId, nItemId, nSubId, dTime);
+}
+
+CLease<IStructredSolution> CSolutionManager::OfFile(const IVariable& variable, qint64 nSimulationId,
+                                                    qint64 nItemId, qint64 nSubId, double dTime)
+{
+    QVector<IStructredSolution*> parts;
+    for (const STimeMatch& match :
+         GetSolutionIds(variable.GetId(), nSimulationId, nItemId, nSubId, dTime, false)) {
+        IStructredSolution* const pLow = Hold(match.nLowId);
+        IStructredSolution* const pHigh = match.nHighId == match.nLowId ? nullptr : Hold(match.nHighId);
+        if (pLow && pHigh)
+            parts.append(new CInterpSolution(pLow, pHigh, match.dWeight));
+        else if (pLow)
+            parts.append(pLow);
+        else if (pHigh)
+            pHigh->Dispose();
+    }
+    if (parts.size() > 1)
+        return CLease<IStructredSolution>(new CSolutionPack(parts));
+    return CLease<IStructredSolution>(parts.value(0));
+}
+
+/**
+ * A formula over its inputs. An input that was removed keeps its place and reads 0.0, as a constant does; an
+ * existing one without data leaves the whole field without.
+ */
+CLease<IStructredSolution> CSolutionManager::Computed(const IVariable& variable, qint64 nSimulationId,
+                                                      qint64 nItemId, double dTime)
+{
+    std::vector<CSolutionVariable::SInput> inputs;
+    for (const SVariableInput& input : variable.GetInputs()) {
+        const IVariable* const pInput = CVariableManager::Instance().GetVariable(input.nVariableId);
+        if (!pInput || pInput->IsConstant()) {
+            inputs.push_back({nullptr, pInput ? pInput->EvaluateVectorConstant() : DVector3D()});
+            continue;
+        }
+        // A comparison variable stands in no simulation of its own: its inputs are sought where they are.
+        const QVector<qint64> simulations = pInput->GetSimulations();
+        const qint64 nOwner = simulations.contains(nSimulationId) ? nSimulationId : pInput->GetSimulationId();
+        const qint64 nItem = nOwner == nSimulationId
+                                 ? nItemId
+                                 : ICases::Installed().TranslateItem(nSimulationId, nItemId, nOwner);
+        if (nOwner != nSimulationId && nItem == NO_ID)
+            return nullptr;
+        CLease<IStructredSolution> pSolution = GetSolution(input.nVariableId, nOwner, nItem, NO_ID,
+                                                           input.dTime == STEADY_TIME ? dTime : input.dTime);
+        if (!pSolution)
+            return nullptr;
+        inputs.push_back({std::move(pSolution), {}});
+    }
+    return CLease<IStructredSolution>(new CSolutionVariable(std::move(inputs), variable.GetId()));
+}
+
+/** The solution, ready and kept in memory until Dispose; null for an unknown id. */
+IStructredSolution* CSolutionManager::Hold(qint64 nId)
+{
+    EntryPointer pEntry;
+    {
+        const std::lock_guard lock(m_mutex);
+        pEntry = m_entries.value(nId);
+        if (!pEntry)
+            return nullptr;
+        ++pEntry->nHolders;
+    }
+    {
+        const std::lock_guard prepare(pEntry->prepareMutex);
+        pEntry->mask.Prepare();
+    }
+    CMemoryManager::Instance().Acquire(pEntry->mask.GetBaseSolution()->GetMemoryId());
+    return &pEntry->mask;
+}
+
+void CSolutionManager::Release(CSolution* pSolution)
+{
+    CMemoryManager::Instance().Release(pSolution->GetMemoryId());
+    EntryPointer pGone; // deleted outside the lock
+    const std::lock_guard lock(m_mutex);
+    const auto entry = m_entries.find(pSolution->GetSolutionId());
+    if (entry == m_entries.end() || (*entry)->nHolders == 0)
+        return;
+    --(*entry)->nHolders;
+    if ((*entry)->nHolders > 0 || (*entry)->bRegistered)
+        return;
+    pGone = *entry;
+    m_entries.erase(entry);
+}
+
+/** No longer registered: what nobody holds goes now. */
+void CSolutionManager::Drop(const QVector<qint64>& ids)
+{
+    std::vector<EntryPointer> gone; // deleted outside the lock
+    const std::lock_guard lock(m_mutex);
+    for (const qint64 nId : ids) {
+        const auto entry = m_entries.find(nId);
+        if (entry == m_entries.end())
+            continue;
+        (*entry)->bRegistered = false;
+        if ((*entry)->nHolders > 0)
+            continue;
+        gone.push_back(*entry);
+        m_entries.erase(entry);
+    }
+}
+
+QVector<double> CSolutionManager::GetTimes(qint64 nSimulationId, qint64 nItemId) const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_registry.Times(nSimulationId, nItemId);
+}
+
+void CSolutionManager::RemoveItem(qint64 nSimulationId, qint64 nItemId)
+{
+    QVector<qint64> ids;
+    {
+        const std::lock_guard lock(m_mutex);
+        ids = m_registry.IdsOf(nSimulationId, nItemId);
+        m_registry.RemoveItem(nSimulationId, nItemId);
+    }
+    Drop(ids);
+}
+
+void CSolutionManager::RemoveSimulation(qint64 nSimulationId)
+{
+    QVector<qint64> items;
+    {
+        const std::lock_guard lock(m_mutex);
+        items = m_registry.ItemsOf(nSimulationId);
+    }
+    for (const qint64 nItemId : items)
+        RemoveItem(nSimulationId, nItemId);
+}
+
+qint64 CSolutionManager::CountSolutions() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_entries.size();
+}

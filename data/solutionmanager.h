@@ -1,0 +1,90 @@
+#pragma once
+
+#include "data/filecache.h"
+#include "data/levelregistry.h"
+#include "data/solutions/solutionmask.h"
+#include "frame/imemorycache.h"
+
+#include <QHash>
+
+#include <memory>
+#include <mutex>
+
+class IVariable;
+
+/**
+ * All fields of all simulations: turns a variable, a simulation, an item and a time into the solution that
+ * has the values, whatever it is made of: numbers of a file, coordinates, a blend of two levels, a union, a
+ * formula over other variables. It stays in memory until the caller gives it back with Dispose (a CLease
+ * does).
+ *
+ * Registration is for the main thread and tasks, requests for any thread. One lock guards the tables; nothing
+ * is loaded, detected or deleted under it.
+ */
+class CSolutionManager : public ISolutionOwner, public IMemoryCache
+{
+public:
+    static CSolutionManager& Instance();
+
+    struct SSolutionFile
+    {
+        QString sFileName;
+        qint64 nBlock = 0;    ///< from 0
+        qint64 nVariable = 0; ///< of the file, from 0
+        IVector3D dimensions;
+        IVector3D start{1, 1, 1};
+        bool bIntegerData = false; ///< integers in places of the size of reals
+    };
+
+    /**
+     * Registers one variable of a block; nothing is read. An earlier one at the same place and time makes
+     * way. Empties the file cache.
+     *
+     * @return the solution's id; -1 for a variable that doesn't exist or isn't of files
+     */
+    qint64 AddSolution(qint64 nSimulationId, qint64 nItemId, qint64 nVariableId, qint64 nSubId,
+                       const SSolutionFile& file, double dTime);
+
+    /** The values of a variable over an item (-1: all items as one) at a time. Null if there are none. */
+    CLease<IStructredSolution> GetSolution(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
+                                           qint64 nSubId, double dTime);
+    QVector<STimeMatch> GetSolutionIds(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
+                                       qint64 nSubId, double dTime, bool bExact) const;
+    /** Whether any solution backs a file variable of the simulation. */
+    bool HasSolutions(qint64 nSimulationId, qint64 nVariableId) const;
+    QVector<double> GetTimes(qint64 nSimulationId, qint64 nItemId) const;
+
+    /** A solution that somebody holds goes at its last Dispose. */
+    void RemoveItem(qint64 nSimulationId, qint64 nItemId);
+    void RemoveSimulation(qint64 nSimulationId);
+    qint64 CountSolutions() const; ///< registered or still held
+
+    CFileCache& GetFileCache() { return m_fileCache; }
+    void EmptyCache() override { m_fileCache.Clear(); }
+    void Release(CSolution* pSolution) override;
+
+private:
+    struct SEntry
+    {
+        SEntry();
+        CSolutionMask mask;
+        std::mutex prepareMutex; // one thread makes the storage
+        qint64 nHolders = 0;     // guarded by the manager's lock, as the next
+        bool bRegistered = true;
+    };
+    using EntryPointer = std::shared_ptr<SEntry>;
+
+    CSolutionManager();
+    CLease<IStructredSolution> OfFile(const IVariable& variable, qint64 nSimulationId, qint64 nItemId,
+                                      qint64 nSubId, double dTime);
+    CLease<IStructredSolution> Computed(const IVariable& variable, qint64 nSimulationId, qint64 nItemId,
+                                        double dTime);
+    IStructredSolution* Hold(qint64 nId);
+    void Drop(const QVector<qint64>& ids);
+
+    mutable std::mutex m_mutex; // the last to be taken; guards all but the file cache
+    CLevelRegistry m_registry;
+    QHash<qint64, EntryPointer> m_entries; // by solution id
+    qint64 m_nNextId = 0;
+    CFileCache m_fileCache;
+};

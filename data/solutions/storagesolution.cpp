@@ -1,0 +1,159 @@
+#include "data/solutions/storagesolution.h"
+
+#include "data/io/solutionio.h"
+#include "data/kernels/range.h"
+#include "data/solutions/bytesolution.h"
+#include "frame/memorymanager.h"
+
+template <class Real> CStorageSolution<Real>::CStorageSolution()
+{
+    this->SetDoublePrecision(std::is_same_v<Real, double>);
+    m_registration.emplace(this);
+}
+
+template <class Real>
+void CStorageSolution<Real>::Init(const QString& sFileName, qint64 nFileIndex, qint64 nVariableIndex,
+                                  const IVector3D& dimensions, const IVector3D& start)
+{
+    CSolution::Init(sFileName, nFileIndex, nVariableIndex, dimensions, start);
+    SetDimensions(dimensions);
+}
+
+template <class Real> void CStorageSolution<Real>::SetDimensions(const IVector3D& dimensions)
+{
+    CSolution::SetDimensions(dimensions);
+    this->SetBytesNeeded(this->GetShape().PointCount() * qint64(sizeof(Real)));
+}
+
+template <class Real> bool CStorageSolution<Real>::Allocate(qint64 nCount)
+{
+    Unload();
+    m_values = CLargeArray<Real>(nCount);
+    this->SetBytesInUse(m_values.Bytes());
+    return m_values.Size() == nCount;
+}
+
+template <class Real> void CStorageSolution<Real>::StoreIntegers(const qint32* pValues, qint64 nCount)
+{
+    std::copy_n(pValues, std::min(nCount, m_values.Size()), m_values.Data());
+}
+
+template <class Real> int CStorageSolution<Real>::Load()
+{
+    const std::lock_guard lock(m_mutex);
+    if (this->GetBytesInUse() == this->GetBytesNeeded())
+        return LoadOk;
+    const int nStatus = CSolutionIO().LoadSolution(*this);
+    if (nStatus != LoadOk)
+        Unload();
+    return nStatus;
+}
+
+template <class Real> void CStorageSolution<Real>::Unload()
+{
+    m_values.Clear();
+    this->ReleaseValueCopies();
+    this->SetBytesInUse(0);
+}
+
+template <class Real> bool CStorageSolution<Real>::EnsureLoaded() const
+{
+    if (!m_values.IsEmpty())
+        return true;
+    // A load changes nothing that a reader can see but the time it takes.
+    auto* const pThis = const_cast<CStorageSolution*>(this);
+    return CMemoryManager::Instance().LoadItem(pThis) == LoadOk && !m_values.IsEmpty();
+}
+
+template <class Real> double CStorageSolution<Real>::GetValue(const IVector3D& ijk) const
+{
+    return GetValue(this->GetShape().PointIndex(this->GetShape().Clamped(ijk)));
+}
+
+template <class Real> double CStorageSolution<Real>::GetValue(qint64 nIndex) const
+{
+    if (!EnsureLoaded())
+        return 0.0;
+    if (nIndex < 0 || nIndex >= m_values.Size())
+        nIndex =
+            std::clamp<qint64>(this->GetShape().PointIndex(this->AddressOf(nIndex)), 0, m_values.Size() - 1);
+    double dValue = 0.0;
+    Widen(m_values.Data() + nIndex, 1, &dValue);
+    return dValue;
+}
+
+template <class Real>
+void CStorageSolution<Real>::FillValues(const SIJKRange& range, std::span<double> out) const
+{
+    if (!EnsureLoaded()) {
+        std::fill_n(out.begin(), range.Count(), 0.0);
+        return;
+    }
+    const SBlockShape shape = this->GetShape();
+    const qint64 nRow = range.Extent().i;
+    double* pOut = out.data();
+    for (qint64 k = range.min.k; k <= range.max.k; ++k) {
+        for (qint64 j = range.min.j; j <= range.max.j; ++j, pOut += nRow) {
+            Widen(m_values.Data() + shape.PointIndex({range.min.i, j, k}), nRow, pOut);
+        }
+    }
+}
+
+template <class Real> SStoredValues CStorageSolution<Real>::GetStoredValues() const
+{
+    if (!IsPlainNumber() || !EnsureLoaded())
+        return {};
+    if constexpr (std::is_same_v<Real, float>)
+        return {m_values.Data(), nullptr};
+    else
+        return {nullptr, m_values.Data()};
+}
+
+template <class Real> const float* CStorageSolution<Real>::GetValuesSingle()
+{
+    if (!EnsureLoaded())
+        return nullptr;
+    if constexpr (std::is_same_v<Real, float>)
+        return m_values.Data();
+    else
+        return CSolution::GetValuesSingle();
+}
+
+template <class Real> const double* CStorageSolution<Real>::GetValuesDouble()
+{
+    if (!EnsureLoaded())
+        return nullptr;
+    if constexpr (std::is_same_v<Real, double>)
+        return m_values.Data();
+    else
+        return CSolution::GetValuesDouble();
+}
+
+template class CStorageSolution<float>;
+template class CStorageSolution<double>;
+
+qint64 CSolutionByteSinglePrecision::GetIntegerValue(const IVector3D& ijk) const
+{
+    if (!EnsureLoaded())
+        return 0;
+    return std::bit_cast<qint32>(m_values[GetShape().PointIndex(GetShape().Clamped(ijk))]);
+}
+
+void CSolutionByteSinglePrecision::StoreIntegers(const qint32* pValues, qint64 nCount)
+{
+    for (qint64 n = 0; n < std::min(nCount, m_values.Size()); ++n)
+        m_values[n] = std::bit_cast<float>(pValues[n]);
+}
+
+qint64 CSolutionByteDoublePrecision::GetIntegerValue(const IVector3D& ijk) const
+{
+    if (!EnsureLoaded())
+        return 0;
+    return std::bit_cast<qint64>(m_values[GetShape().PointIndex(GetShape().Clamped(ijk))]);
+}
+
+void CSolutionByteDoublePrecision::StoreIntegers(const qint32* pValues, qint64 nCount)
+{
+    for (qint64 n = 0; n < std::min(nCount, m_values.Size()); ++n)
+        m_values[n] = std::bit_cast<double>(qint64(pValues[n]));
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "data/kernels/largearray.h"
+#include "data/solutions/solution.h"
+
+#include <mutex>
+#include <optional>
+
+/**
+ * One variable of one block of a solution file, in the precision of the file: an array that is loaded at the
+ * first access and may be evicted while nobody holds the solution. The only solution class that touches a
+ * file. A read outside of the block gives the nearest value, one that can't be loaded 0.0.
+ */
+template <class Real> class CStorageSolution : public CSolution
+{
+public:
+    CStorageSolution();
+
+    void Init(const QString& sFileName, qint64 nFileIndex, qint64 nVariableIndex, const IVector3D& dimensions,
+              const IVector3D& start) override;
+    void SetDimensions(const IVector3D& dimensions) override;
+    bool Allocate(qint64 nCount) override;
+    void StoreIntegers(const qint32* pValues, qint64 nCount) override;
+    /** Where a reader puts the values; empty while nothing is allocated. */
+    std::span<Real> Values() { return m_values.Span(); }
+
+    int Load() override;
+    void Unload() override;
+
+    using IStructredSolution::GetValue;
+    double GetValue(const IVector3D& ijk) const override;
+    double GetValue(qint64 nIndex) const override;
+    void FillValues(const SIJKRange& range, std::span<double> out) const override;
+    SStoredValues GetStoredValues() const override;
+    const float* GetValuesSingle() override;
+    const double* GetValuesDouble() override;
+    void ComputeRanges() override;
+
+protected:
+    /** What stored numbers mean; the integer classes read their bits. */
+    virtual void Widen(const Real* pStored, qint64 nCount, double* pOut) const
+    {
+        std::copy_n(pStored, nCount, pOut);
+    }
+    virtual bool IsPlainNumber() const { return true; }
+    bool EnsureLoaded() const;
+    CLargeArray<Real> m_values;
+
+private:
+    mutable std::mutex m_mutex;                        // serialises loads
+    std::optional<CMemoryRegistration> m_registration; // last: begins when all above is there
+};
+
+class CSolutionSinglePrecision : public CStorageSolution<float>
+{};
+class CSolutionDoublePrecision : public CStorageSolution<double>
+{};

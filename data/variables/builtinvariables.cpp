@@ -1,0 +1,191 @@
+#include "data/variables/builtinvariables.h"
+
+#include "data/variables/expressionvariable.h"
+#include "data/variables/variablemanager.h"
+#include "data/variables/vectorvariable.h"
+
+#include <map>
+#include <utility>
+
+namespace {
+
+constexpr const char* GAS_COMMENT =
+    "Seeded with a standard dry-air gas property because the solver did not report a valid one for this run. "
+    "Edit this constant if you know the actual value.";
+constexpr const char* FREE_STREAM_COMMENT = "Seeded with an assumed free-stream reference value because the "
+                                            "solver setup did not report a valid one for "
+                                            "this run. Edit this constant if you know the actual value.";
+constexpr const char* ASSUMES_COMMENT = "Assumes %1 because the solver did not report valid values for this "
+                                        "run. Review or edit the assumed constants "
+                                        "in the Variables dialog.";
+constexpr const char* ASSUMED_GAS = "standard dry-air gas properties (gamma = 1.4, R = 287.22 J/(kg.K))";
+constexpr const char* ASSUMED_FREE_STREAM =
+    "an assumed free-stream reference condition (Pinf / Rhoinf / Vinf)";
+
+/** One definition; "{X}" stands for a reference to the variable X of the state, with its prefix. */
+struct SDefinition
+{
+    const char* sName;
+    const char* sFormula;
+    bool b3DOnly = false;
+};
+
+const SDefinition CONSERVATIVE[] = {
+    {"U[Q]", "{RU}/{R}"},
+    {"V[Q]", "{RV}/{R}"},
+    {"W[Q]", "{RW}/{R}", true},
+    {"Vmag[Q]", "sqrt({RU} * {RU} + {RV} * {RV}[ + {RW} * {RW}]) / {R}"},
+    {"P[Q]", "(<gamma> - 1) * ({RE} - 0.5 * ({RU} * {RU} + {RV} * {RV}[ + {RW} * {RW}]) / {R})"},
+    {"T[Q]", "{P[Q]} / (<Rgas> * {R})"},
+    {"C[Q]", "sqrt(<gamma> * <Rgas> * {T[Q]})"},
+    {"M[Q]", "{Vmag[Q]} / {C[Q]}"},
+    {"T0[Q]", "{T[Q]} * (1 + 0.5 * (<gamma> - 1) * {M[Q]} * {M[Q]})"},
+    {"P0[Q]", "{P[Q]} * (1 + 0.5 * (<gamma> - 1) * {M[Q]} * {M[Q]})^(<gamma> / (<gamma> - 1))"},
+    {"Rho0[Q]", "{R} * (1 + 0.5 * (<gamma> - 1) * {M[Q]} * {M[Q]})^(1 / (<gamma> - 1))"},
+    {"Qd[Q]", "0.5 * {R} * {Vmag[Q]} * {Vmag[Q]}"},
+    {"IntE[Q]", "{RE} / {R} - 0.5 * {Vmag[Q]} * {Vmag[Q]}"},
+    {"H[Q]", "{IntE[Q]} + {P[Q]} / {R}"},
+    {"H0[Q]", "{H[Q]} + 0.5 * {Vmag[Q]} * {Vmag[Q]}"},
+    {"Cp[Q]", "({P[Q]} - <Pinf>) / (0.5 * <Rhoinf> * <Vinf> * <Vinf>)"},
+};
+
+/** Makes the definitions of one location of a case. */
+class CDefiner
+{
+public:
+    CDefiner(qint64 nSimulationId, VariableLocation_e eLocation, const QString& sPrefix, bool b3D,
+             QString sComment)
+        : m_nSimulationId(nSimulationId),
+          m_eLocation(eLocation),
+          m_sPrefix(sPrefix),
+          m_b3D(b3D),
+          m_sComment(std::move(sComment))
+    {}
+
+    qint64 Find(const QString& sName) const
+    {
+        return CVariableManager::Instance().FindByName(m_nSimulationId, sName, m_eLocation);
+    }
+
+    void Define(const SDefinition& definition)
+    {
+        if (!definition.b3DOnly || m_b3D)
+            Define(m_sPrefix + definition.sName, Expanded(definition.sFormula));
+    }
+
+    void Define(const QString& sName, const QString& sFormula)
+    {
+        CVariableManager& manager = CVariableManager::Instance();
+        IVariable* const pExisting = manager.GetVariable(Find(sName));
+        if (pExisting && !pExisting->IsExpression())
+            return; // the solution supplies it
+        auto* pVariable = static_cast<CExpressionVariable*>(pExisting);
+        if (!pVariable) {
+            pVariable = new CExpressionVariable(m_nSimulationId, true);
+            pVariable->SetName(sName);
+            pVariable->SetUserVariable(false);
+        }
+        pVariable->SetScope(Scope(pVariable->GetId()));
+        pVariable->SetExpression(sFormula, false, false);
+        pVariable->SetComment(m_sComment);
+        if (!pVariable->IsValid())
+            manager.RemoveVariable(pVariable->GetId()); // it lacks an input
+    }
+
+    void DefineVector(const QString& sName, const std::array<const char*, 3>& components)
+    {
+        if (Find(m_sPrefix + sName) != -1)
+            return; // displays may know it by its id
+        std::array<qint64, 3> ids = {-1, -1, -1};
+        for (int n = 0; n < 3; ++n)
+            if (components[n] && (n < 2 || m_b3D))
+                ids[n] = Find(m_sPrefix + components[n]);
+        auto* const pVector = new CVectorVariable(m_nSimulationId, ids, true);
+        pVector->SetName(m_sPrefix + sName);
+        pVector->SetLocation(m_eLocation);
+        pVector->SetUserVariable(false);
+    }
+
+private:
+    /** "{X}" becomes "<prefixX>"; what stands in "[ ... ]" behind a blank is of three dimensions alone. */
+    QString Expanded(QString sFormula) const
+    {
+        const int nBegin = sFormula.indexOf("[ + ");
+        const int nEnd = sFormula.indexOf("}]", nBegin);
+        if (nBegin >= 0) {
+            const QString sThird = m_b3D ? sFormula.mid(nBegin + 1, nEnd - nBegin) : QString();
+            sFormula.replace(nBegin, nEnd + 2 - nBegin, sThird);
+        }
+        return sFormula.replace("{", "<" + m_sPrefix).replace("}", ">");
+    }
+
+    /** All that a formula here may name: variables of the location, and constants. */
+    QVector<qint64> Scope(qint64 nOwnId) const
+    {
+        const CVariableManager& manager = CVariableManager::Instance();
+        QVector<qint64> scope;
+        for (const auto& pVariable : manager.GetVariables())
+            if (pVariable->GetSimulationId() == m_nSimulationId && pVariable->GetId() != nOwnId &&
+                (pVariable->GetLocation() == m_eLocation || pVariable->GetLocation() == LocationNone))
+                scope.append(pVariable->GetId());
+        return scope;
+    }
+
+    qint64 m_nSimulationId;
+    VariableLocation_e m_eLocation;
+    QString m_sPrefix;
+    bool m_b3D;
+    QString m_sComment;
+};
+
+QString CommentOf(const SReferenceState& reference)
+{
+    QStringList assumed;
+    if (reference.bGasAssumed)
+        assumed << ASSUMED_GAS;
+    if (reference.bFreeStreamAssumed)
+        assumed << ASSUMED_FREE_STREAM;
+    return assumed.isEmpty() ? QString() : QString(ASSUMES_COMMENT).arg(assumed.join(" and "));
+}
+
+/** A constant of the case; one that exists (the user may have edited it) stays. */
+void DefineConstant(qint64 nSimulationId, const QString& sName, double dValue, const QString& sComment)
+{
+    if (CVariableManager::Instance().FindByName(nSimulationId, sName, LocationNone) != -1)
+        return;
+    auto* const pConstant = new CExpressionVariable(nSimulationId, true);
+    pConstant->SetName(sName);
+    pConstant->SetExpression(QString::number(dValue, 'g', 12), false, false);
+    pConstant->SetComment(sComment);
+}
+
+void DefineConstants(qint64 nSimulationId, const SReferenceState& reference)
+{
+    const QString sGas = reference.bGasAssumed ? GAS_COMMENT : "";
+    const QString sFreeStream = reference.bFreeStreamAssumed ? FREE_STREAM_COMMENT : "";
+    DefineConstant(nSimulationId, "gamma", reference.dGamma, sGas);
+    DefineConstant(nSimulationId, "Rgas", reference.dGasConstant, sGas);
+    DefineConstant(nSimulationId, "Pinf", reference.dPressure, sFreeStream);
+    DefineConstant(nSimulationId, "Rhoinf", reference.dDensity, sFreeStream);
+    DefineConstant(nSimulationId, "Vinf", reference.dVelocity, sFreeStream);
+}
+
+} // namespace
+
+void CreateConservativeVariables(qint64 nSimulationId, const QString& sPrefix,
+                                 const SReferenceState& reference)
+{
+    for (const VariableLocation_e eLocation : {LocationNode, LocationCell}) {
+        const auto has = [&](const char* sName) {
+            return CVariableManager::Instance().FindByName(nSimulationId, sPrefix + sName, eLocation) != -1;
+        };
+        if (!has("R") || !has("RU") || !has("RV") || !has("RE"))
+            continue;
+        DefineConstants(nSimulationId, reference);
+        CDefiner definer(nSimulationId, eLocation, sPrefix, has("RW"), CommentOf(reference));
+        for (const SDefinition& definition : CONSERVATIVE)
+            definer.Define(definition);
+        definer.DefineVector("Velocity", {"U[Q]", "V[Q]", "W[Q]"});
+        definer.DefineVector("Momentum", {"RU", "RV", "RW"});
+    }
+}

@@ -1,0 +1,166 @@
+#include "data/variables/expressionvariable.h"
+
+#include "data/variables/formula.h"
+#include "data/variables/formulatext.h"
+#include "data/variables/variablemanager.h"
+#include "frame/bytestream.h"
+#include "frame/novalue.h"
+
+namespace {
+
+/** What a reference has to know of a variable; nothing for one that doesn't exist. */
+std::optional<SReferencedVariable> Referenced(qint64 nId)
+{
+    const IVariable* const pVariable = CVariableManager::Instance().GetVariable(nId);
+    if (!pVariable)
+        return std::nullopt;
+    const bool bSeveral = pVariable->GetSimulations().size() >= 2;
+    return SReferencedVariable{nId, pVariable->GetName(), bSeveral ? 0 : pVariable->GetSimulationId()};
+}
+
+QVector<SReferencedVariable> ScopeOf(const QVector<qint64>& ids)
+{
+    QVector<SReferencedVariable> scope;
+    for (const qint64 nId : ids)
+        if (const auto variable = Referenced(nId))
+            scope.append(*variable);
+    return scope;
+}
+
+} // namespace
+
+CExpressionVariable::CExpressionVariable(qint64 nSimulationId, bool bAddToManager)
+    : IVariable(nSimulationId, bAddToManager)
+{
+    SetFileVariable(false);
+    SetValid(false);
+    SetLocation(LocationNone);
+}
+
+QByteArray CExpressionVariable::ToBytes() const
+{
+    CByteWriter writer;
+    writer.Write(FormulaText::ShowInputPositions(m_sText, GetInputs()));
+    return IVariable::ToBytes() + writer.Take();
+}
+
+bool CExpressionVariable::SetExpression(const QString& sText, bool bSimulations, bool bTimes)
+{
+    const SBoundText bound = FormulaText::BindReferences(sText, ScopeOf(m_scope), {bSimulations, bTimes});
+    for (const SVariableInput& input : bound.inputs) {
+        const IVariable* const pInput = CVariableManager::Instance().GetVariable(input.nVariableId);
+        if (GetId() != NO_ID && (input.nVariableId == GetId() || (pInput && pInput->DependsOn(GetId()))))
+            return false;
+    }
+    m_sText = bound.sText;
+    SetInputs(bound.inputs);
+    const bool bCompiled = Compile();
+    if (!bCompiled) // tell the place in the text as it was given
+        m_nErrorPosition = std::max(1, std::min(m_nErrorPosition, int(sText.size()) + 1));
+    CVariableManager::Instance().NotifyChanged(GetId());
+    TakeLocationAndKind();
+    InvalidateRange();
+    return bCompiled;
+}
+
+bool CExpressionVariable::Compile()
+{
+    const SCompiledFormula compiled = CFormula::Compile(m_sText, FormulaText::Placeholders(GetInputs()));
+    m_pFormula = compiled.pFormula;
+    m_nErrorPosition = compiled.nErrorPosition;
+    SetValid(m_pFormula != nullptr);
+    return m_pFormula != nullptr;
+}
+
+/** The kind is the first input's; the location that of the first input that isn't a constant. */
+void CExpressionVariable::TakeLocationAndKind()
+{
+    SetKind(KindScalar);
+    SetLocation(LocationNone);
+    bool bFirst = true;
+    for (const SVariableInput& input : GetInputs()) {
+        const IVariable* const pInput = CVariableManager::Instance().GetVariable(input.nVariableId);
+        if (pInput && bFirst)
+            SetKind(pInput->GetKind());
+        if (pInput && GetLocation() == LocationNone)
+            SetLocation(pInput->GetLocation());
+        bFirst = false;
+    }
+}
+
+QString CExpressionVariable::GetExpressionText(bool bSimulations, bool bTimes) const
+{
+    return FormulaText::ShowReferences(m_sText, GetInputs(), Referenced, {bSimulations, bTimes});
+}
+
+void CExpressionVariable::ReplaceInput(qint64 nOldId, qint64 nNewId)
+{
+    for (const SVariableInput& input : GetInputs())
+        if (input.nVariableId == nOldId)
+            m_sText = FormulaText::ReplaceInput(m_sText, input, {nNewId, input.dTime});
+    IVariable::ReplaceInput(nOldId, nNewId);
+    Compile();
+}
+
+// As users see the text afterwards: what is left is read again without simulations and times, so a formula
+// with other references isn't valid any more, and one without is a constant.
+void CExpressionVariable::RemoveInput(qint64 nId)
+{
+    QVector<SVariableInput> inputs = GetInputs();
+    bool bFound = false;
+    for (int n = inputs.size() - 1; n >= 0; --n) {
+        if (inputs[n].nVariableId != nId)
+            continue;
+        m_sText = FormulaText::RemoveInput(m_sText, inputs[n]);
+        inputs.remove(n);
+        bFound = true;
+    }
+    if (!bFound)
+        return;
+    SetInputs(inputs);
+    SetExpression(GetExpressionText(true, true), false, false);
+}
+
+double CExpressionVariable::EvaluateScalar(const double* pInputs, qint64 nCount, bool bVectors) const
+{
+    if (!m_pFormula || nCount != m_pFormula->GetInputCount())
+        return NO_VALUE;
+    if (!bVectors)
+        return m_pFormula->Evaluate({pInputs, size_t(nCount)});
+    return EvaluateVector(pInputs, nCount, true).x;
+}
+
+double CExpressionVariable::EvaluateScalarConstant() const
+{
+    // The values of constant inputs, from the bottom up.
+    std::vector<double> values;
+    for (const SVariableInput& input : GetInputs()) {
+        const IVariable* const pInput = CVariableManager::Instance().GetVariable(input.nVariableId);
+        values.push_back(pInput ? pInput->EvaluateScalarConstant() : 0.0);
+    }
+    return EvaluateScalar(values.data(), qint64(values.size()), false);
+}
+
+DVector3D CExpressionVariable::EvaluateVector(const double* pInputs, qint64 nCount, bool bVectors) const
+{
+    if (!bVectors) {
+        const double dValue = EvaluateScalar(pInputs, nCount, false);
+        return {dValue, dValue, dValue};
+    }
+    if (!m_pFormula || nCount != m_pFormula->GetInputCount())
+        return {NO_VALUE, NO_VALUE, NO_VALUE};
+    DVector3D result;
+    std::vector<double> values(nCount);
+    for (int nComponent = 0; nComponent < 3; ++nComponent) {
+        for (qint64 n = 0; n < nCount; ++n)
+            values[n] = pInputs[3 * n + nComponent];
+        result[nComponent] = m_pFormula->Evaluate(values);
+    }
+    return result;
+}
+
+DVector3D CExpressionVariable::EvaluateVectorConstant() const
+{
+    const double dValue = EvaluateScalarConstant();
+    return {dValue, dValue, dValue};
+}
