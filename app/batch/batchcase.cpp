@@ -1,0 +1,98 @@
+#include "app/batch/batchcase.h"
+
+#include "data/variables/expressionvariable.h"
+#include "data/variables/variablemanager.h"
+
+QVector<SBatchOption> CaseOptions()
+{
+    return {{"--grid", "FILE", false, "Plot3D grid file"},
+            {"--q", "FILE", true, "Q file; several are the levels of a series"},
+            {"--function", "FILE", true, "function file"},
+            {"--define", "NAME=FORMULA", true, "a variable over others: \"twice=2 * <P[Q]>\""},
+            {"--variable", "NAME", true, "what to tell; ? lists the names"},
+            {"--block", "N", true, "block number, from 1; all without it"},
+            {"--timings", "FILE", false, "writes seconds by stage and the peak of memory as JSON"}};
+}
+
+CBatchCase::~CBatchCase() { RemoveCaseData(SIMULATION); }
+
+CBatchCase::Status_e CBatchCase::Fail(Status_e eStatus, const QString& sError)
+{
+    m_sError = sError;
+    return eStatus;
+}
+
+CBatchCase::Status_e CBatchCase::Open(const CBatchOptions& options)
+{
+    if (!options.Has("--grid"))
+        return Fail(CaseUsage, "--grid is missing");
+    m_case = RegisterPlot3DCase(SIMULATION,
+                                {options.First("--grid"), options.All("--q"), options.All("--function")});
+    if (!m_case.sError.isEmpty())
+        return Fail(CaseFailed, m_case.sError);
+    for (const QString& sDefinition : options.All("--define"))
+        if (const Status_e eStatus = Define(sDefinition); eStatus != CaseOk)
+            return eStatus;
+    if (const Status_e eStatus = ChooseBlocks(options.All("--block")); eStatus != CaseOk)
+        return eStatus;
+    return ChooseVariables(options.All("--variable"));
+}
+
+QStringList CBatchCase::VariableNames() const
+{
+    QStringList sNameList;
+    for (const qint64 nId : CVariableManager::Instance().ListVariables(SIMULATION, false))
+        sNameList << CVariableManager::Instance().GetVariable(nId)->GetName();
+    return sNameList;
+}
+
+CBatchCase::Status_e CBatchCase::Define(const QString& sDefinition)
+{
+    CVariableManager& manager = CVariableManager::Instance();
+    const int nEqual = sDefinition.indexOf('=');
+    const QString sName = sDefinition.left(nEqual).trimmed();
+    if (nEqual < 0)
+        return Fail(CaseUsage, QString("--define needs NAME=FORMULA, not '%1'").arg(sDefinition));
+    if (!manager.IsNameValid(-1, sName, SIMULATION, LocationNode))
+        return Fail(CaseUsage, QString("the name '%1' is not valid or already in use").arg(sName));
+    auto* const pVariable = new CExpressionVariable(SIMULATION, true);
+    pVariable->SetName(sName);
+    pVariable->SetScope(manager.ListVariables(SIMULATION, false));
+    const QString sFormula = sDefinition.mid(nEqual + 1);
+    if (!pVariable->SetExpression(sFormula, false, true))
+        return Fail(CaseUsage, QString("the formula of '%1' has an error at character %2 of '%3'")
+                                   .arg(sName)
+                                   .arg(pVariable->GetErrorPosition())
+                                   .arg(sFormula));
+    return CaseOk;
+}
+
+CBatchCase::Status_e CBatchCase::ChooseVariables(const QStringList& sNameList)
+{
+    const CVariableManager& manager = CVariableManager::Instance();
+    for (const QString& sName : sNameList) {
+        if (sName == "?")
+            continue;
+        qint64 nId = manager.FindByName(SIMULATION, sName, LocationNode);
+        if (nId == -1)
+            nId = manager.FindByName(SIMULATION, sName, LocationNone);
+        if (nId == -1)
+            return Fail(CaseUsage, QString("there is no variable '%1'; --variable ? lists them").arg(sName));
+        m_variables.append(nId);
+    }
+    return CaseOk;
+}
+
+CBatchCase::Status_e CBatchCase::ChooseBlocks(const QStringList& sNumberList)
+{
+    for (const QString& sNumber : sNumberList) {
+        bool bNumber = false;
+        const qint64 nBlock = sNumber.toLongLong(&bNumber);
+        if (!bNumber || nBlock < 1 || nBlock > m_case.blocks.size())
+            return Fail(CaseUsage, QString("there is no block '%1'; the grid has %2").arg(sNumber).arg(m_case.blocks.size()));
+        m_blocks.append(nBlock);
+    }
+    for (qint64 nBlock = 1; sNumberList.isEmpty() && nBlock <= m_case.blocks.size(); ++nBlock)
+        m_blocks.append(nBlock);
+    return CaseOk;
+}

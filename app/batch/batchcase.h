@@ -1,0 +1,43 @@
+#pragma once
+
+#include "app/batch/batchoptions.h"
+#include "data/plot3dcase.h"
+#include "data/variables/ivariable.h"
+
+/** The options that name the files, variables and blocks of a case: --grid, --q, --function, --define ... */
+QVector<SBatchOption> CaseOptions();
+
+/**
+ * The case of a call, registered for its lifetime: files, formulas of the user, the variables and blocks that
+ * were asked for.
+ */
+class CBatchCase
+{
+public:
+    static constexpr qint64 SIMULATION = 1;
+
+    ~CBatchCase();
+
+    enum Status_e { CaseOk, CaseUsage, CaseFailed };
+    /** Opens the case; on failure GetError tells in one line. */
+    Status_e Open(const CBatchOptions& options);
+    const QString& GetError() const { return m_sError; }
+
+    const SPlot3DCase& GetCase() const { return m_case; }
+    const QVector<qint64>& GetVariables() const { return m_variables; }
+    /** One-based block numbers: those asked for, or all. */
+    const QVector<qint64>& GetBlocks() const { return m_blocks; }
+    /** The names of all variables that the case offers. */
+    QStringList VariableNames() const;
+
+private:
+    Status_e Fail(Status_e eStatus, const QString& sError);
+    Status_e Define(const QString& sDefinition);
+    Status_e ChooseVariables(const QStringList& sNameList);
+    Status_e ChooseBlocks(const QStringList& sNumberList);
+
+    QString m_sError;
+    SPlot3DCase m_case;
+    QVector<qint64> m_variables;
+    QVector<qint64> m_blocks;
+};

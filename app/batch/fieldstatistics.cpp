@@ -1,0 +1,60 @@
+#include "app/batch/fieldstatistics.h"
+
+#include "data/blockslices.h"
+
+#include <vector>
+
+namespace {
+
+/** The values of a part, or the magnitudes of its vectors. */
+void Fill(const IStructredSolution& field, const SIJKRange& part, bool bVector, std::vector<double>& values)
+{
+    const qint64 nCount = part.Count();
+    values.resize(bVector ? 3 * nCount : nCount);
+    const std::span<double> all(values);
+    if (!bVector) {
+        field.FillValues(part, all);
+        return;
+    }
+    const SPointBuffers vectors{all.first(nCount), all.subspan(nCount, nCount), all.subspan(2 * nCount, nCount)};
+    field.FillVectors(part, vectors);
+    for (qint64 n = 0; n < nCount; ++n) {
+        const DVector3D vector{vectors.x[n], vectors.y[n], vectors.z[n]};
+        const bool bAll = IsFieldValue(vector.x) && IsFieldValue(vector.y) && IsFieldValue(vector.z);
+        values[n] = bAll ? Length(vector) : NO_VALUE;
+    }
+}
+
+} // namespace
+
+SFieldStatistics ComputeStatistics(const IStructredSolution& field, const IStructredSolution* pHoles, bool bVector)
+{
+    SFieldStatistics result;
+    const SBlockShape shape = field.GetShape();
+    result.nPoints = shape.PointCount();
+    std::vector<double> values, holes;
+    double dSum = 0.0;
+    ForEachSlice(shape.Range(), [&](const SIJKRange& part) {
+        Fill(field, part, bVector, values);
+        if (pHoles)
+            Fill(*pHoles, part, false, holes);
+        const SBlockShape slice{part.Extent(), part.min};
+        for (qint64 n = 0; n < part.Count(); ++n) {
+            if (!IsFieldValue(values[n]) || (pHoles && holes[n] == 0.0))
+                continue;
+            if (result.nCounted == 0 || values[n] < result.dMin) {
+                result.dMin = values[n];
+                result.minAt = slice.Address(n);
+            }
+            if (result.nCounted == 0 || values[n] > result.dMax) {
+                result.dMax = values[n];
+                result.maxAt = slice.Address(n);
+            }
+            dSum += values[n];
+            ++result.nCounted;
+        }
+    });
+    if (result.nCounted > 0)
+        result.dMean = dSum / double(result.nCounted);
+    return result;
+}

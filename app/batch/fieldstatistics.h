@@ -1,0 +1,18 @@
+#pragma once
+
+#include "data/solutions/istructredsolution.h"
+
+/** What a field holds over one block; for a vector, of its magnitude. */
+struct SFieldStatistics
+{
+    qint64 nPoints = 0;  ///< all points of the block
+    qint64 nCounted = 0; ///< those with a value that aren't blanked; the rest below is over them
+    double dMin = 0.0;
+    double dMax = 0.0;
+    double dMean = 0.0;
+    IVector3D minAt; ///< the first in the order of flat indices
+    IVector3D maxAt;
+};
+
+/** @param pHoles  0.0 marks a blanked point; may be null */
+SFieldStatistics ComputeStatistics(const IStructredSolution& field, const IStructredSolution* pHoles, bool bVector);
