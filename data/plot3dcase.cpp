@@ -18,7 +18,8 @@ QStringList VariableNames(const SPlot3DFile& file, qint64 nFunctionFile)
 {
     switch (file.eKind) {
     case KindQ:
-        return file.layout.bIs3D ? QStringList{"R", "RU", "RV", "RW", "RE"} : QStringList{"R", "RU", "RV", "RE"};
+        return file.layout.bIs3D ? QStringList{"R", "RU", "RV", "RW", "RE"}
+                                 : QStringList{"R", "RU", "RV", "RE"};
     case KindXyz:
     case KindXyzb:
         return {"X", "Y", "Z", "Hole"};
@@ -46,8 +47,8 @@ qint64 FileVariable(qint64 nSimulationId, const QString& sName)
 }
 
 /** Registers all variables of a file for all blocks at a time. */
-void RegisterFields(qint64 nSimulationId, const QString& sFileName, const SPlot3DFile& file, qint64 nFunctionFile,
-                    double dTime)
+void RegisterFields(qint64 nSimulationId, const QString& sFileName, const SPlot3DFile& file,
+                    qint64 nFunctionFile, double dTime)
 {
     const QStringList sNameList = VariableNames(file, nFunctionFile);
     const bool bCoordinates = file.eKind == KindXyz || file.eKind == KindXyzb;

@@ -21,18 +21,12 @@ QString HelpText(std::span<const SBatchCommand> commands)
     return sText;
 }
 
-int Fail(const QString& sProblem)
-{
-    std::fprintf(stderr, "zento-batch: %s; see zento-batch --help\n", qPrintable(sProblem));
-    return BatchUsage;
-}
-
 } // namespace
 
 int RunBatch(const QStringList& sArgumentList, std::span<const SBatchCommand> commands)
 {
     if (sArgumentList.isEmpty())
-        return Fail("no command");
+        return BatchError(BatchUsage, "no command; see zento-batch --help");
     const QString sName = sArgumentList.first();
     if (sName == "--help" || sName == "-h") {
         std::fputs(qPrintable(HelpText(commands)), stdout);
@@ -45,5 +39,11 @@ int RunBatch(const QStringList& sArgumentList, std::span<const SBatchCommand> co
     for (const SBatchCommand& command : commands)
         if (sName == command.sName)
             return command.Run(sArgumentList.mid(1));
-    return Fail(QString("unknown command '%1'").arg(sName));
+    return BatchError(BatchUsage, QString("unknown command '%1'; see zento-batch --help").arg(sName));
+}
+
+int BatchError(BatchStatus_e eStatus, const QString& sProblem)
+{
+    std::fprintf(stderr, "zento-batch: %s\n", qPrintable(sProblem));
+    return eStatus;
 }

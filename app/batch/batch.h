@@ -27,3 +27,6 @@ struct SBatchCommand
  * @param sArgumentList  without the program's name
  */
 int RunBatch(const QStringList& sArgumentList, std::span<const SBatchCommand> commands);
+
+/** Says the problem in one line on standard error and gives the status. */
+int BatchError(BatchStatus_e eStatus, const QString& sProblem);

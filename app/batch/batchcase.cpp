@@ -1,7 +1,10 @@
 #include "app/batch/batchcase.h"
 
+#include "app/batch/batch.h"
 #include "data/variables/expressionvariable.h"
 #include "data/variables/variablemanager.h"
+
+#include <cstdio>
 
 QVector<SBatchOption> CaseOptions()
 {
@@ -89,10 +92,19 @@ CBatchCase::Status_e CBatchCase::ChooseBlocks(const QStringList& sNumberList)
         bool bNumber = false;
         const qint64 nBlock = sNumber.toLongLong(&bNumber);
         if (!bNumber || nBlock < 1 || nBlock > m_case.blocks.size())
-            return Fail(CaseUsage, QString("there is no block '%1'; the grid has %2").arg(sNumber).arg(m_case.blocks.size()));
+            return Fail(
+                CaseUsage,
+                QString("there is no block '%1'; the grid has %2").arg(sNumber).arg(m_case.blocks.size()));
         m_blocks.append(nBlock);
     }
     for (qint64 nBlock = 1; sNumberList.isEmpty() && nBlock <= m_case.blocks.size(); ++nBlock)
         m_blocks.append(nBlock);
     return CaseOk;
+}
+
+int ListVariableNames(const CBatchCase& batchCase)
+{
+    for (const QString& sName : batchCase.VariableNames())
+        std::printf("%s\n", qPrintable(sName));
+    return BatchOk;
 }

@@ -41,3 +41,6 @@ private:
     QVector<qint64> m_variables;
     QVector<qint64> m_blocks;
 };
+
+/** Prints the names of all variables of the case, one on a line; gives BatchOk. */
+int ListVariableNames(const CBatchCase& batchCase);

@@ -26,9 +26,10 @@ QString HelpOf(const char* sCommand, const char* sSummary, const QVector<SBatchO
 {
     QString sText = QString("usage: zento-batch %1 OPTION...\n\n%2\n\n").arg(sCommand, sSummary);
     for (const SBatchOption& option : options) {
-        const QString sForm = option.sArgument ? QString("%1 %2").arg(option.sName, option.sArgument)
-                                               : QString(option.sName);
-        sText += QString("  %1  %2%3\n").arg(sForm, -22).arg(option.sHelp, option.bRepeats ? " (repeats)" : "");
+        const QString sForm =
+            option.sArgument ? QString("%1 %2").arg(option.sName, option.sArgument) : QString(option.sName);
+        sText +=
+            QString("  %1  %2%3\n").arg(sForm, -22).arg(option.sHelp, option.bRepeats ? " (repeats)" : "");
     }
     return sText;
 }

@@ -16,7 +16,8 @@ void Fill(const IStructredSolution& field, const SIJKRange& part, bool bVector, 
         field.FillValues(part, all);
         return;
     }
-    const SPointBuffers vectors{all.first(nCount), all.subspan(nCount, nCount), all.subspan(2 * nCount, nCount)};
+    const SPointBuffers vectors{all.first(nCount), all.subspan(nCount, nCount),
+                                all.subspan(2 * nCount, nCount)};
     field.FillVectors(part, vectors);
     for (qint64 n = 0; n < nCount; ++n) {
         const DVector3D vector{vectors.x[n], vectors.y[n], vectors.z[n]};
@@ -27,7 +28,8 @@ void Fill(const IStructredSolution& field, const SIJKRange& part, bool bVector, 
 
 } // namespace
 
-SFieldStatistics ComputeStatistics(const IStructredSolution& field, const IStructredSolution* pHoles, bool bVector)
+SFieldStatistics ComputeStatistics(const IStructredSolution& field, const IStructredSolution* pHoles,
+                                   bool bVector)
 {
     SFieldStatistics result;
     const SBlockShape shape = field.GetShape();

@@ -15,4 +15,5 @@ struct SFieldStatistics
 };
 
 /** @param pHoles  0.0 marks a blanked point; may be null */
-SFieldStatistics ComputeStatistics(const IStructredSolution& field, const IStructredSolution* pHoles, bool bVector);
+SFieldStatistics ComputeStatistics(const IStructredSolution& field, const IStructredSolution* pHoles,
+                                   bool bVector);

@@ -13,7 +13,8 @@
 
 namespace {
 
-const char* const SUMMARY = "Identifies grid and solution files by their sizes and tells what their headers say, as JSON.";
+const char* const SUMMARY =
+    "Identifies grid and solution files by their sizes and tells what their headers say, as JSON.";
 
 QVector<SBatchOption> Options()
 {

@@ -27,6 +27,7 @@ public:
     void Value(const IVector3D& vector);
     void Value(const DVector3D& vector);
     void Null() { Plain("null"); }
+    void Raw(const QByteArray& json) { Plain(json); } ///< text that another writer made
     template <class T> void Member(const char* sKey, const T& value)
     {
         Key(sKey);
@@ -42,6 +43,6 @@ private:
     void Close(char c);
 
     QByteArray m_text;
-    bool m_bFirst = true;    // no value yet at this level
+    bool m_bFirst = true; // no value yet at this level
     bool m_bAfterKey = false;
 };

@@ -6,7 +6,10 @@
 
 #include <sys/resource.h>
 
-void CTimings::EndStage(const char* sName) { m_stages.append({sName, m_timer.nsecsElapsed() * 1e-9}), m_timer.restart(); }
+void CTimings::EndStage(const char* sName)
+{
+    m_stages.append({sName, m_timer.nsecsElapsed() * 1e-9}), m_timer.restart();
+}
 
 bool CTimings::Write(const QString& sFileName) const
 {

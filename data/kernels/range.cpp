@@ -109,7 +109,7 @@ template <class Real> qint64 FirstPlace(std::span<const Real> values, size_t nBe
 }
 
 /** The range of a piece. Places are looked for at the end, in the first run that has the extreme. */
-template <class Real> SValueRange FindInPiece(std::span<const Real> values)
+template <class Real> SPlacedRange FindInPiece(std::span<const Real> values)
 {
     SExtremes<Real> best;
     size_t nMinRun = 0;
@@ -120,7 +120,7 @@ template <class Real> SValueRange FindInPiece(std::span<const Real> values)
         nMaxRun = run.max > best.max ? nBegin : nMaxRun;
         best.Add(run.min, run.max);
     }
-    SValueRange range;
+    SPlacedRange range;
     if (best.IsEmpty())
         return range;
     range.nMinIndex = FirstPlace(values, nMinRun, best.min);
@@ -134,9 +134,9 @@ template <class Real> SValueRange FindInPiece(std::span<const Real> values)
 
 template <class Real> bool IsCounted(Real value) { return std::isfinite(value) && value != Real(NO_VALUE); }
 
-SValueRange JoinRanges(const SValueRange& first, const SValueRange& second, qint64 nSecondBegin)
+SPlacedRange JoinRanges(const SPlacedRange& first, const SPlacedRange& second, qint64 nSecondBegin)
 {
-    SValueRange joined = first;
+    SPlacedRange joined = first;
     if (second.IsEmpty())
         return joined;
     if (first.IsEmpty() || second.dMin < first.dMin) {
@@ -150,13 +150,13 @@ SValueRange JoinRanges(const SValueRange& first, const SValueRange& second, qint
     return joined;
 }
 
-template <class Real> SValueRange FindRange(std::span<const Real> values)
+template <class Real> SPlacedRange FindRange(std::span<const Real> values)
 {
-    std::vector<SValueRange> pieces((values.size() + PIECE_COUNT - 1) / PIECE_COUNT);
+    std::vector<SPlacedRange> pieces((values.size() + PIECE_COUNT - 1) / PIECE_COUNT);
     RunRanges(qint64(values.size()), PIECE_COUNT, [&](qint64 nPiece, qint64 nBegin, qint64 nEnd) {
         pieces[nPiece] = FindInPiece(values.subspan(nBegin, nEnd - nBegin));
     });
-    SValueRange range;
+    SPlacedRange range;
     for (size_t n = 0; n < pieces.size(); ++n)
         range = JoinRanges(range, pieces[n], qint64(n) * PIECE_COUNT);
     return range;
@@ -164,5 +164,5 @@ template <class Real> SValueRange FindRange(std::span<const Real> values)
 
 template bool IsCounted(float);
 template bool IsCounted(double);
-template SValueRange FindRange(std::span<const float>);
-template SValueRange FindRange(std::span<const double>);
+template SPlacedRange FindRange(std::span<const float>);
+template SPlacedRange FindRange(std::span<const double>);

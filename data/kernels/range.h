@@ -6,7 +6,7 @@
 #include <span>
 
 /** Least and greatest value of a field, and where the first of each stands. */
-struct SValueRange
+struct SPlacedRange
 {
     double dMin = std::numeric_limits<double>::max();    ///< as it is here: no value counted
     double dMax = std::numeric_limits<double>::lowest(); ///< the same
@@ -15,7 +15,7 @@ struct SValueRange
 
     bool IsEmpty() const { return nMinIndex < 0; }
 
-    friend bool operator==(const SValueRange&, const SValueRange&) = default;
+    friend bool operator==(const SPlacedRange&, const SPlacedRange&) = default;
 };
 
 /** True for what counts in a range: all but NO_VALUE, infinities and NaN. */
@@ -28,10 +28,10 @@ template <class Real> bool IsCounted(Real value);
  * @param Real  float or double
  * @note  fans out over the global thread pool; may be called from any thread
  */
-template <class Real> SValueRange FindRange(std::span<const Real> values);
+template <class Real> SPlacedRange FindRange(std::span<const Real> values);
 
 /**
  * The range of two fields that follow each other, the second from index nSecondBegin on. Joining in order
  * gives the same as one scan.
  */
-SValueRange JoinRanges(const SValueRange& first, const SValueRange& second, qint64 nSecondBegin);
+SPlacedRange JoinRanges(const SPlacedRange& first, const SPlacedRange& second, qint64 nSecondBegin);

@@ -108,7 +108,7 @@ protected:
         return bGrid ? DetectPlot3DGrid(sPath) : DetectPlot3DSolution(sPath);
     }
 
-    template <class Real> SValueRange BlockRange(const SPlot3DFile& file, qint64 nBlock, int nArray)
+    template <class Real> SPlacedRange BlockRange(const SPlot3DFile& file, qint64 nBlock, int nArray)
     {
         const SPointRun run = WholeRun(file.blocks[nBlock]);
         std::array<std::vector<Real>, 3> arrays;
@@ -123,9 +123,9 @@ protected:
     }
 
     /** Over all blocks; the indices mean nothing. */
-    SValueRange Range(const SPlot3DFile& file, int nArray)
+    SPlacedRange Range(const SPlot3DFile& file, int nArray)
     {
-        SValueRange all;
+        SPlacedRange all;
         for (qint64 n = 0; n < file.blocks.size(); ++n)
             all = JoinRanges(all,
                              file.layout.nRealSize == 8 ? BlockRange<double>(file, n, nArray)
@@ -154,10 +154,10 @@ TEST_F(Plot3DSamples, HaveTheCodesSizesAndRangesThatOthersFound)
         EXPECT_EQ(file.layout.bIsSwapped, sample.bSwapped);
         EXPECT_EQ(file.layout.nIntSize, 4);
         EXPECT_EQ(BlockDimensions(file), sample.sizes);
-        const SValueRange first = Range(file, 0);
+        const SPlacedRange first = Range(file, 0);
         ExpectNear(first.dMin, sample.dFirstMin);
         ExpectNear(first.dMax, sample.dFirstMax);
-        const SValueRange last = Range(file, file.blocks[0].nVariables - 1);
+        const SPlacedRange last = Range(file, file.blocks[0].nVariables - 1);
         ExpectNear(last.dMin, sample.dLastMin);
         ExpectNear(last.dMax, sample.dLastMax);
     }

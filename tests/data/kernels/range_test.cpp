@@ -8,15 +8,15 @@
 
 namespace {
 
-template <class Real> SValueRange RangeOf(const std::vector<Real>& values)
+template <class Real> SPlacedRange RangeOf(const std::vector<Real>& values)
 {
     return FindRange(std::span<const Real>(values));
 }
 
 /** As it is defined, one value after the other. */
-template <class Real> SValueRange SlowRange(const std::vector<Real>& values)
+template <class Real> SPlacedRange SlowRange(const std::vector<Real>& values)
 {
-    SValueRange range;
+    SPlacedRange range;
     for (size_t n = 0; n < values.size(); ++n) {
         const double d = values[n];
         if (!std::isfinite(d) || d == NO_VALUE)
@@ -76,11 +76,11 @@ TEST(Range, TheFirstOfEqualExtremesIsToldWithAnyNumberOfThreads)
 TEST(Range, WhatDoesntCountIsNeverAnExtreme)
 {
     EXPECT_EQ(RangeOf<double>({NAN_VALUE, NO_VALUE, 3.0, INF, -INF, -2.0, NAN_VALUE}),
-              (SValueRange{-2.0, 3.0, 5, 2}));
-    EXPECT_EQ(RangeOf<float>({float(NO_VALUE), 5.0F}), (SValueRange{5.0, 5.0, 1, 1}));
-    EXPECT_EQ(RangeOf<double>({999999.5, NO_VALUE, 999998.0}), (SValueRange{999998.0, 999999.5, 2, 0}));
+              (SPlacedRange{-2.0, 3.0, 5, 2}));
+    EXPECT_EQ(RangeOf<float>({float(NO_VALUE), 5.0F}), (SPlacedRange{5.0, 5.0, 1, 1}));
+    EXPECT_EQ(RangeOf<double>({999999.5, NO_VALUE, 999998.0}), (SPlacedRange{999998.0, 999999.5, 2, 0}));
     const double dLargest = std::numeric_limits<double>::max();
-    EXPECT_EQ(RangeOf<double>({dLargest, -dLargest}), (SValueRange{-dLargest, dLargest, 1, 0}));
+    EXPECT_EQ(RangeOf<double>({dLargest, -dLargest}), (SPlacedRange{-dLargest, dLargest, 1, 0}));
 }
 
 TEST(Range, WithoutAValueItIsEmpty)
@@ -94,7 +94,7 @@ TEST(Range, ZerosOfBothSignsAreEqual)
 {
     std::vector<double> values(100, 0.0);
     values[0] = -0.0;
-    const SValueRange range = RangeOf(values);
+    const SPlacedRange range = RangeOf(values);
     EXPECT_EQ(range.nMinIndex, 0);
     EXPECT_EQ(range.nMaxIndex, 0);
     EXPECT_TRUE(std::signbit(range.dMax)); // the one that stands there

@@ -1,0 +1,158 @@
+#include "data/grids/gridpack.h"
+#include "data/grids/interpgrid.h"
+#include "frame/memorymanager.h"
+#include "tests/support/plot3dcasefixture.h"
+
+#include <QFile>
+
+#include <thread>
+
+using Plot3DFixture::Blocks;
+using Plot3DFixture::Value;
+
+namespace {
+
+class Managers : public Plot3DCaseFixture
+{
+protected:
+    ~Managers() override { CMemoryManager::Instance().SetLimit(0); }
+
+    /** Registers block 0 of a file as item 1. */
+    qint64 Add(const QString& sFileName, double dTime, const IVector3D& size,
+               const IVector3D& start = {1, 1, 1}, qint64 nItemId = 1, qint64 nBlock = 0)
+    {
+        return m_grids.AddGrid(SIMULATION, nItemId, -1, {sFileName, nBlock, size, start}, dTime);
+    }
+    CGridManager& m_grids = CGridManager::Instance();
+};
+
+} // namespace
+
+TEST_F(Managers, AGridLoadsAtItsFirstPointAndStaysWhileItIsHeld)
+{
+    OpenTwoBlocks();
+    CMemoryManager& memory = CMemoryManager::Instance();
+    const qint64 nBefore = memory.GetTotalBytes();
+    auto pGrid = Grid(2);
+    ASSERT_TRUE(pGrid);
+    EXPECT_EQ(memory.GetTotalBytes(), nBefore) << "nothing is read ahead of use";
+    EXPECT_EQ(pGrid->GetPoint(2, 1, 1), (DVector3D{Value(1, 0, 1), Value(1, 1, 1), Value(1, 2, 1)}));
+    EXPECT_EQ(memory.GetTotalBytes(), nBefore + 27 * 24);
+    memory.FreeAll();
+    EXPECT_EQ(memory.GetTotalBytes(), nBefore + 27 * 24) << "held";
+    pGrid.reset();
+    memory.FreeAll();
+    EXPECT_EQ(memory.GetTotalBytes(), nBefore);
+    EXPECT_EQ(Grid(2)->GetPoint(3, 3, 3), (DVector3D{Value(1, 0, 26), Value(1, 1, 26), Value(1, 2, 26)}))
+        << "loaded anew";
+}
+
+TEST_F(Managers, TimesBetweenLevelsAreBlendedAndAnEqualTimeReplaces)
+{
+    const QString sFirst = Write("a.x", 4, KindGrid, Blocks({{2, 2, 2}}));
+    const QString sSecond = Write("b.x", 4, KindGrid, Blocks({{3, 3, 3}, {2, 2, 2}}));
+    Add(sFirst, 1.0, {2, 2, 2});
+    Add(sSecond, 3.0, {2, 2, 2}, {1, 1, 1}, 1, 1);
+    {
+        const auto pGrid = Grid(1, 1.5);
+        ASSERT_TRUE(dynamic_cast<CInterpGrid*>(pGrid.get()));
+        EXPECT_EQ(pGrid->GetPoint(2, 1, 1).x, 0.75 * Value(0, 0, 1) + 0.25 * Value(1, 0, 1));
+    }
+    EXPECT_EQ(Grid(1, 99.0)->GetPoint(1, 1, 1).x, Value(1, 0, 0));
+    EXPECT_EQ(Grid(1)->GetPoint(1, 1, 1).x, Value(0, 0, 0)) << "no time: the first level";
+    EXPECT_EQ(m_grids.GetTimes(SIMULATION, 1), QVector<double>({1.0, 3.0}));
+    EXPECT_FALSE(m_grids.GetGridAtTime(SIMULATION, 1, -1, 2.0));
+
+    auto pHeld = Grid(1, 3.0);
+    Add(sFirst, 3.0, {2, 2, 2});
+    EXPECT_EQ(m_grids.CountGrids(), 3) << "the replaced one is still held";
+    EXPECT_EQ(pHeld->GetPoint(1, 1, 1).x, Value(1, 0, 0));
+    pHeld.reset();
+    EXPECT_EQ(m_grids.CountGrids(), 2);
+    EXPECT_EQ(Grid(1, 3.0)->GetPoint(1, 1, 1).x, Value(0, 0, 0));
+}
+
+TEST_F(Managers, SubBoxesOfAnItemAreSeenAsOneWithItsGaps)
+{
+    const QString sFile = Write("a.x", 2, KindGrid, Blocks({{2, 2, 2}, {3, 2, 2}}));
+    Add(sFile, -1.0, {2, 2, 2});
+    Add(sFile, -1.0, {3, 2, 2}, {4, 1, 1}, 1, 1);
+    const auto pGrid = Grid(1);
+    ASSERT_TRUE(dynamic_cast<CGridPack*>(pGrid.get()));
+    EXPECT_EQ(pGrid->GetDimensions(), (IVector3D{6, 2, 2}));
+    EXPECT_FALSE(pGrid->HasPoint({3, 1, 1}));
+    EXPECT_TRUE(pGrid->IsInRange(3, 1, 1));
+    EXPECT_EQ(pGrid->GetPoint(3, 1, 1), DVector3D());
+    EXPECT_EQ(pGrid->GetPoint(5, 1, 1).x, Value(1, 0, 1));
+}
+
+TEST_F(Managers, FlipsAndTransformsAreOfAnItem)
+{
+    const QString sFile = Write("a.x", 2, KindGrid, Blocks({{3, 2, 2}, {3, 2, 2}}));
+    Add(sFile, -1.0, {3, 2, 2});
+    Add(sFile, -1.0, {3, 2, 2}, {1, 1, 1}, 2, 1);
+    m_grids.FlipAxis(SIMULATION, 1, 0);
+    EXPECT_EQ(Grid(1)->GetPoint(1, 1, 1).x, Value(0, 0, 2));
+    EXPECT_EQ(Grid(2)->GetPoint(1, 1, 1).x, Value(1, 0, 0));
+    m_grids.SetTransform(SIMULATION, 1, STransform(DMatrix4x4::Translation({100, 0, 0})));
+    EXPECT_EQ(Grid(1)->GetPoint(1, 1, 1).x, Value(0, 0, 2)) << "a common transform is left to the caller";
+    EXPECT_EQ(m_grids.GetTransform(SIMULATION, 1, -1.0).Matrix()(0, 3), 100.0);
+    const auto pAll = CGridManager::Instance().GetGrid(SIMULATION, -1, -1, -1.0);
+    EXPECT_EQ(pAll->GetPoint(1, 1, 1).x, Value(0, 0, 2) + 100.0) << "each block keeps its own";
+}
+
+TEST_F(Managers, AFileThatCannotBeIdentifiedGivesZerosAndACorrectedSizeIsLoadedAtTheNextAccess)
+{
+    const QString sFile = Write("a.x", 2, KindGrid, Blocks({{3, 2, 2}}));
+    Add(m_folder.filePath("missing.x"), -1.0, {4, 4, 4});
+    const auto pMissing = Grid(1);
+    ASSERT_TRUE(pMissing);
+    EXPECT_EQ(pMissing->GetPoint(1, 1, 1), DVector3D());
+    EXPECT_EQ(pMissing->GetPointCount(), 64);
+    EXPECT_EQ(pMissing->GetGridKind(), GridKindUnknown);
+
+    Add(sFile, -1.0, {9, 9, 9}, {1, 1, 1}, 2); // registered with another size than the file has
+    const auto pOther = Grid(2);
+    EXPECT_EQ(pOther->GetPoint(1, 1, 1), DVector3D());
+    EXPECT_EQ(pOther->GetDimensions(), (IVector3D{3, 2, 2}));
+    EXPECT_EQ(pOther->GetPoint(1, 1, 1).x, Value(0, 0, 0));
+}
+
+TEST_F(Managers, FieldsAreFoundByVariableItemAndTime)
+{
+    OpenTwoBlocks();
+    EXPECT_EQ(Field("RU", 2)->GetValue(IVector3D{2, 1, 1}), Value(1, 1, 1));
+    EXPECT_EQ(Field("X", 1)->GetValue(IVector3D{2, 1, 1}), Value(0, 0, 1));
+    EXPECT_EQ(Field("RE", 2)->GetValue(IVector3D{9, 9, 9}), Value(1, 4, 26)) << "outside: the nearest value";
+    EXPECT_EQ(Field("RE", 2)->GetValue(IVector3D{0, 1, 1}), Value(1, 4, 0));
+    EXPECT_FALSE(Field("RU", 3)) << "no such item";
+    EXPECT_FALSE(CSolutionManager::Instance().GetSolution(Id("RU"), 2, 1, -1, -1.0))
+        << "another simulation's";
+    for (qint64 n = 0; n < 27; ++n)
+        EXPECT_EQ(Field("Hole", 2)->GetValue(n), Plot3DFixture::Blank(1, n) != 0) << n;
+}
+
+TEST_F(Managers, ManyThreadsUnderASmallLimitReadTheRightValues)
+{
+    OpenTwoBlocks();
+    CMemoryManager::Instance().SetLimit(2000); // below what the two blocks take
+    std::vector<std::thread> threads;
+    std::atomic<int> nWrong = 0;
+    for (int nThread = 0; nThread < 4; ++nThread) {
+        threads.emplace_back([&, nThread] {
+            for (int n = 0; n < 200; ++n) {
+                const qint64 nItem = 1 + (n + nThread) % 2;
+                const auto pGrid = CGridManager::Instance().GetGrid(SIMULATION, nItem, -1, -1.0);
+                const qint64 nVariable =
+                    CVariableManager::Instance().FindByName(SIMULATION, n % 3 ? "RE" : "R", LocationNode);
+                const auto pField =
+                    CSolutionManager::Instance().GetSolution(nVariable, SIMULATION, nItem, -1, -1.0);
+                nWrong += pGrid->GetPoint(qint64(n % 27)).y != Value(nItem - 1, 1, n % 27);
+                nWrong += pField->GetValue(qint64(n % 27)) != Value(nItem - 1, n % 3 ? 4 : 0, n % 27);
+            }
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(nWrong, 0);
+}
