@@ -1,35 +1,11 @@
 #include "data/grids/grid.h"
 
 #include "data/grids/faceedges.h"
+#include "data/grids/gridslices.h"
 #include "data/grids/revolvedcopy.h"
 #include "data/grids/searchtree.h"
 
 #include <new>
-
-namespace {
-
-/** Calls visit(range, buffers) for slices of whole k planes of the block, in order. */
-template <class Visit> void ForEachSlice(const IGrid& grid, const SIJKRange& range, const Visit& visit)
-{
-    constexpr qint64 SLICE = 1 << 16; // points, about: small enough to stay in cache
-    const qint64 nPlane = range.Extent().i * range.Extent().j;
-    if (nPlane == 0)
-        return;
-    const qint64 nPlanes = std::max<qint64>(1, SLICE / nPlane);
-    std::vector<double> scratch(3 * nPlane * std::min(nPlanes, range.Extent().k));
-    for (qint64 k = range.min.k; k <= range.max.k; k += nPlanes) {
-        const SIJKRange part{{range.min.i, range.min.j, k},
-                             {range.max.i, range.max.j, std::min(range.max.k, k + nPlanes - 1)}};
-        const qint64 nCount = part.Count();
-        const std::span<double> all(scratch);
-        const SPointBuffers points{all.subspan(0, nCount), all.subspan(nCount, nCount),
-                                   all.subspan(2 * nCount, nCount)};
-        grid.FillPoints(part, points);
-        visit(part, points);
-    }
-}
-
-} // namespace
 
 CGrid::CGrid() = default;
 CGrid::~CGrid() = default;
@@ -45,8 +21,17 @@ void CGrid::Init(const QString& sFileName, qint64 nFileIndex, const IVector3D& d
 {
     m_sFileName = sFileName;
     m_nFileIndex = nFileIndex;
-    m_shape = {dimensions, start};
     m_bStructured = bStructured;
+    SetShape({dimensions, start});
+}
+
+void CGrid::SetShape(const SBlockShape& shape)
+{
+    if (shape == m_shape)
+        return;
+    m_shape = shape;
+    CGrid::ReleaseCoordinateCopies(); // not the derived one: this may run in a constructor
+    ForgetGeometry();
 }
 
 void CGrid::SetBoundaries(const QStringList& sNameList, const QVector<QVector<qint64>>& points)
@@ -71,11 +56,12 @@ template <class Real> const Real* CGrid::Copy(std::array<std::vector<Real>, 3>& 
         std::array<std::vector<Real>, 3> built;
         for (auto& axis : built)
             axis.reserve(GetPointCount());
-        ForEachSlice(*this, GetShape().Range(), [&](const SIJKRange&, const SPointBuffers& points) {
+        const auto append = [&](const SIJKRange&, const SPointBuffers& points) {
             for (int n = 0; n < 3; ++n)
                 for (const double dValue : points.Axis(n))
                     built[n].push_back(static_cast<Real>(dValue));
-        });
+        };
+        ForEachSlice(*this, GetShape().Range(), GapsAreZeros, append);
         copies = std::move(built);
     } catch (const std::bad_alloc&) {
         return nullptr;
@@ -112,11 +98,11 @@ IVector3D CGrid::GetMaximumLocation(int nAxis)
     return m_maximumLocations[nAxis];
 }
 
-// The first of equal extremes counts, in the order of flat indices.
+// The first of equal extremes counts, in the order of flat indices; gaps and NaN fail both comparisons.
 void CGrid::ComputeRanges()
 {
     m_ranges = {};
-    ForEachSlice(*this, GetShape().Range(), [&](const SIJKRange& part, const SPointBuffers& points) {
+    const auto scan = [&](const SIJKRange& part, const SPointBuffers& points) {
         const SBlockShape shape{part.Extent(), part.min};
         for (int nAxis = 0; nAxis < 3; ++nAxis) {
             const std::span<double> values = points.Axis(nAxis);
@@ -132,7 +118,8 @@ void CGrid::ComputeRanges()
                 }
             }
         }
-    });
+    };
+    ForEachSlice(*this, GetShape().Range(), GapsAreNaN, scan);
 }
 
 bool CGrid::BuildRevolvedCoordinates(int nAxis, qint64 nSectors, bool bDouble)
@@ -151,16 +138,22 @@ const double* CGrid::GetRevolvedDouble(int nAxis) const
     return m_pRevolved ? m_pRevolved->GetDouble(nAxis) : nullptr;
 }
 
+// A load may have corrected the dimensions since.
 void CGrid::BuildSearchTree()
 {
-    if (!m_pSearchTree)
+    if (m_pSearchTree && m_pSearchTree->GetShape() == GetShape())
+        return;
+    try {
         m_pSearchTree = std::make_unique<CSearchTree>(*this);
+    } catch (const std::bad_alloc&) {
+        m_pSearchTree.reset();
+    }
 }
 
 IVector3D CGrid::FindCell(const DVector3D& point)
 {
     BuildSearchTree();
-    return m_pSearchTree->FindCell(*this, point);
+    return m_pSearchTree ? m_pSearchTree->FindCell(*this, point) : IVector3D{-1, -1, -1};
 }
 
 bool CGrid::IsPointInCell(const DVector3D& point, const IVector3D& ijk) const

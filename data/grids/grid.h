@@ -4,6 +4,7 @@
 
 #include <array>
 #include <memory>
+#include <vector>
 
 class IGridOwner;
 class CFaceEdges;
@@ -40,14 +41,15 @@ public:
     bool IsDoublePrecision() const override { return m_bDoublePrecision; }
 
     SBlockShape GetShape() const override { return m_shape; }
-    void SetDimensions(const IVector3D& dimensions) override { m_shape.dimensions = dimensions; }
-    void SetStart(const IVector3D& start) override { m_shape.start = start; }
+    void SetDimensions(const IVector3D& dimensions) override { SetShape({dimensions, m_shape.start}); }
+    void SetStart(const IVector3D& start) override { SetShape({m_shape.dimensions, start}); }
     bool IsPlanar() const override { return GetShape().IsPlanar(); }
     qint64 GetPointCount() const override { return GetShape().PointCount(); }
     qint64 GetEdgeCount() const override { return GetShape().EdgeCount(); }
     qint64 GetFaceCount() const override { return GetShape().FaceCount(); }
     qint64 GetCellCount() const override { return GetShape().CellCount(); }
     bool HasPoint(const IVector3D& ijk) const override { return GetShape().Contains(ijk); }
+    bool HasGaps() const override { return false; }
     const QStringList& GetBoundaryNames() const override { return m_sBoundaryNameList; }
     const QVector<QVector<qint64>>& GetBoundaryPoints() const override { return m_boundaryPoints; }
     QVector<IGrid*> GetLeafGrids() override { return {this}; }
@@ -94,7 +96,8 @@ public:
     bool IsPointInCell(const DVector3D& point, const IVector3D& ijk) const override;
 
 protected:
-    void SetShape(const SBlockShape& shape) { m_shape = shape; }
+    /** Of another shape, nothing holds that was built from the points. */
+    void SetShape(const SBlockShape& shape);
     void SetDoublePrecision(bool bDouble) { m_bDoublePrecision = bDouble; }
     void SetBoundaries(const QStringList& sNameList, const QVector<QVector<qint64>>& points);
     /** Ranges, face edges, revolved copies and the search tree no longer hold. */

@@ -14,13 +14,6 @@ bool CGridMask::Prepare()
     return true;
 }
 
-void CGridMask::SetGridId(qint64 nId)
-{
-    CGrid::SetGridId(nId);
-    if (m_pInner)
-        m_pInner->SetGridId(nId);
-}
-
 void CGridMask::Init(const QString& sFileName, qint64 nFileIndex, const IVector3D& dimensions,
                      const IVector3D& start, bool bStructured)
 {

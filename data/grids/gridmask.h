@@ -18,7 +18,6 @@ public:
 
     bool Prepare() override;
     bool IsPrepared() const override { return m_pInner || !m_bMayCreate; }
-    void SetGridId(qint64 nId) override;
     void Init(const QString& sFileName, qint64 nFileIndex, const IVector3D& dimensions,
               const IVector3D& start, bool bStructured) override;
     /** What Init was told; the factory decides by it what to look for. */

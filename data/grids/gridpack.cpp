@@ -1,5 +1,7 @@
 #include "data/grids/gridpack.h"
 
+#include "data/grids/gridslices.h"
+
 #include <limits>
 
 CGridPack::CGridPack(const QVector<IGrid*>& members)
@@ -15,7 +17,8 @@ CGridPack::CGridPack(const QVector<IGrid*>& members)
         bDouble = bDouble || pMember->IsDoublePrecision();
         m_members.emplace_back(pMember);
     }
-    SetShape({range.max - range.min + IVector3D{1, 1, 1}, range.min});
+    if (!members.isEmpty())
+        SetShape({range.max - range.min + IVector3D{1, 1, 1}, range.min});
     SetDoublePrecision(bDouble);
 }
 
@@ -35,6 +38,12 @@ bool CGridPack::IsPrepared() const
 GridKind_e CGridPack::GetGridKind() const
 {
     return m_members.empty() ? GridKindUnknown : m_members.front()->GetGridKind();
+}
+
+bool CGridPack::HasGaps() const
+{
+    return m_members.size() != 1 || m_members.front()->HasGaps() ||
+           m_members.front()->GetShape() != GetShape();
 }
 
 const QStringList& CGridPack::GetBoundaryNames() const
@@ -77,26 +86,7 @@ void CGridPack::FillPoints(const SIJKRange& range, const SPointBuffers& out) con
         std::fill_n(out.Axis(nAxis).begin(), range.Count(), 0.0);
     // From the last to the first, so that the first has the last word where they overlap.
     for (auto it = m_members.rbegin(); it != m_members.rend(); ++it)
-        FillFrom(**it, range, out);
-}
-
-void CGridPack::FillFrom(const IGrid& member, const SIJKRange& range, const SPointBuffers& out) const
-{
-    const SIJKRange part = Intersection(range, member.GetShape().Range());
-    if (part.IsEmpty())
-        return;
-    const qint64 nRow = part.Extent().i;
-    std::vector<double> scratch(3 * nRow);
-    const std::span<double> all(scratch);
-    const SPointBuffers row{all.subspan(0, nRow), all.subspan(nRow, nRow), all.subspan(2 * nRow, nRow)};
-    for (qint64 k = part.min.k; k <= part.max.k; ++k) {
-        for (qint64 j = part.min.j; j <= part.max.j; ++j) {
-            member.FillPoints({{part.min.i, j, k}, {part.max.i, j, k}}, row);
-            const qint64 nPlace = range.IndexOf({part.min.i, j, k});
-            for (int nAxis = 0; nAxis < 3; ++nAxis)
-                std::copy_n(row.Axis(nAxis).begin(), nRow, out.Axis(nAxis).begin() + nPlace);
-        }
-    }
+        FillCovered(**it, range, out);
 }
 
 const float* CGridPack::GetCoordinatesSingle(int nAxis)

@@ -20,6 +20,7 @@ public:
     IGrid* GetBaseGrid() override { return m_members.empty() ? this : m_members.front()->GetBaseGrid(); }
     GridKind_e GetGridKind() const override;
     bool HasPoint(const IVector3D& ijk) const override { return FindMember(ijk) != nullptr; }
+    bool HasGaps() const override;
     const QStringList& GetBoundaryNames() const override;
     const QVector<QVector<qint64>>& GetBoundaryPoints() const override;
     QVector<IGrid*> GetLeafGrids() override;
@@ -33,7 +34,6 @@ public:
 
 private:
     IGrid* FindMember(const IVector3D& ijk) const;
-    void FillFrom(const IGrid& member, const SIJKRange& range, const SPointBuffers& out) const;
 
     std::vector<CLease<IGrid>> m_members;
 };

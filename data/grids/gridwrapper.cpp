@@ -13,6 +13,16 @@ void CGridWrapper::Dispose()
         CGrid::Dispose();
 }
 
+qint64 CGridWrapper::GetGridId() const { return Inner() ? Inner()->GetGridId() : CGrid::GetGridId(); }
+
+void CGridWrapper::SetGridId(qint64 nId)
+{
+    CGrid::SetGridId(nId);
+    if (Inner())
+        Inner()->SetGridId(nId);
+}
+
+bool CGridWrapper::Allocate(qint64 nPointCount) { return Inner() && Inner()->Allocate(nPointCount); }
 bool CGridWrapper::Prepare() { return Inner() && Inner()->Prepare(); }
 bool CGridWrapper::IsPrepared() const { return Inner() && Inner()->IsPrepared(); }
 IGrid* CGridWrapper::GetBaseGrid() { return Inner() ? Inner()->GetBaseGrid() : this; }
@@ -57,6 +67,7 @@ qint64 CGridWrapper::GetCellCount() const
     return Inner() ? Inner()->GetCellCount() : CGrid::GetCellCount();
 }
 bool CGridWrapper::HasPoint(const IVector3D& ijk) const { return Inner() && Inner()->HasPoint(ijk); }
+bool CGridWrapper::HasGaps() const { return !Inner() || Inner()->HasGaps(); }
 
 const QStringList& CGridWrapper::GetBoundaryNames() const
 {

@@ -10,8 +10,11 @@ class CGridWrapper : public CGrid
 {
 public:
     void Dispose() override;
+    qint64 GetGridId() const override;
+    void SetGridId(qint64 nId) override;
     bool Prepare() override;
     bool IsPrepared() const override;
+    bool Allocate(qint64 nPointCount) override;
     IGrid* GetBaseGrid() override;
     GridKind_e GetGridKind() const override;
     QString GetFileName() const override;
@@ -26,6 +29,7 @@ public:
     qint64 GetFaceCount() const override;
     qint64 GetCellCount() const override;
     bool HasPoint(const IVector3D& ijk) const override;
+    bool HasGaps() const override;
     const QStringList& GetBoundaryNames() const override;
     const QVector<QVector<qint64>>& GetBoundaryPoints() const override;
     QVector<IGrid*> GetLeafGrids() override;

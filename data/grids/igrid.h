@@ -63,6 +63,8 @@ public:
     virtual qint64 GetCellCount() const = 0;
     bool IsInRange(qint64 i, qint64 j, qint64 k) const { return GetShape().Contains({i, j, k}); }
     virtual bool HasPoint(const IVector3D& ijk) const = 0; ///< false in the gaps of a union
+    /** False: HasPoint is the same as IsInRange, and a loop over a block needn't ask it. */
+    virtual bool HasGaps() const = 0;
     qint64 GetCellIndex(qint64 i, qint64 j, qint64 k) const { return GetShape().CellIndex({i, j, k}); }
     IVector3D GetIJK(qint64 nIndex) const { return GetShape().Address(nIndex); }
     qint64 MirrorIndex(int nAxis, qint64 nIndex) const { return GetShape().Mirrored(nAxis, nIndex); }

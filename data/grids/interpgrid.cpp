@@ -1,8 +1,7 @@
 #include "data/grids/interpgrid.h"
 
+#include "data/grids/gridslices.h"
 #include "data/kernels/pointkernels.h"
-
-#include <vector>
 
 CInterpGrid::CInterpGrid(IGrid* pFirst, IGrid* pSecond, double dWeight)
     : m_pFirst(pFirst), m_pSecond(pSecond), m_dWeight(dWeight)
@@ -28,31 +27,26 @@ QVector<IGrid*> CInterpGrid::GetLeafGrids()
     return leaves;
 }
 
-DVector3D CInterpGrid::GetPoint(const IVector3D& ijk) const
+bool CInterpGrid::HasGaps() const
 {
-    return Blended(m_pFirst->GetPoint(ijk), m_pSecond->GetPoint(ijk));
+    return m_pFirst->HasGaps() || m_pSecond->HasGaps() || m_pFirst->GetShape() != m_pSecond->GetShape();
 }
 
-DVector3D CInterpGrid::GetPoint(qint64 nIndex) const
+DVector3D CInterpGrid::GetPoint(const IVector3D& ijk) const
 {
-    return Blended(m_pFirst->GetPoint(nIndex), m_pSecond->GetPoint(nIndex));
+    const bool bSecond = m_pSecond->HasPoint(ijk);
+    return Blended(m_pFirst->GetPoint(ijk), bSecond ? m_pSecond->GetPoint(ijk) : DVector3D());
 }
 
 void CInterpGrid::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
 {
     m_pFirst->FillPoints(range, out);
-    // The second level plane by plane, so that its scratch stays small beside the block.
-    const qint64 nPlane = range.Extent().i * range.Extent().j;
-    std::vector<double> scratch(3 * nPlane);
-    const std::span<double> all(scratch);
-    const SPointBuffers plane{all.subspan(0, nPlane), all.subspan(nPlane, nPlane),
-                              all.subspan(2 * nPlane, nPlane)};
-    SIJKRange part = range;
-    for (qint64 k = range.min.k; k <= range.max.k; ++k) {
-        part.min.k = part.max.k = k;
-        m_pSecond->FillPoints(part, plane);
+    // The second level in slices, so that its scratch stays small beside the block.
+    qint64 nPlace = 0;
+    const auto blend = [&](const SIJKRange& part, const SPointBuffers& second) {
         for (int nAxis = 0; nAxis < 3; ++nAxis)
-            BlendInto(out.Axis(nAxis).subspan((k - range.min.k) * nPlane, nPlane), plane.Axis(nAxis),
-                      m_dWeight);
-    }
+            BlendInto(out.Axis(nAxis).subspan(nPlace, part.Count()), second.Axis(nAxis), m_dWeight);
+        nPlace += part.Count();
+    };
+    ForEachSlice(*m_pSecond, range, GapsAreZeros, blend);
 }

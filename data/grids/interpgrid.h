@@ -2,7 +2,9 @@
 
 #include "data/grids/gridwrapper.h"
 
-/** Two time levels of a block blended: each point is w * a + (1 - w) * b. Gives both back when it is deleted.
+/**
+ * Two time levels of a block blended: each point is w * a + (1 - w) * b. Its shape is the first level's;
+ * where the second one has no point, zeros stand for it. Gives both back when it is deleted.
  */
 class CInterpGrid : public CGridWrapper
 {
@@ -11,14 +13,16 @@ public:
     CInterpGrid(IGrid* pFirst, IGrid* pSecond, double dWeight);
 
     void Dispose() override { delete this; }
+    bool Allocate(qint64) override { return false; }
     bool Prepare() override;
     bool IsPrepared() const override { return m_pFirst->IsPrepared() && m_pSecond->IsPrepared(); }
     bool HasPoint(const IVector3D& ijk) const override;
+    bool HasGaps() const override;
     QVector<IGrid*> GetLeafGrids() override;
 
     using IGrid::GetPoint;
     DVector3D GetPoint(const IVector3D& ijk) const override;
-    DVector3D GetPoint(qint64 nIndex) const override;
+    DVector3D GetPoint(qint64 nIndex) const override { return GetPoint(GetIJK(nIndex)); }
     void SetPoint(qint64, const DVector3D&) override {}
     void FillPoints(const SIJKRange& range, const SPointBuffers& out) const override;
 

@@ -1,39 +1,65 @@
 #pragma once
 
+#include "data/box.h"
 #include "data/grids/igrid.h"
+#include "data/grids/treelayout.h"
+#include "data/kernels/cellmap.h"
 
+#include <utility>
 #include <vector>
 
 /**
- * Finds the cell of a structured block that holds a point: a binary tree over boxes of IJK addresses, each
- * with the bounding box of its points. Immutable after the build; safe to ask from any thread.
+ * Finds the cell of a structured block that holds a point: a binary tree over ranges of cells, each with the
+ * bounding box of the points on its outer faces. A point is sought in every range whose box and whose
+ * parents' boxes hold it, lower half first, and within a leaf cell by cell, i outermost.
+ *
+ * The tree keeps coarse boxes, six bytes each, that hold the exact ones; they and the boxes of the clusters
+ * within the leaves only spare tests. The answers are those of the exact boxes. Immutable after the build;
+ * safe to ask from any thread. The grid must be the one it was built of, with the same points.
  */
 class CSearchTree
 {
 public:
-    /** Over the whole block. */
+    /**
+     * Over the whole block. Reads all points twice and uses the threads of the global pool; the result
+     * doesn't depend on their number. Throws std::bad_alloc.
+     */
     explicit CSearchTree(const IGrid& grid);
 
     /** The first cell, in tree order, that holds the point; (-1, -1, -1) if none does. */
     IVector3D FindCell(const IGrid& grid, const DVector3D& point) const;
+    /** The shape of the block when the tree was built. */
+    const SBlockShape& GetShape() const { return m_shape; }
     /** Memory that the tree holds [bytes]. */
     qint64 GetBytes() const;
+
+private:
+    class CBuilder;
+    class CPieceBuilder;
+    class CQuery;
+
+    /** The exact box of a node, where it doesn't hold all points of the node. */
+    struct SOverhang
+    {
+        qint64 nNode;
+        SBox box;
+    };
+
+    SBlockShape m_shape;
+    SBox m_box;                         // of the root, exact; empty without cells
+    std::vector<SPackedBox> m_nodes;    // by CTreeNode::Index, within the parent's box
+    std::vector<SPackedBox> m_clusters; // by CTreeNode::FirstCluster, within the leaf's box
+    // Ordered by node. Only where cells are folded over one another, or in the gaps of a union, do points
+    // lie outside of the box of the outer faces.
+    std::vector<SOverhang> m_overhangs;
 };
 
 /**
- * Natural coordinates in [-1, 1]^3 of a point in the hexahedron (or, of a block one point thick, the bilinear
- * quadrilateral) of a cell, by Newton iteration from its middle; see any finite element textbook on the
- * inversion of the isoparametric map.
- */
-struct SCellPlace
-{
-    bool bInside = false;
-    DVector3D natural;
-};
-
-/**
+ * Where a point lies in a cell of a block; not inside for an address without a cell, a cell with a missing
+ * corner, or a block of less than two directions.
+ *
  * @param dTolerance  [m] the mapped point must lie this near in each coordinate; negative: 1e-6 of the
- *                    cell's diagonal
+ *                    diagonal of the cell's box
  */
 SCellPlace LocateInCell(const IGrid& grid, const IVector3D& ijk, const DVector3D& point,
                         double dTolerance = -1.0);
