@@ -41,16 +41,17 @@ template <class Real> bool CStorageGrid<Real>::Allocate(qint64 nPointCount)
 template <class Real> int CStorageGrid<Real>::Load()
 {
     const std::lock_guard lock(m_mutex);
-    if (this->GetBytesInUse() == this->GetBytesNeeded())
-        return LoadOk;
-    const int nStatus = CGridIO().LoadGrid(*this);
+    const bool bThere = this->GetBytesInUse() == this->GetBytesNeeded();
+    const int nStatus = bThere ? int(LoadOk) : CGridIO().LoadGrid(*this);
     if (nStatus != LoadOk)
         Unload();
+    m_bFilled = nStatus == LoadOk;
     return nStatus;
 }
 
 template <class Real> void CStorageGrid<Real>::Unload()
 {
+    m_bFilled = false;
     for (CLargeArray<Real>& axis : m_axes)
         axis.Clear();
     this->ReleaseCoordinateCopies();
@@ -59,11 +60,11 @@ template <class Real> void CStorageGrid<Real>::Unload()
 
 template <class Real> bool CStorageGrid<Real>::EnsureLoaded() const
 {
-    if (!m_axes[0].IsEmpty())
+    if (m_bFilled)
         return true;
     // A load changes nothing that a reader can see but the time it takes.
     auto* const pThis = const_cast<CStorageGrid*>(this);
-    return CMemoryManager::Instance().LoadItem(pThis) == LoadOk && !m_axes[0].IsEmpty();
+    return CMemoryManager::Instance().LoadItem(pThis) == LoadOk && m_bFilled;
 }
 
 template <class Real> DVector3D CStorageGrid<Real>::GetPoint(const IVector3D& ijk) const

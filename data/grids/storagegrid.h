@@ -4,6 +4,7 @@
 #include "data/kernels/largearray.h"
 #include "data/kernels/pointkernels.h"
 
+#include <atomic>
 #include <mutex>
 #include <optional>
 
@@ -38,6 +39,8 @@ private:
     bool EnsureLoaded() const;
 
     mutable std::mutex m_mutex; // serialises loads
+    // The arrays are filled, not only allocated: another thread may be loading them now.
+    std::atomic<bool> m_bFilled = false;
     std::array<CLargeArray<Real>, 3> m_axes;
     std::optional<CMemoryRegistration> m_registration; // last: begins when all above is there
 };

@@ -41,16 +41,17 @@ template <class Real> void CStorageSolution<Real>::StoreIntegers(const qint32* p
 template <class Real> int CStorageSolution<Real>::Load()
 {
     const std::lock_guard lock(m_mutex);
-    if (this->GetBytesInUse() == this->GetBytesNeeded())
-        return LoadOk;
-    const int nStatus = CSolutionIO().LoadSolution(*this);
+    const bool bThere = this->GetBytesInUse() == this->GetBytesNeeded();
+    const int nStatus = bThere ? int(LoadOk) : CSolutionIO().LoadSolution(*this);
     if (nStatus != LoadOk)
         Unload();
+    m_bFilled = nStatus == LoadOk;
     return nStatus;
 }
 
 template <class Real> void CStorageSolution<Real>::Unload()
 {
+    m_bFilled = false;
     m_values.Clear();
     this->ReleaseValueCopies();
     this->SetBytesInUse(0);
@@ -58,11 +59,11 @@ template <class Real> void CStorageSolution<Real>::Unload()
 
 template <class Real> bool CStorageSolution<Real>::EnsureLoaded() const
 {
-    if (!m_values.IsEmpty())
+    if (m_bFilled)
         return true;
     // A load changes nothing that a reader can see but the time it takes.
     auto* const pThis = const_cast<CStorageSolution*>(this);
-    return CMemoryManager::Instance().LoadItem(pThis) == LoadOk && !m_values.IsEmpty();
+    return CMemoryManager::Instance().LoadItem(pThis) == LoadOk && m_bFilled;
 }
 
 template <class Real> double CStorageSolution<Real>::GetValue(const IVector3D& ijk) const
@@ -127,6 +128,22 @@ template <class Real> const double* CStorageSolution<Real>::GetValuesDouble()
         return m_values.Data();
     else
         return CSolution::GetValuesDouble();
+}
+
+// A scan of the array as it stands, on several threads; the integer classes take the general road.
+template <class Real> void CStorageSolution<Real>::ComputeRanges()
+{
+    if (!IsPlainNumber() || !EnsureLoaded()) {
+        CSolution::ComputeRanges();
+        return;
+    }
+    const SPlacedRange found = FindRange(std::span<const Real>(m_values.Span()));
+    if (found.IsEmpty())
+        return;
+    const SBlockShape shape = this->GetShape();
+    for (int nComponent = 0; nComponent < 3; ++nComponent)
+        this->SetExtreme(nComponent, {found.dMin, found.dMax}, shape.Address(found.nMinIndex),
+                         shape.Address(found.nMaxIndex));
 }
 
 template class CStorageSolution<float>;

@@ -3,6 +3,7 @@
 #include "data/kernels/largearray.h"
 #include "data/solutions/solution.h"
 
+#include <atomic>
 #include <mutex>
 #include <optional>
 
@@ -47,7 +48,9 @@ protected:
     CLargeArray<Real> m_values;
 
 private:
-    mutable std::mutex m_mutex;                        // serialises loads
+    mutable std::mutex m_mutex; // serialises loads
+    // The array is filled, not only allocated: another thread may be loading it now.
+    std::atomic<bool> m_bFilled = false;
     std::optional<CMemoryRegistration> m_registration; // last: begins when all above is there
 };
 
