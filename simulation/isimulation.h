@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/variables/builtinvariables.h"
 #include "simulation/isimulationitems.h"
 #include "simulation/timetable.h"
 #include "simulation/undostack.h"
@@ -101,6 +102,10 @@ public:
     // Derived quantities and the free stream.
     /** Makes a surface from the selected faces; -1 where none can be made. */
     virtual qint64 CreateSurfaceFromSelection(qint64, bool) { return -1; }
+    /** Defines the variables that follow from the conservative state or from a mean flow, once its own are
+     * known. */
+    virtual void CreateConservativeVariables(const QString& sPrefix);
+    virtual void CreateMeanflowVariables();
     virtual bool HasVelocityGradient() const { return false; }
     virtual double GetGamma() const { return 1.4; }          ///< ratio of heats
     virtual double GetGasConstant() const { return 287.22; } ///< [J/(kg K)]
@@ -118,6 +123,10 @@ public:
     virtual bool StopProcess();           ///< true if a run was active; it is stopped
     /** "Run.WorkingDirectory" or the directory of the simulation file, whichever exists first, or "". */
     virtual QString GetWorkingDirectory() const;
+
+protected:
+    /** Gas and free stream as the operations above tell them. */
+    SReferenceState GetReferenceState() const;
 
 private:
     void StepBack(CUndoStack& from, CUndoStack& to);

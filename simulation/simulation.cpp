@@ -30,6 +30,26 @@ void ISimulation::SetSelectableDimension(ISelectable* pSelectable) const
     pSelectable->setDimension(pItem && Get(*pItem, ItemKey::IS_2D) ? 1 : 2);
 }
 
+SReferenceState ISimulation::GetReferenceState() const
+{
+    SReferenceState reference;
+    reference.dGamma = GetGamma();
+    reference.dGasConstant = GetGasConstant();
+    reference.dPressure = GetFreeStreamPressure();
+    reference.dDensity = GetFreeStreamDensity();
+    reference.dVelocity = GetFreeStreamVelocity();
+    reference.bGasAssumed = GasPropertiesAssumed();
+    reference.bFreeStreamAssumed = FreeStreamAssumed();
+    return reference;
+}
+
+void ISimulation::CreateConservativeVariables(const QString& sPrefix)
+{
+    ::CreateConservativeVariables(GetId(), sPrefix, GetReferenceState());
+}
+
+void ISimulation::CreateMeanflowVariables() { ::CreateMeanflowVariables(GetId(), GetReferenceState()); }
+
 CProcess* ISimulation::GetProcess() const { return CSimulationManager::Instance().GetProcess(GetId()); }
 
 bool ISimulation::IsProcessRunning() const

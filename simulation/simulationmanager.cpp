@@ -1,5 +1,6 @@
 #include "simulation/simulationmanager.h"
 
+#include "data/plot3dcase.h"
 #include "frame/moduleregistry.h"
 #include "runs/process.h"
 #include "scene/selectablemanager.h"
@@ -135,9 +136,11 @@ void CSimulationManager::DeleteRow(qint64 nSimulationId)
     // Out of the table first: what a simulation does while it goes must not find it there.
     const auto row = std::find_if(m_simulations.begin(), m_simulations.end(),
                                   [&](const SSimulationRow& r) { return r.nId == nSimulationId; });
-    const SSimulationRow gone = std::move(*row);
+    SSimulationRow gone = std::move(*row);
     m_simulations.erase(row);
     gone.pProcess->disconnect(this);
+    gone.pSimulation.reset();
+    RemoveCaseData(nSimulationId);
 }
 
 void CSimulationManager::RemoveView(qint64 nViewId)

@@ -92,13 +92,13 @@ public:
             manager.RemoveVariable(pVariable->GetId()); // it lacks an input
     }
 
-    void DefineVector(const QString& sName, const std::array<const char*, 3>& components)
+    void DefineVector(const QString& sName, const std::array<QString, 3>& components)
     {
         if (Find(m_sPrefix + sName) != -1)
             return; // displays may know it by its id
         std::array<qint64, 3> ids = {-1, -1, -1};
         for (int n = 0; n < 3; ++n)
-            if (components[n] && (n < 2 || m_b3D))
+            if (!components[n].isEmpty() && (n < 2 || m_b3D))
                 ids[n] = Find(m_sPrefix + components[n]);
         auto* const pVector = new CVectorVariable(m_nSimulationId, ids, true);
         pVector->SetName(m_sPrefix + sName);
@@ -187,5 +187,79 @@ void CreateConservativeVariables(qint64 nSimulationId, const QString& sPrefix,
             definer.Define(definition);
         definer.DefineVector("Velocity", {"U[Q]", "V[Q]", "W[Q]"});
         definer.DefineVector("Momentum", {"RU", "RV", "RW"});
+    }
+}
+
+namespace {
+
+/** The variables of a mean flow by their short names: "u", "p" ... to the name in the case. */
+std::map<QString, QString> FindMeanflow(qint64 nSimulationId, VariableLocation_e eLocation)
+{
+    std::map<QString, QString> found;
+    for (const auto& pVariable : CVariableManager::Instance().GetVariables()) {
+        const QString sFullName = pVariable->GetName();
+        if (pVariable->GetSimulationId() != nSimulationId || pVariable->GetLocation() != eLocation ||
+            !pVariable->IsFileVariable())
+            continue;
+        const int nAt = sFullName.indexOf('@');
+        const QString sGroup = nAt < 0 ? QString() : sFullName.mid(nAt + 1).section(';', 0, 0);
+        if (!sGroup.startsWith("meanflow") && sGroup != "mf")
+            continue;
+        const QString sName = sFullName.left(nAt);
+        for (const char* const sWanted : {"u", "v", "w", "mach"})
+            if (sName == sWanted)
+                found.emplace(sWanted, sFullName);
+        for (const char* const sWanted : {"p", "T", "r"})
+            if (sName == sWanted || sName.startsWith(QString(sWanted) + "-"))
+                found.emplace(sWanted, sFullName);
+    }
+    return found;
+}
+
+/** The definitions of a mean flow at one location. */
+void DefineMeanflow(CDefiner& definer, const std::map<QString, QString>& flow)
+{
+    const auto has = [&](const char* sName) { return flow.count(sName) != 0; };
+    // What isn't there by name is what an earlier definition made; one that lacks an input isn't made.
+    const auto ref = [&](const char* sName, const char* sMade) {
+        return QString("<%1>").arg(has(sName) ? flow.at(sName) : QString(sMade));
+    };
+    const QString u = ref("u", "U[Q]"), v = ref("v", "V[Q]"), w = ref("w", "W[Q]");
+    const QString p = ref("p", "P[Q]"), t = ref("T", "T[Q]"), r = ref("r", "Rho[Q]"), m = ref("mach", "M[Q]");
+    const QString sThird = has("w") ? QString(" + %1 * %1").arg(w) : QString();
+    const QString sStagnation = QString("(1 + 0.5 * (<gamma> - 1) * %1 * %1)").arg(m);
+    definer.Define("Vmag[Q]", QString("sqrt(%1 * %1 + %2 * %2%3)").arg(u, v, sThird));
+    if (!has("T") && has("p") && has("r"))
+        definer.Define("T[Q]", QString("%1 / (<Rgas> * %2)").arg(p, r));
+    definer.Define("C[Q]", QString("sqrt(<gamma> * <Rgas> * %1)").arg(t));
+    if (!has("mach"))
+        definer.Define("M[Q]", "<Vmag[Q]> / <C[Q]>");
+    definer.Define("T0[Q]", t + " * " + sStagnation);
+    definer.Define("P0[Q]", p + " * " + sStagnation + "^(<gamma> / (<gamma> - 1))");
+    if (!has("r"))
+        definer.Define("Rho[Q]", QString("%1 / (<Rgas> * %2)").arg(p, t));
+    definer.Define("E[Q]", QString("%1 / (<gamma> - 1) + 0.5 * %2 * <Vmag[Q]> * <Vmag[Q]>").arg(p, r));
+    definer.Define("Rho0[Q]", r + " * " + sStagnation + "^(1 / (<gamma> - 1))");
+    definer.Define("Qd[Q]", QString("0.5 * %1 * <Vmag[Q]> * <Vmag[Q]>").arg(r));
+    definer.Define("IntE[Q]", QString("%1 / ((<gamma> - 1) * %2)").arg(p, r));
+    definer.Define("H[Q]", QString("<IntE[Q]> + %1 / %2").arg(p, r));
+    definer.Define("H0[Q]", "<H[Q]> + 0.5 * <Vmag[Q]> * <Vmag[Q]>");
+    definer.Define("Cp[Q]", QString("(%1 - <Pinf>) / (0.5 * <Rhoinf> * <Vinf> * <Vinf>)").arg(p));
+}
+
+} // namespace
+
+void CreateMeanflowVariables(qint64 nSimulationId, const SReferenceState& reference)
+{
+    for (const VariableLocation_e eLocation : {LocationNode, LocationCell}) {
+        const std::map<QString, QString> flow = FindMeanflow(nSimulationId, eLocation);
+        if (flow.empty())
+            continue;
+        DefineConstants(nSimulationId, reference);
+        CDefiner definer(nSimulationId, eLocation, "", flow.count("w") != 0, CommentOf(reference));
+        DefineMeanflow(definer, flow);
+        if (flow.count("u") && flow.count("v"))
+            definer.DefineVector("Velocity",
+                                 {flow.at("u"), flow.at("v"), flow.count("w") ? flow.at("w") : QString()});
     }
 }

@@ -22,3 +22,10 @@ struct SReferenceState
  */
 void CreateConservativeVariables(qint64 nSimulationId, const QString& sPrefix,
                                  const SReferenceState& reference);
+
+/**
+ * The same from a mean flow: the file variables of the groups "meanflow..." and "mf" named "u", "v", "w",
+ * "mach", "p" (or "p-..."), "T" (or "T-...") and "r" (or "r-..."); the name is what stands ahead of the first
+ * "@", the group what stands behind it up to a ";". What the solution supplies itself stays as it is.
+ */
+void CreateMeanflowVariables(qint64 nSimulationId, const SReferenceState& reference);

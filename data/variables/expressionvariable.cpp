@@ -27,6 +27,26 @@ QVector<SReferencedVariable> ScopeOf(const QVector<qint64>& ids)
     return scope;
 }
 
+/** A place in the stored text, from 1, as a place in the text with references that it was made of. */
+int PositionAsTyped(const QString& sTyped, const QString& sStored, const QVector<SVariableInput>& inputs,
+                    int nPosition)
+{
+    const QStringList sPlaceholderList = FormulaText::Placeholders(inputs);
+    int nTyped = 0;
+    for (int nStored = 0; nStored < nPosition - 1 && nTyped < sTyped.size();) {
+        const auto begins = [&](const QString& s) { return sStored.midRef(nStored).startsWith(s); };
+        const auto found = std::find_if(sPlaceholderList.begin(), sPlaceholderList.end(), begins);
+        if (sTyped[nTyped] == '<' && found != sPlaceholderList.end()) {
+            nStored += found->size();
+            nTyped = sTyped.indexOf('>', nTyped) + 1;
+        } else {
+            ++nStored;
+            ++nTyped;
+        }
+    }
+    return nTyped + 1;
+}
+
 } // namespace
 
 CExpressionVariable::CExpressionVariable(qint64 nSimulationId, bool bAddToManager)
@@ -55,8 +75,8 @@ bool CExpressionVariable::SetExpression(const QString& sText, bool bSimulations,
     m_sText = bound.sText;
     SetInputs(bound.inputs);
     const bool bCompiled = Compile();
-    if (!bCompiled) // tell the place in the text as it was given
-        m_nErrorPosition = std::max(1, std::min(m_nErrorPosition, int(sText.size()) + 1));
+    if (!bCompiled)
+        m_nErrorPosition = PositionAsTyped(sText, m_sText, GetInputs(), m_nErrorPosition);
     CVariableManager::Instance().NotifyChanged(GetId());
     TakeLocationAndKind();
     InvalidateRange();

@@ -8,6 +8,7 @@
 #include "frame/ui/progressdialog.h"
 #include "frame/window/commandline.h"
 #include "frame/window/mainwindow.h"
+#include "simulation/simulationcases.h"
 
 #include <QApplication>
 #include <QSurfaceFormat>
@@ -75,6 +76,7 @@ int RunModule(const QString& sModule, QApplication& application, int argc, char*
 
 int Run(const SCommandLine& commandLine, QApplication& application, int argc, char** argv)
 {
+    const CSimulationCases cases;
     try {
         if (commandLine.eMode == SCommandLine::RunModule)
             return RunModule(commandLine.sModule, application, argc, argv);

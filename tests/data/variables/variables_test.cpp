@@ -91,6 +91,21 @@ TEST_F(Variables, AFormulaRestsOnItsInputsAndACycleIsRefused)
     EXPECT_EQ(pFirst->GetExpressionText(false, false), "<R> + 1") << "the former text stands";
 }
 
+TEST_F(Variables, AnErrorIsToldAtItsPlaceInTheTextAsTyped)
+{
+    File("R");
+    File("RU");
+    const std::pair<const char*, int> cases[] = {
+        {"<R> * <RU> * * 2", 14}, {"<R> + <none>", 7}, {"(<R>", 5}, {"", 1},
+        {"Sqrt(<R>)", 1},         {"<R> / <RU>", 0}};
+    for (const auto& [sText, nPosition] : cases) {
+        CExpressionVariable* const pFormula = Formula("a", sText);
+        EXPECT_EQ(pFormula->GetErrorPosition(), nPosition) << sText;
+        EXPECT_EQ(pFormula->IsValid(), nPosition == 0);
+        m_manager.RemoveVariable(pFormula->GetId());
+    }
+}
+
 TEST_F(Variables, LocationAndKindFollowTheInputsAndAFixedTimeIsTold)
 {
     File("R", 1, LocationCell);
@@ -212,4 +227,20 @@ TEST_F(Variables, AFileThatDoesNotFitRegistersNothing)
               QString("The file %1 is not valid").arg(m_folder.filePath("none.q")));
     EXPECT_TRUE(m_manager.GetVariables().empty());
     EXPECT_EQ(CGridManager::Instance().CountGrids(), 0);
+}
+
+TEST_F(Variables, AMeanFlowGivesWhatItDoesNotSupplyItself)
+{
+    for (const char* const sName : {"u@meanflow; velocity", "v@meanflow; velocity", "w@meanflow; velocity",
+                                    "p@mf", "T-static@meanflow", "mach@turbulence", "u@other"})
+        File(sName);
+    CreateMeanflowVariables(1, {});
+    const auto formula = [&](const char* sName) {
+        const IVariable* const pVariable =
+            m_manager.GetVariable(m_manager.FindByName(1, sName, LocationNode));
+        return pVariable ? pVariable->GetExpressionText(false, false) : QString("missing");
+    };
+    EXPECT_EQ(formula("C[Q]"), "sqrt(<gamma> * <Rgas> * <T-static@meanflow>)");
+    EXPECT_EQ(formula("Rho[Q]"), "<p@mf> / (<Rgas> * <T-static@meanflow>)");
+    EXPECT_EQ(formula("M[Q]"), "<Vmag[Q]> / <C[Q]>") << "the Mach number of another group isn't taken";
 }
