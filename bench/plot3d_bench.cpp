@@ -3,6 +3,7 @@
 // and streaming the array once. Files lie in the temporary folder, that is, in the page cache.
 #include "data/io/plot3dprobe.h"
 #include "data/io/plot3dread.h"
+#include "data/kernels/byteswap.h"
 #include "data/kernels/largearray.h"
 #include "data/kernels/parallel.h"
 #include "data/kernels/range.h"
@@ -17,6 +18,7 @@
 #include <atomic>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <functional>
 #include <numeric>
 #include <thread>
@@ -196,6 +198,29 @@ void LimitOnePread(benchmark::State& state)
     }
 }
 
+constexpr size_t CACHED = size_t(1) << 18; // [bytes] what a load reads and swaps at a time
+
+template <class Word> void SwapInCache(benchmark::State& state)
+{
+    std::vector<Word> words(CACHED / sizeof(Word));
+    for (auto _ : state) {
+        SwapBytes(std::span(words));
+        benchmark::ClobberMemory();
+    }
+    SetBytes(state, CACHED);
+}
+
+void LimitCopyInCache(benchmark::State& state)
+{
+    std::vector<char> from(CACHED);
+    std::vector<char> to(CACHED);
+    for (auto _ : state) {
+        std::memcpy(to.data(), from.data(), CACHED);
+        benchmark::ClobberMemory();
+    }
+    SetBytes(state, CACHED);
+}
+
 /** Values that rise and fall, so that extremes turn up all along the array. */
 template <class Real> CLargeArray<Real> MakeField()
 {
@@ -256,6 +281,9 @@ BENCHMARK(LimitFread)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(LimitTwoThreads)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(DetectManyBlocks)->UseRealTime()->Unit(benchmark::kMicrosecond);
 BENCHMARK(LimitOnePread)->UseRealTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(SwapInCache<quint32>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(SwapInCache<quint64>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LimitCopyInCache)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Range<float>)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(RangeWithNoValues<float>)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(LimitStream<float>)->UseRealTime()->Unit(benchmark::kMillisecond);

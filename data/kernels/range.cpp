@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr qint64 PIECE_COUNT = 1 << 18; // values for one thread
+constexpr qint64 PIECE_COUNT = 1 << 18; // values for one thread; whole runs
 constexpr size_t RUN_COUNT = 1 << 12;   // values that may be scanned twice, and stay in the cache for it
 
 template <class Real> constexpr Real INFINITE = std::numeric_limits<Real>::infinity();
@@ -53,7 +53,7 @@ struct STakeCounted
  */
 template <class Take, class Real> ZENTO_INLINE SExtremes<Real> ScanLanes(std::span<const Real> values)
 {
-    constexpr size_t LANES = 128 / sizeof(Real);
+    constexpr size_t LANES = 32; // fewer are unrolled into single values before vectors are looked for
     const Real* const pValues = values.data();
     SExtremes<Real> extremes;
     Real low[LANES];
@@ -102,32 +102,35 @@ template <class Real> std::span<const Real> RunAt(std::span<const Real> values, 
     return values.subspan(nBegin, std::min(RUN_COUNT, values.size() - nBegin));
 }
 
-/** Where the value stands first from nBegin on; it is there. */
-template <class Real> qint64 FirstPlace(std::span<const Real> values, size_t nBegin, Real value)
-{
-    return std::find(values.begin() + nBegin, values.end(), value) - values.begin();
-}
-
-/** The range of a piece. Places are looked for at the end, in the first run that has the extreme. */
-template <class Real> SPlacedRange FindInPiece(std::span<const Real> values)
+/** Extremes, and the beginnings of the first runs that hold them. */
+template <class Real> struct SPlacedExtremes
 {
     SExtremes<Real> best;
     size_t nMinRun = 0;
     size_t nMaxRun = 0;
-    for (size_t nBegin = 0; nBegin < values.size(); nBegin += RUN_COUNT) {
-        const SExtremes<Real> run = ScanRun(RunAt(values, nBegin));
-        nMinRun = run.min < best.min ? nBegin : nMinRun;
-        nMaxRun = run.max > best.max ? nBegin : nMaxRun;
-        best.Add(run.min, run.max);
+
+    /** Adds what comes behind all that was added before: an equal extreme stays at its first run. */
+    void Add(const SPlacedExtremes& later)
+    {
+        nMinRun = later.best.min < best.min ? later.nMinRun : nMinRun;
+        nMaxRun = later.best.max > best.max ? later.nMaxRun : nMaxRun;
+        best.Add(later.best.min, later.best.max);
     }
-    SPlacedRange range;
-    if (best.IsEmpty())
-        return range;
-    range.nMinIndex = FirstPlace(values, nMinRun, best.min);
-    range.nMaxIndex = FirstPlace(values, nMaxRun, best.max);
-    range.dMin = values[range.nMinIndex]; // not best.min: of 0.0 and -0.0 the one that stands there
-    range.dMax = values[range.nMaxIndex];
-    return range;
+};
+
+template <class Real>
+SPlacedExtremes<Real> FindInPiece(std::span<const Real> values, size_t nPieceBegin, size_t nPieceEnd)
+{
+    SPlacedExtremes<Real> placed;
+    for (size_t nBegin = nPieceBegin; nBegin < nPieceEnd; nBegin += RUN_COUNT)
+        placed.Add({ScanRun(RunAt(values, nBegin)), nBegin, nBegin});
+    return placed;
+}
+
+/** Where the value stands first from nBegin on; it is there. */
+template <class Real> qint64 FirstPlace(std::span<const Real> values, size_t nBegin, Real value)
+{
+    return std::find(values.begin() + nBegin, values.end(), value) - values.begin();
 }
 
 } // namespace
@@ -152,13 +155,20 @@ SPlacedRange JoinRanges(const SPlacedRange& first, const SPlacedRange& second, q
 
 template <class Real> SPlacedRange FindRange(std::span<const Real> values)
 {
-    std::vector<SPlacedRange> pieces((values.size() + PIECE_COUNT - 1) / PIECE_COUNT);
+    std::vector<SPlacedExtremes<Real>> pieces((values.size() + PIECE_COUNT - 1) / PIECE_COUNT);
     RunRanges(qint64(values.size()), PIECE_COUNT, [&](qint64 nPiece, qint64 nBegin, qint64 nEnd) {
-        pieces[nPiece] = FindInPiece(values.subspan(nBegin, nEnd - nBegin));
+        pieces[nPiece] = FindInPiece(values, nBegin, nEnd);
     });
+    SPlacedExtremes<Real> all;
+    for (const SPlacedExtremes<Real>& piece : pieces)
+        all.Add(piece);
     SPlacedRange range;
-    for (size_t n = 0; n < pieces.size(); ++n)
-        range = JoinRanges(range, pieces[n], qint64(n) * PIECE_COUNT);
+    if (all.best.IsEmpty())
+        return range;
+    range.nMinIndex = FirstPlace(values, all.nMinRun, all.best.min);
+    range.nMaxIndex = FirstPlace(values, all.nMaxRun, all.best.max);
+    range.dMin = values[range.nMinIndex]; // not best.min: of 0.0 and -0.0 the one that stands there
+    range.dMax = values[range.nMaxIndex];
     return range;
 }
 

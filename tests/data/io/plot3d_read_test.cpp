@@ -6,6 +6,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <atomic>
+#include <thread>
+
 using Plot3DFixture::Blocks;
 using Plot3DFixture::MakeFile;
 
@@ -155,4 +158,27 @@ TEST_F(Plot3DRead, ALargeBlockIsReadWhole)
             for (qint64 n = 0; n < run.nCount; ++n)
                 ASSERT_EQ(xyz[nAxis][int(n)], Plot3DFixture::Value(0, nAxis, n)) << nAxis << ' ' << n;
     }
+}
+
+TEST_F(Plot3DRead, SeveralThreadsReadFromTheSameFile)
+{
+    const QVector<Plot3DFixture::SBlock> blocks(8, {{31, 29, 23}, 4});
+    const SPlot3DFile file = Solution(LayoutOfCode(69), KindFunction, blocks);
+    ASSERT_EQ(file.nCode, 69);
+    ASSERT_TRUE(m_device.Open(m_sFileName));
+    std::atomic<int> nRight = 0;
+    std::vector<std::thread> threads;
+    for (int nVariable = 0; nVariable < 4; ++nVariable)
+        threads.emplace_back([&, nVariable] {
+            for (int nBlock = 0; nBlock < file.blocks.size(); ++nBlock) {
+                std::vector<float> values(file.blocks[nBlock].PointCount());
+                const SPointRun run = WholeRun(file.blocks[nBlock]);
+                if (ReadVariable<float>(m_device, file, nBlock, nVariable, values, run).IsOk() &&
+                    values.back() == float(Plot3DFixture::Value(nBlock, nVariable, run.nCount - 1)))
+                    ++nRight;
+            }
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(nRight, 32);
 }
