@@ -1,11 +1,11 @@
 #pragma once
 
 #include "data/box.h"
+#include "data/grids/cellbundle.h"
 #include "data/grids/igrid.h"
 #include "data/grids/treelayout.h"
 #include "data/kernels/cellmap.h"
 
-#include <utility>
 #include <vector>
 
 /**
@@ -13,9 +13,10 @@
  * bounding box of the points on its outer faces. A point is sought in every range whose box and whose
  * parents' boxes hold it, lower half first, and within a leaf cell by cell, i outermost.
  *
- * The tree keeps coarse boxes, six bytes each, that hold the exact ones; they and the boxes of the clusters
- * within the leaves only spare tests. The answers are those of the exact boxes. Immutable after the build;
- * safe to ask from any thread. The grid must be the one it was built of, with the same points.
+ * The tree keeps coarse boxes, six bytes each, that hold the exact ones, and below them bundles of cells with
+ * the bounds of their layers; both only spare tests, and the answers are those of the exact boxes. Immutable
+ * after the build; safe to ask from any thread. The grid must be the one it was built of, with the same
+ * points.
  */
 class CSearchTree
 {
@@ -35,22 +36,31 @@ public:
 
 private:
     class CBuilder;
-    class CPieceBuilder;
     class CQuery;
 
     /** The exact box of a node, where it doesn't hold all points of the node. */
     struct SOverhang
     {
-        qint64 nNode;
+        qint64 nFirst, nLast; // flat indices of the first and the last point, which tell the node
         SBox box;
+
+        static bool IsAhead(const SOverhang& a, const SOverhang& b)
+        {
+            return a.nFirst != b.nFirst ? a.nFirst < b.nFirst : a.nLast < b.nLast;
+        }
     };
 
+    CTreeNode Root() const { return CTreeNode(m_shape, m_nBundleCells); }
+
     SBlockShape m_shape;
-    SBox m_box;                         // of the root, exact; empty without cells
-    std::vector<SPackedBox> m_nodes;    // by CTreeNode::Index, within the parent's box
-    std::vector<SPackedBox> m_clusters; // by CTreeNode::FirstCluster, within the leaf's box
-    // Ordered by node. Only where cells are folded over one another, or in the gaps of a union, do points
-    // lie outside of the box of the outer faces.
+    qint64 m_nBundleCells = 0;
+    SBox m_box; // of the root, exact; empty without cells
+    // All by the counts of CTreeNode.
+    std::vector<SPackedBox> m_nodes; // each within its parent's
+    std::vector<CCellBundle> m_bundles;
+    std::vector<SLayerBounds> m_layers;
+    // In order. Only where cells are folded over one another, or in the gaps of a union, do points lie
+    // outside of the box of the outer faces.
     std::vector<SOverhang> m_overhangs;
 };
 

@@ -1,5 +1,4 @@
 // CSearchTree: the build.
-#include "data/grids/gridslices.h"
 #include "data/grids/searchtree.h"
 #include "data/kernels/parallel.h"
 
@@ -8,9 +7,6 @@ namespace {
 /** Points of a part of the block that is built in one go: its coordinates fill a good part of a core's cache.
  */
 constexpr qint64 PIECE_POINTS = 36000;
-/** A cluster's box must hold what CCellMap may accept: 1e-6 of a cell's diagonal beside the cell. */
-constexpr double CLUSTER_MARGIN = 1.01e-6; // of the cluster's diagonal
-
 /** Box of the points on each face of a range of points, and of all of them. */
 struct SRangeBoxes
 {
@@ -37,60 +33,44 @@ SRangeBoxes Joined(const SRangeBoxes& lower, const SRangeBoxes& upper, int nAxis
     return joined;
 }
 
-/** The points of a range of the block, gaps as NaN. */
-class CPiecePoints
+SRangeBoxes BoxesOf(const CGridPiece& points, const SIJKRange& range)
 {
-public:
-    CPiecePoints(const IGrid& grid, const SIJKRange& range)
-        : m_range(range), m_scratch(range.Count()), m_points(m_scratch.First(range.Count()))
-    {
-        FillRange(grid, range, GapsAreNaN, m_points);
-    }
+    SRangeBoxes boxes;
+    points.ForEachRow(range, [&](qint64 j, qint64 k, const SPointBuffers& row) {
+        SBox rowBox;
+        const size_t nLast = row.x.size() - 1;
+        for (size_t n = 0; n <= nLast; ++n)
+            rowBox.Add(PointAt(row, n));
+        boxes.all.Add(rowBox);
+        boxes.faces[0].Add(PointAt(row, 0));
+        boxes.faces[1].Add(PointAt(row, nLast));
+        const bool onFace[] = {j == range.min.j, j == range.max.j, k == range.min.k, k == range.max.k};
+        for (int n = 0; n < 4; ++n)
+            if (onFace[n])
+                boxes.faces[2 + n].Add(rowBox);
+    });
+    return boxes;
+}
 
-    SBox BoxOf(const SIJKRange& part) const
-    {
-        SBox box;
-        ForEachRow(
-            part, [&](qint64, qint64, const SBox& row, const DVector3D&, const DVector3D&) { box.Add(row); });
-        return box;
-    }
-
-    SRangeBoxes BoxesOf(const SIJKRange& part) const
-    {
-        SRangeBoxes boxes;
-        ForEachRow(
-            part, [&](qint64 j, qint64 k, const SBox& row, const DVector3D& first, const DVector3D& last) {
-                boxes.all.Add(row);
-                boxes.faces[0].Add(first);
-                boxes.faces[1].Add(last);
-                const bool onFace[] = {j == part.min.j, j == part.max.j, k == part.min.k, k == part.max.k};
-                for (int n = 0; n < 4; ++n)
-                    if (onFace[n])
-                        boxes.faces[2 + n].Add(row);
-            });
-        return boxes;
-    }
-
-private:
-    /** Calls visit(j, k, box of the row, first point, last point). */
-    template <class Visit> void ForEachRow(const SIJKRange& part, const Visit& visit) const
-    {
-        const qint64 nRow = part.Extent().i;
-        for (qint64 k = part.min.k; k <= part.max.k; ++k) {
-            for (qint64 j = part.min.j; j <= part.max.j; ++j) {
-                const qint64 nBegin = m_range.IndexOf({part.min.i, j, k});
-                SBox row;
-                for (qint64 n = nBegin; n < nBegin + nRow; ++n)
-                    row.Add(PointAt(m_points, n));
-                visit(j, k, row, PointAt(m_points, nBegin), PointAt(m_points, nBegin + nRow - 1));
-            }
-        }
-    }
-
-    SIJKRange m_range;
-    CPointScratch m_scratch;
-    SPointBuffers m_points;
-};
+/**
+ * The size of bundles: small ones tell cells apart best, but take more memory. The smallest one is taken that
+ * keeps the tree below a share of a grid in single precision.
+ */
+qint64 ChooseBundleCells(const SBlockShape& shape)
+{
+    constexpr qint64 SMALLEST = 6; // where it makes 4, 5 and 6 of most blocks
+    const qint64 nBytes = qint64(0.18 * double(shape.PointCount()) * 3 * sizeof(float));
+    const auto bytesOf = [&](qint64 nCells) {
+        const CTreeNode root(shape, nCells);
+        return root.NodeCount() * qint64(sizeof(SPackedBox)) +
+               root.BundleCount() * qint64(sizeof(CCellBundle)) +
+               root.LayerCount() * qint64(sizeof(SLayerBounds));
+    };
+    qint64 nCells = SMALLEST;
+    while (nCells < CCellBundle::MAX_CELLS && bytesOf(nCells) > nBytes)
+        ++nCells;
+    return nCells;
+}
 
 } // namespace
 
@@ -120,21 +100,22 @@ private:
     /** What the sweep upwards leaves for the one downwards. */
     struct SSweep
     {
-        std::vector<SBox> boxes; // exact, in the order of the nodes
+        std::vector<SBox> boxes; // exact, of the nodes down to the bundles, in order
         std::vector<SOverhang> overhangs;
     };
 
     static bool IsPiece(const CTreeNode& node)
     {
-        return node.IsLeaf() || node.Range().Count() <= PIECE_POINTS;
+        return node.IsBundle() || node.Range().Count() <= PIECE_POINTS;
     }
     void CollectPieces(const CTreeNode& node);
-    void BuildPiece(SPiece& piece);
-    void StoreClusters(const CTreeNode& leaf, const SBox& box, const CPiecePoints& points);
+    void SweepTop();
+    void SweepPiece(SPiece& piece);
+    void StoreBundle(const CTreeNode& node, const SBox& box, const CGridPiece& points);
 
-    template <class End> SRangeBoxes SweepUp(const CTreeNode& node, const End& end, SSweep& sweep);
+    template <class End> SRangeBoxes SweepUp(const CTreeNode& node, const End& end, SSweep& sweep) const;
     template <class End>
-    void SweepDown(const CTreeNode& node, const SBox& outer, const End& end, const SBox*& pBox);
+    void SweepDown(const CTreeNode& node, const SBox& outer, const End& end, const SBox*& pBox) const;
 
     CSearchTree& m_tree;
     const IGrid& m_grid;
@@ -152,9 +133,9 @@ void CSearchTree::CBuilder::CollectPieces(const CTreeNode& node)
     CollectPieces(node.Upper(lower));
 }
 
-/** @param end  end(node, boxes) fills the boxes of a node with nothing below it, and is true for one */
+/** @param end  end(node, boxes) fills the boxes of a node at which the sweep begins, and is true for one */
 template <class End>
-SRangeBoxes CSearchTree::CBuilder::SweepUp(const CTreeNode& node, const End& end, SSweep& sweep)
+SRangeBoxes CSearchTree::CBuilder::SweepUp(const CTreeNode& node, const End& end, SSweep& sweep) const
 {
     const size_t nPlace = sweep.boxes.size();
     sweep.boxes.emplace_back();
@@ -164,21 +145,25 @@ SRangeBoxes CSearchTree::CBuilder::SweepUp(const CTreeNode& node, const End& end
         const SRangeBoxes lowerBoxes = SweepUp(lower, end, sweep);
         boxes = Joined(lowerBoxes, SweepUp(node.Upper(lower), end, sweep), node.SplitAxis());
     }
-    sweep.boxes[nPlace] = boxes.Outer();
-    if (sweep.boxes[nPlace] != boxes.all)
-        sweep.overhangs.push_back({node.Index(), sweep.boxes[nPlace]});
+    const SBox outer = boxes.Outer();
+    sweep.boxes[nPlace] = outer;
+    if (node.IsBundle()) // what lies below one has no coarse box
+        sweep.boxes.resize(nPlace + 1);
+    if (outer != boxes.all)
+        sweep.overhangs.push_back({m_tree.m_shape.PointIndex(node.Range().min),
+                                   m_tree.m_shape.PointIndex(node.Range().max), outer});
     return boxes;
 }
 
 /**
  * @param outer  coarse box of the parent
- * @param end    end(node, coarse box, outer) does the rest for a node with nothing below it, and is true for
- * one
+ * @param end    end(node, coarse box, outer) does the rest at the end of the sweep, and is true for a node
+ * there
  * @param pBox   the exact boxes that SweepUp left
  */
 template <class End>
 void CSearchTree::CBuilder::SweepDown(const CTreeNode& node, const SBox& outer, const End& end,
-                                      const SBox*& pBox)
+                                      const SBox*& pBox) const
 {
     SPackedBox& packed = m_tree.m_nodes[node.Index()];
     packed = Pack(*pBox++, outer);
@@ -190,48 +175,37 @@ void CSearchTree::CBuilder::SweepDown(const CTreeNode& node, const SBox& outer, 
     SweepDown(node.Upper(lower), box, end, pBox);
 }
 
-void CSearchTree::CBuilder::StoreClusters(const CTreeNode& leaf, const SBox& box, const CPiecePoints& points)
+void CSearchTree::CBuilder::StoreBundle(const CTreeNode& node, const SBox& box, const CGridPiece& points)
 {
-    for (qint64 n = 0; n < leaf.ClusterCount(); ++n) {
-        SBox cluster = points.BoxOf(leaf.ClusterRange(n));
-        const double dMargin = CLUSTER_MARGIN * Length(cluster.Extent());
-        cluster.min = cluster.min - DVector3D{dMargin, dMargin, dMargin};
-        cluster.max = cluster.max + DVector3D{dMargin, dMargin, dMargin};
-        m_tree.m_clusters[leaf.FirstCluster() + n] = Pack(cluster, box);
-    }
+    const std::span<SLayerBounds> layers(m_tree.m_layers);
+    m_tree.m_bundles[node.FirstBundle()] =
+        CCellBundle(points, node.Range(), box.min, layers.subspan(node.FirstLayer(), node.LayerCount()));
 }
 
-void CSearchTree::CBuilder::BuildPiece(SPiece& piece)
+/** The nodes within a piece. */
+void CSearchTree::CBuilder::SweepPiece(SPiece& piece)
 {
-    const CPiecePoints points(m_grid, piece.node.Range());
+    const CGridPiece points(m_grid, piece.node.Range());
     SSweep sweep;
     const auto leafBoxes = [&](const CTreeNode& node, SRangeBoxes& boxes) {
         if (node.IsLeaf())
-            boxes = points.BoxesOf(node.Range());
+            boxes = BoxesOf(points, node.Range());
         return node.IsLeaf();
     };
     SweepUp(piece.node, leafBoxes, sweep);
-    const auto storeLeaf = [&](const CTreeNode& node, const SBox& box, const SBox&) {
-        if (node.IsLeaf())
-            StoreClusters(node, box, points);
-        return node.IsLeaf();
+    const auto storeBundle = [&](const CTreeNode& node, const SBox& box, const SBox&) {
+        if (node.IsBundle())
+            StoreBundle(node, box, points);
+        return node.IsBundle();
     };
     const SBox* pBox = sweep.boxes.data();
-    SweepDown(piece.node, piece.outer, storeLeaf, pBox);
+    SweepDown(piece.node, piece.outer, storeBundle, pBox);
     piece.overhangs = std::move(sweep.overhangs);
 }
 
-void CSearchTree::CBuilder::Build()
+/** The nodes above the pieces, whose boxes are known. */
+void CSearchTree::CBuilder::SweepTop()
 {
-    const CTreeNode root(m_tree.m_shape);
-    m_tree.m_nodes.resize(root.NodeCount());
-    m_tree.m_clusters.resize(root.ClusterCount());
-    CollectPieces(root);
-    RunPieces(qint64(m_pieces.size()), [&](qint64 n) {
-        const SIJKRange range = m_pieces[n].node.Range();
-        m_pieces[n].boxes = CPiecePoints(m_grid, range).BoxesOf(range);
-    });
-
     SSweep sweep;
     auto next = m_pieces.begin();
     const auto pieceBoxes = [&](const CTreeNode& node, SRangeBoxes& boxes) {
@@ -239,7 +213,7 @@ void CSearchTree::CBuilder::Build()
             boxes = (next++)->boxes;
         return IsPiece(node);
     };
-    SweepUp(root, pieceBoxes, sweep);
+    SweepUp(m_tree.Root(), pieceBoxes, sweep);
     m_tree.m_box = sweep.boxes.front();
 
     next = m_pieces.begin();
@@ -249,17 +223,32 @@ void CSearchTree::CBuilder::Build()
         return IsPiece(node);
     };
     const SBox* pBox = sweep.boxes.data();
-    SweepDown(root, m_tree.m_box, keepOuter, pBox);
-    RunPieces(qint64(m_pieces.size()), [&](qint64 n) { BuildPiece(m_pieces[n]); });
+    SweepDown(m_tree.Root(), m_tree.m_box, keepOuter, pBox);
+    m_tree.m_overhangs = std::move(sweep.overhangs);
+}
 
-    // The roots of the pieces come from both sweeps, with the same boxes.
+void CSearchTree::CBuilder::Build()
+{
+    m_tree.m_nBundleCells = ChooseBundleCells(m_tree.m_shape);
+    const CTreeNode root = m_tree.Root();
+    m_tree.m_nodes.resize(root.NodeCount());
+    m_tree.m_bundles.resize(root.BundleCount());
+    m_tree.m_layers.resize(root.LayerCount());
+    CollectPieces(root);
+    const qint64 nPieces = qint64(m_pieces.size());
+    RunPieces(nPieces, [&](qint64 n) {
+        const SIJKRange range = m_pieces[n].node.Range();
+        m_pieces[n].boxes = BoxesOf(CGridPiece(m_grid, range), range);
+    });
+    SweepTop();
+    RunPieces(nPieces, [&](qint64 n) { SweepPiece(m_pieces[n]); });
+
     std::vector<SOverhang>& overhangs = m_tree.m_overhangs;
-    overhangs = std::move(sweep.overhangs);
     for (const SPiece& piece : m_pieces)
         overhangs.insert(overhangs.end(), piece.overhangs.begin(), piece.overhangs.end());
-    const auto isAhead = [](const SOverhang& a, const SOverhang& b) { return a.nNode < b.nNode; };
-    const auto isSame = [](const SOverhang& a, const SOverhang& b) { return a.nNode == b.nNode; };
-    std::sort(overhangs.begin(), overhangs.end(), isAhead);
+    std::sort(overhangs.begin(), overhangs.end(), SOverhang::IsAhead);
+    // The roots of the pieces come from both sweeps, with the same boxes.
+    const auto isSame = [](const SOverhang& a, const SOverhang& b) { return !SOverhang::IsAhead(a, b); };
     overhangs.erase(std::unique(overhangs.begin(), overhangs.end(), isSame), overhangs.end());
     overhangs.shrink_to_fit();
 }

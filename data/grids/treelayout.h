@@ -10,8 +10,12 @@
 
 /**
  * A node of the tree: a range of cells, halved along its longest direction until no direction has more than
- * LEAF_CELLS. The nodes lie in the order of a descent, each ahead of its lower child, which is ahead of its
- * upper one. The cells of a leaf are grouped in clusters of at most two in each direction.
+ * LEAF_CELLS.
+ *
+ * Boxes are kept down to the bundles, the first nodes on the way down that have no more than nBundleCells in
+ * any direction, which is at least LEAF_CELLS. The nodes down to there are counted in the order of a descent,
+ * each ahead of its lower child, which is ahead of its upper one; the bundles alone in the same order, and so
+ * are their layers of cells, along i, j and k.
  */
 class CTreeNode
 {
@@ -19,16 +23,24 @@ public:
     static constexpr qint64 LEAF_CELLS = 4;
 
     /** The root. */
-    explicit CTreeNode(const SBlockShape& shape);
+    CTreeNode(const SBlockShape& shape, qint64 nBundleCells);
 
     SIJKRange Range() const { return {m_min, m_min + m_extent}; }
     qint64 Index() const { return m_nIndex; }
-    qint64 FirstCluster() const { return m_nFirstCluster; }
-    /** Of this one and all below. */
-    qint64 NodeCount() const { return 2 * m_leaves[0] * m_leaves[1] * m_leaves[2] - 1; }
-    qint64 ClusterCount() const { return m_clusters[0] * m_clusters[1] * m_clusters[2]; }
+    qint64 FirstBundle() const { return m_nFirstBundle; }
+    qint64 FirstLayer() const { return m_nFirstLayer; }
+    qint64 BundleCount() const { return m_bundles[0] * m_bundles[1] * m_bundles[2]; }
+    /** Of all its bundles. A direction of one point has one layer. */
+    qint64 LayerCount() const
+    {
+        const auto [i, j, k] = m_bundles;
+        return LayersAlong(0) * j * k + i * LayersAlong(1) * k + i * j * LayersAlong(2);
+    }
+    /** Of this one and all below, down to the bundles. */
+    qint64 NodeCount() const { return 2 * BundleCount() - 1; }
 
     bool IsLeaf() const { return m_extent[SplitAxis()] <= LEAF_CELLS; }
+    bool IsBundle() const { return m_extent[SplitAxis()] <= m_nBundleCells; }
     /** The longest direction; the lower one of equals. */
     int SplitAxis() const
     {
@@ -39,20 +51,17 @@ public:
     /** @param lower  the sibling, which knows how much lies ahead */
     CTreeNode Upper(const CTreeNode& lower) const;
 
-    /** Points of a cluster of a leaf, counted from 0 to ClusterCount() - 1. */
-    SIJKRange ClusterRange(qint64 nCluster) const;
-    /** The cluster of a cell of a leaf. */
-    qint64 ClusterOf(const IVector3D& ijk) const;
+    /** Layers of cells in one direction of this node alone. */
+    qint64 LayersAlong(int nAxis) const { return std::max<qint64>(m_extent[nAxis], 1); }
 
 private:
-    void Count(int nAxis);
-
     IVector3D m_min;    // the first point
     IVector3D m_extent; // cells; 0 in a direction of one point
+    qint64 m_nBundleCells;
     qint64 m_nIndex = 0;
-    qint64 m_nFirstCluster = 0;
-    std::array<qint64, 3> m_leaves;   // along each direction; the product counts those of the node
-    std::array<qint64, 3> m_clusters; // the same
+    qint64 m_nFirstBundle = 0;
+    qint64 m_nFirstLayer = 0;
+    std::array<qint64, 3> m_bundles; // along each direction; the product counts those of the node
 };
 
 /** A box within another one: how far it stands back from each side, in 255ths of the other one's extent. */
@@ -69,6 +78,7 @@ inline SBox Unpack(const SPackedBox& packed, const SBox& outer)
 {
     SBox box;
     for (int nAxis = 0; nAxis < 3; ++nAxis) {
+        // Each part by itself, since the extent of a very large box may overflow.
         const double dStep = outer.max[nAxis] * (1.0 / 255.0) - outer.min[nAxis] * (1.0 / 255.0);
         box.min[nAxis] = outer.min[nAxis] + packed.low[nAxis] * dStep;
         box.max[nAxis] = outer.max[nAxis] - packed.high[nAxis] * dStep;

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "data/box.h"
+#include "data/grids/gridslices.h"
+#include "data/grids/igrid.h"
+
+#include <array>
+
+/** The points of a range of a grid, read in one go; gaps are three NaN. Throws std::bad_alloc. */
+class CGridPiece
+{
+public:
+    CGridPiece(const IGrid& grid, const SIJKRange& range)
+        : m_range(range), m_scratch(range.Count()), m_points(m_scratch.First(range.Count()))
+    {
+        FillRange(grid, range, GapsAreNaN, m_points);
+    }
+
+    DVector3D Point(const IVector3D& ijk) const { return PointAt(m_points, m_range.IndexOf(ijk)); }
+    SBox BoxOf(const SIJKRange& part) const;
+
+    /** Calls visit(j, k, points) for each row of a part of the range; points holds the row from part.min.i.
+     */
+    template <class Visit> void ForEachRow(const SIJKRange& part, const Visit& visit) const
+    {
+        const qint64 nRow = part.Extent().i;
+        for (qint64 k = part.min.k; k <= part.max.k; ++k) {
+            for (qint64 j = part.min.j; j <= part.max.j; ++j) {
+                const qint64 nPlace = m_range.IndexOf({part.min.i, j, k});
+                visit(j, k,
+                      SPointBuffers{m_points.x.subspan(nPlace, nRow), m_points.y.subspan(nPlace, nRow),
+                                    m_points.z.subspan(nPlace, nRow)});
+            }
+        }
+    }
+
+private:
+    SIJKRange m_range;
+    CPointScratch m_scratch;
+    SPointBuffers m_points;
+};
+
+/** Between which places a layer of cells lies; low above high for a layer without points. */
+struct SLayerBounds
+{
+    quint8 nLow;
+    quint8 nHigh;
+};
+
+/**
+ * How the layers of a small range of cells lie in space. For each direction of the block there is a direction
+ * in space, across its layers; along it the points of each layer are bounded. That tells cells apart that lie
+ * askew, where the boxes of neighbours overlap by much.
+ */
+class CCellBundle
+{
+public:
+    static constexpr qint64 MAX_CELLS = 16; ///< in one direction
+
+    CCellBundle() = default;
+    /**
+     * @param range   the points of the cells
+     * @param origin  near the points
+     * @param bounds  of the layers along i, j and k, one after another; written
+     */
+    CCellBundle(const CGridPiece& points, const SIJKRange& range, const DVector3D& origin,
+                std::span<SLayerBounds> bounds);
+
+    /**
+     * The layers of one direction that may hold a point, as bits.
+     *
+     * @param fromOrigin  from the origin of the build, the very same, to the point
+     * @param bounds      of the layers of this direction, as they were written
+     */
+    quint32 LayersAt(const DVector3D& fromOrigin, int nAxis, std::span<const SLayerBounds> bounds) const;
+
+private:
+    /** Along a direction, 0 to 255 from the first point of all to the last. */
+    double PlaceOf(const DVector3D& fromOrigin, int nAxis) const
+    {
+        const double dPlace = Dot(fromOrigin, Normal(nAxis)) - m_offsets[nAxis];
+        return dPlace < 0.0 ? 0.0 : dPlace > 255.0 ? 255.0 : dPlace;
+    }
+    DVector3D Normal(int nAxis) const
+    {
+        const float* const pNormal = m_normals[nAxis];
+        return {pNormal[0], pNormal[1], pNormal[2]};
+    }
+    using PlaneRanges = std::array<std::array<SValueRange, MAX_CELLS + 1>, 3>;
+
+    void ChooseDirections(const CGridPiece& points, const SIJKRange& range, const DVector3D& origin);
+    void SetScale(const DVector3D& normal, const SValueRange& reach, int nAxis);
+    PlaneRanges PlacesOfPlanes(const CGridPiece& points, const SIJKRange& range,
+                               const DVector3D& origin) const;
+
+    float m_normals[3][3] = {};
+    float m_offsets[3] = {};
+};
