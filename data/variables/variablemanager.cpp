@@ -1,5 +1,7 @@
 #include "data/variables/variablemanager.h"
 
+#include "data/solutionmanager.h"
+
 #include <algorithm>
 
 namespace {
@@ -138,6 +140,16 @@ void CVariableManager::RemoveSimulationVariables(qint64 nSimulationId)
 {
     for (const qint64 nId : ListVariables(nSimulationId, true))
         RemoveVariable(nId);
+}
+
+void CVariableManager::RemoveUnusedFileVariables(qint64 nSimulationId)
+{
+    for (const qint64 nId : ListVariables(nSimulationId, false)) {
+        const IVariable* const pVariable = GetVariable(nId);
+        if (pVariable && pVariable->IsFileVariable() && !pVariable->IsGridVariable() &&
+            !CSolutionManager::Instance().HasSolutions(nSimulationId, nId))
+            RemoveWithDependants(nId);
+    }
 }
 
 void CVariableManager::NotifyChanged(qint64 nId)

@@ -41,6 +41,8 @@ public:
     /** The same with everything built on it. */
     void RemoveWithDependants(qint64 nId);
     void RemoveSimulationVariables(qint64 nSimulationId);
+    /** The file variables that no solution backs any more, with everything built on them. */
+    void RemoveUnusedFileVariables(qint64 nSimulationId);
     /** The definition has changed: readers forget their ranges, and whoever shows one is told. */
     void NotifyChanged(qint64 nId);
 

@@ -1,3 +1,4 @@
+#include "data/icases.h"
 #include "data/variables/expressionvariable.h"
 #include "data/variables/ivariablelistener.h"
 #include "data/variables/vectorvariable.h"
@@ -243,4 +244,57 @@ TEST_F(Variables, AMeanFlowGivesWhatItDoesNotSupplyItself)
     EXPECT_EQ(formula("C[Q]"), "sqrt(<gamma> * <Rgas> * <T-static@meanflow>)");
     EXPECT_EQ(formula("Rho[Q]"), "<p@mf> / (<Rgas> * <T-static@meanflow>)");
     EXPECT_EQ(formula("M[Q]"), "<Vmag[Q]> / <C[Q]>") << "the Mach number of another group isn't taken";
+}
+
+namespace {
+
+/** A case of one simulation as views and items would tell it. */
+class CTestCases : public ICases
+{
+public:
+    CTestCases() : m_pFormer(Install(this)) {}
+    ~CTestCases() override { Install(m_pFormer); }
+    double GetTime(qint64, qint64) const override { return m_dTime; }
+    QVector<qint64> GetBlockIds(qint64) const override { return {1, 2}; }
+    QByteArray GetKey(qint64) const override { return "key"; }
+    qint64 TranslateItem(qint64, qint64, qint64) const override { return -1; }
+
+    double m_dTime = -1.0;
+
+private:
+    ICases* m_pFormer;
+};
+
+} // namespace
+
+TEST_F(Variables, TheGlobalRangeCoversTheLivePointsOfAllBlocksUntilTheVariableChanges)
+{
+    const CTestCases cases;
+    OpenTwoBlocks();
+    SValueRange expected;
+    for (const auto& [nBlock, nPoints] : {std::pair{0, 60}, {1, 27}})
+        for (qint64 n = 0; n < nPoints; ++n)
+            if (Plot3DFixture::Blank(nBlock, n) != 0)
+                expected.Add(Plot3DFixture::Value(nBlock, 0, n));
+    IVariable& variable = *m_manager.GetVariable(Id("R"));
+    EXPECT_EQ(variable.GetGlobalRange(1, SIMULATION, -1), expected);
+    auto* const pDouble = Formula("double", "2 * <R>");
+    EXPECT_EQ(pDouble->GetGlobalRange(1, SIMULATION, -1),
+              (SValueRange{2 * expected.dMin, 2 * expected.dMax}));
+    pDouble->SetExpression("3 * <R>", false, false);
+    EXPECT_EQ(pDouble->GetGlobalRange(1, SIMULATION, -1),
+              (SValueRange{3 * expected.dMin, 3 * expected.dMax}));
+    EXPECT_TRUE(variable.GetGlobalRange(1, 9, 1).IsEmpty()) << "no such case";
+}
+
+TEST_F(Variables, FileVariablesWithoutFilesGoWithWhatIsBuiltOnThem)
+{
+    OpenTwoBlocks();
+    CSolutionManager::Instance().RemoveItem(SIMULATION, 1);
+    m_manager.RemoveUnusedFileVariables(SIMULATION);
+    EXPECT_NE(Id("R"), -1) << "block 2 still has it";
+    CSolutionManager::Instance().RemoveItem(SIMULATION, 2);
+    m_manager.RemoveUnusedFileVariables(SIMULATION);
+    for (const char* const sName : {"R", "X", "P[Q]", "M[Q]", "Velocity"})
+        EXPECT_EQ(Id(sName), -1) << sName;
 }
