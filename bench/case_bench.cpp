@@ -1,5 +1,6 @@
 // A Plot3D case through the managers: registration of 2,000 blocks, loading grid and solution of 10^7 points
 // as fields, and built-in variables over them, each beside a limit of the same run.
+#include "data/casedata.h"
 #include "data/gridmanager.h"
 #include "data/kernels/largearray.h"
 #include "data/kernels/parallel.h"

@@ -154,10 +154,3 @@ SPlot3DCase RegisterPlot3DCase(qint64 nSimulationId, const SPlot3DCaseFiles& fil
     CreateConservativeVariables(nSimulationId, "", result.reference);
     return result;
 }
-
-void RemoveCaseData(qint64 nSimulationId)
-{
-    CVariableManager::Instance().RemoveSimulationVariables(nSimulationId);
-    CSolutionManager::Instance().RemoveSimulation(nSimulationId);
-    CGridManager::Instance().RemoveSimulation(nSimulationId);
-}

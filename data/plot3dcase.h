@@ -32,8 +32,5 @@ struct SPlot3DCase
  */
 SPlot3DCase RegisterPlot3DCase(qint64 nSimulationId, const SPlot3DCaseFiles& files);
 
-/** Lets go of everything that was registered for the simulation: variables, solutions, grids. */
-void RemoveCaseData(qint64 nSimulationId);
-
 /** The last number in a file's name, by which a series of files counts; nFallback if there is none. */
 double TimeOfFile(const QString& sFileName, double dFallback);

@@ -1,6 +1,7 @@
 #include "app/batch/batchcase.h"
 
 #include "app/batch/batch.h"
+#include "data/casedata.h"
 #include "data/variables/expressionvariable.h"
 #include "data/variables/variablemanager.h"
 

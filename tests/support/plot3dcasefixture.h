@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/casedata.h"
 #include "data/gridmanager.h"
 #include "data/plot3dcase.h"
 #include "data/solutionmanager.h"
