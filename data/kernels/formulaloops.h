@@ -61,67 +61,127 @@ template <class Run> void VisitBinary(FormulaOperation_e eOperation, const Run& 
     // clang-format on
 }
 
-void RunUnary(FormulaOperation_e eOperation, const double* __restrict pA, double* __restrict pTarget,
-              qint64 nCount)
+/** Calls run with one of the four operations that pairs begin with. */
+template <class Run> void VisitFirstOfPair(FormulaOperation_e eOperation, const Run& run)
 {
-    VisitUnary(eOperation, [=](auto operation) {
-        for (qint64 n = 0; n < nCount; ++n)
-            pTarget[n] = operation(pA[n]);
-    });
-}
-
-void RunArrays(FormulaOperation_e eOperation, const double* __restrict pA, const double* __restrict pB,
-               double* __restrict pTarget, qint64 nCount)
-{
-    VisitBinary(eOperation, [=](auto operation) {
-        for (qint64 n = 0; n < nCount; ++n)
-            pTarget[n] = operation(pA[n], pB[n]);
-    });
-}
-
-void RunFirstUniform(FormulaOperation_e eOperation, double a, const double* __restrict pB,
-                     double* __restrict pTarget, qint64 nCount)
-{
-    VisitBinary(eOperation, [=](auto operation) {
-        for (qint64 n = 0; n < nCount; ++n)
-            pTarget[n] = operation(a, pB[n]);
-    });
-}
-
-void RunSecondUniform(FormulaOperation_e eOperation, const double* __restrict pA, double b,
-                      double* __restrict pTarget, qint64 nCount)
-{
-    if (eOperation == OpPow && b == 2.0) // the same bits, and it vectorises
-        return RunArrays(OpMultiply, pA, pA, pTarget, nCount);
-    VisitBinary(eOperation, [=](auto operation) {
-        for (qint64 n = 0; n < nCount; ++n)
-            pTarget[n] = operation(pA[n], b);
-    });
-}
-
-void RunBinary(FormulaOperation_e eOperation, SFormulaOperand a, SFormulaOperand b, double* pTarget,
-               qint64 nCount)
-{
-    if (a.pValues == nullptr)
-        RunFirstUniform(eOperation, a.dValue, b.pValues, pTarget, nCount);
-    else if (b.pValues == nullptr)
-        RunSecondUniform(eOperation, a.pValues, b.dValue, pTarget, nCount);
-    else
-        RunArrays(eOperation, a.pValues, b.pValues, pTarget, nCount);
-}
-
-template <class Real>
-void Gather(const Real* __restrict pSource, qint64 nStride, double* __restrict pTarget, qint64 nCount)
-{
-    if (nStride == 1) { // a loop of its own, which vectorises
-        for (qint64 n = 0; n < nCount; ++n)
-            pTarget[n] = pSource[n];
-        return;
+    // clang-format off
+    switch (eOperation) {
+    case OpAdd:      return run([](double a, double b) { return a + b; });
+    case OpSubtract: return run([](double a, double b) { return a - b; });
+    case OpMultiply: return run([](double a, double b) { return a * b; });
+    case OpDivide:   return run([](double a, double b) { return a / b; });
+    default:         Q_ASSERT(false);
     }
-    for (qint64 n = 0; n < nCount; ++n)
-        pTarget[n] = pSource[n * nStride];
+    // clang-format on
 }
 
-constexpr SFormulaKernels KERNELS = {RunUnary, RunBinary, Gather<float>, Gather<double>};
+/** Calls run with the second operation of a pair as a function of the first one's value and c. */
+template <class Run> void VisitSecondOfPair(FormulaPair_e ePair, const Run& run)
+{
+    // clang-format off
+    switch (ePair) {
+    case PairAdd:          return run([](double v, double c) { return v + c; });
+    case PairSubtract:     return run([](double v, double c) { return v - c; });
+    case PairSubtractFrom: return run([](double v, double c) { return c - v; });
+    case PairMultiply:     return run([](double v, double c) { return v * c; });
+    case PairDivide:       return run([](double v, double c) { return v / c; });
+    case PairDivideInto:   return run([](double v, double c) { return c / v; });
+    case PairSqrt:         return run([](double v, double) { return ::sqrt(v); });
+    case PairAbs:          return run([](double v, double) { return ::fabs(v); });
+    case PairNegate:       return run([](double v, double) { return -v; });
+    case PairMarker:       return run([](double v, double) { return v == v ? v : NO_VALUE; });
+    }
+    // clang-format on
+}
+
+/** target = operation(a, b, c); the inner loops have a fixed length and become a few instructions. */
+template <class Operation, class A, class B, class C>
+void RunBlocks(const A* __restrict pA, qint64 nStepA, const B* __restrict pB, qint64 nStepB,
+               const C* __restrict pC, qint64 nStepC, double* __restrict pTarget, const char* pAhead,
+               qint64 nAheadBytes, qint64 nBlocks)
+{
+    // Of doubles; for floats two of these are the same line.
+    constexpr qint64 LINES = FORMULA_BLOCK * sizeof(double) / FORMULA_LINE_BYTES;
+    for (qint64 n = 0; n < nBlocks; ++n) {
+        for (qint64 k = 0; k < LINES; ++k)
+            __builtin_prefetch(pAhead + k * (nAheadBytes / LINES));
+        for (qint64 k = 0; k < FORMULA_BLOCK; ++k)
+            pTarget[k] = Operation()(double(pA[k]), double(pB[k]), double(pC[k]));
+        pA += nStepA;
+        pB += nStepB;
+        pC += nStepC;
+        pTarget += FORMULA_BLOCK;
+        pAhead += nAheadBytes;
+    }
+}
+
+template <class Operation, class A, class B, class C> void Loop(const SFormulaCall& call, qint64 nBlocks)
+{
+    const SFormulaOperand(&arguments)[3] = call.arguments;
+    RunBlocks<Operation>(static_cast<const A*>(arguments[0].pValues), arguments[0].nStep,
+                         static_cast<const B*>(arguments[1].pValues), arguments[1].nStep,
+                         static_cast<const C*>(arguments[2].pValues), arguments[2].nStep, call.pTarget,
+                         call.pAhead, call.nAheadBytes, nBlocks);
+}
+
+// An argument that the operation doesn't have repeats the one before, and is of its type.
+
+template <class Operation> FormulaLoop UnaryLoop(FormulaFloats floats)
+{
+    struct SOperation
+    {
+        double operator()(double a, double, double) const { return Operation()(a); }
+    };
+    return floats & 1 ? Loop<SOperation, float, float, float> : Loop<SOperation, double, double, double>;
+}
+
+template <class Operation> FormulaLoop BinaryLoop(FormulaFloats floats)
+{
+    struct SOperation
+    {
+        double operator()(double a, double b, double) const { return Operation()(a, b); }
+    };
+    constexpr FormulaLoop LOOPS[] = {
+        Loop<SOperation, double, double, double>, Loop<SOperation, float, double, double>,
+        Loop<SOperation, double, float, float>, Loop<SOperation, float, float, float>};
+    return LOOPS[floats & 3];
+}
+
+template <class Operation> FormulaLoop TernaryLoop(FormulaFloats floats)
+{
+    constexpr FormulaLoop LOOPS[] = {
+        Loop<Operation, double, double, double>, Loop<Operation, float, double, double>,
+        Loop<Operation, double, float, double>,  Loop<Operation, float, float, double>,
+        Loop<Operation, double, double, float>,  Loop<Operation, float, double, float>,
+        Loop<Operation, double, float, float>,   Loop<Operation, float, float, float>};
+    return LOOPS[floats & 7];
+}
+
+FormulaLoop SingleLoop(FormulaOperation_e eOperation, FormulaFloats floats)
+{
+    FormulaLoop pLoop = nullptr;
+    if (IsBinary(eOperation))
+        VisitBinary(eOperation, [&]<class Operation>(Operation) { pLoop = BinaryLoop<Operation>(floats); });
+    else
+        VisitUnary(eOperation, [&]<class Operation>(Operation) { pLoop = UnaryLoop<Operation>(floats); });
+    return pLoop;
+}
+
+FormulaLoop PairLoop(FormulaOperation_e eFirst, FormulaPair_e eSecond, FormulaFloats floats)
+{
+    FormulaLoop pLoop = nullptr;
+    VisitFirstOfPair(eFirst, [&]<class First>(First) {
+        VisitSecondOfPair(eSecond, [&]<class Second>(Second) {
+            struct SOperation
+            {
+                double operator()(double a, double b, double c) const { return Second()(First()(a, b), c); }
+            };
+            pLoop = TernaryLoop<SOperation>(floats);
+        });
+    });
+    return pLoop;
+}
+
+constexpr SFormulaKernels KERNELS = {SingleLoop, PairLoop};
 
 } // namespace

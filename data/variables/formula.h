@@ -33,7 +33,7 @@ class CFormula
 {
 public:
     /** A longer text doesn't compile; the error stands at the first character too many. */
-    static constexpr int MAX_LENGTH = 1 << 20;
+    static constexpr int MAX_LENGTH = 1 << 18;
 
     /**
      * @param sText   numbers, names, "+ - * / % ^", parentheses and "," (the last of a list counts);

@@ -1,6 +1,7 @@
 #include "data/variables/formulabuilder.h"
 
 #include "data/kernels/formulakernels.h"
+#include "data/variables/registerpool.h"
 
 #include <bit>
 
@@ -8,28 +9,6 @@ namespace {
 constexpr int UNUSED = -1;
 
 bool IsCommutative(FormulaOperation_e eOperation) { return eOperation == OpAdd || eOperation == OpMultiply; }
-
-/** The registers of a program: each is given out again once its value has no further use. */
-class CRegisterPool
-{
-public:
-    explicit CRegisterPool(int nFirst) : m_nFirst(nFirst) {}
-    int Take()
-    {
-        if (m_free.empty())
-            return m_nFirst + m_nCount++;
-        const int nRegister = m_free.back();
-        m_free.pop_back();
-        return nRegister;
-    }
-    void GiveBack(int nRegister) { m_free.push_back(nRegister); }
-    int Count() const { return m_nCount; }
-
-private:
-    const int m_nFirst; // place of the first register
-    std::vector<int> m_free;
-    int m_nCount = 0;
-};
 } // namespace
 
 bool CFormulaBuilder::SValue::operator==(const SValue& other) const
@@ -137,16 +116,16 @@ void CFormulaBuilder::PlaceConstants(SFormulaProgram& program, std::span<const i
 void CFormulaBuilder::PlaceSteps(SFormulaProgram& program, std::span<const int> lastUses,
                                  std::vector<int>& places) const
 {
-    CRegisterPool registers(program.FirstRegister());
+    CRegisterPool registers;
     const auto giveBackAfter = [&](int nUse, int nValue) {
         if (IsStep(nValue) && lastUses[nValue] == nUse)
-            registers.GiveBack(places[nValue]);
+            registers.GiveBack(places[nValue] - program.FirstRegister());
     };
     for (int n = m_nInputCount; n < int(m_values.size()); ++n) {
         const SValue& value = m_values[n];
         if (!IsStep(n) || lastUses[n] == UNUSED)
             continue;
-        places[n] = registers.Take(); // ahead of giving back: loops don't work in place
+        places[n] = program.FirstRegister() + registers.Take();
         program.steps.push_back({value.eOperation, places[n], places[value.nA], places[value.nB]});
         giveBackAfter(n, value.nA);
         if (value.nB != value.nA)

@@ -23,10 +23,17 @@ public:
 
     bool IsUniform() const { return m_pFloats == nullptr && m_pDoubles == nullptr; }
     /** Whether loops can read the array as it stands. */
-    bool IsPlain() const { return m_pDoubles != nullptr && m_nStride == 1; }
+    bool IsPlain() const { return m_nStride == 1; }
+    bool IsOfFloats() const { return m_pFloats != nullptr; }
     bool HasPoints(qint64 nCount) const { return IsUniform() || nCount <= m_nCount; }
 
     double GetUniform() const { return m_dValue; }
+    /** The first byte of the array, whatever it is of. */
+    const char* GetBytes() const
+    {
+        return m_pFloats != nullptr ? reinterpret_cast<const char*>(m_pFloats)
+                                    : reinterpret_cast<const char*>(m_pDoubles);
+    }
     const float* GetFloats() const { return m_pFloats; }
     const double* GetDoubles() const { return m_pDoubles; }
     qint64 GetStride() const { return m_nStride; }

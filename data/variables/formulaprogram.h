@@ -5,8 +5,7 @@
 #include <vector>
 
 /**
- * One operation. Places count through inputs, constants and registers in this order; the target is a
- * register that isn't among the arguments.
+ * One operation. Places count through inputs, constants and registers in this order.
  */
 struct SFormulaStep
 {

@@ -1,22 +1,26 @@
 #include "data/variables/formularun.h"
 
 namespace {
-/** What the arrays of a run share of the first cache, in doubles: 24 KiB of 32. */
-constexpr qint64 CACHE_DOUBLES = 3072;
+/** What a run may have of the first cache, in doubles: a quarter; what comes next streams into the rest. */
+constexpr qint64 CACHE_DOUBLES = 1024;
 /** Shorter runs cost more in calls than they gain, longer ones gain nothing. */
-constexpr qint64 MIN_RUN_POINTS = 64;
+constexpr qint64 MIN_RUN_POINTS = 2 * FORMULA_BLOCK;
 constexpr qint64 MAX_RUN_POINTS = 1024;
+constexpr qint64 LINE_DOUBLES = FORMULA_LINE_BYTES / sizeof(double);
 
-qint64 RunPoints(qint64 nArrayCount)
+/** An input counts twice, since what comes next of it comes in meanwhile; one more is the output. */
+qint64 RunPoints(const SFormulaLoops& loops)
 {
-    const qint64 nPoints = CACHE_DOUBLES / std::max<qint64>(nArrayCount, 1);
-    return std::clamp(nPoints - nPoints % MIN_RUN_POINTS, MIN_RUN_POINTS, MAX_RUN_POINTS);
+    const qint64 nArrayCount = 2 * qint64(loops.inputs.size()) + loops.nBufferCount + 1;
+    const qint64 nPoints = CACHE_DOUBLES / nArrayCount;
+    return std::clamp(nPoints - nPoints % FORMULA_BLOCK, MIN_RUN_POINTS, MAX_RUN_POINTS);
 }
 
-void Scatter(const double* pValues, qint64 nCount, double* pOut, qint64 nStride)
+template <class Real>
+void CopyStrided(const Real* pFrom, qint64 nFromStride, double* pTo, qint64 nToStride, qint64 nCount)
 {
     for (qint64 n = 0; n < nCount; ++n)
-        pOut[n * nStride] = pValues[n];
+        pTo[n * nToStride] = double(pFrom[n * nFromStride]);
 }
 
 void Fill(double dValue, qint64 nCount, double* pOut, qint64 nStride)
@@ -26,125 +30,185 @@ void Fill(double dValue, qint64 nCount, double* pOut, qint64 nStride)
 }
 } // namespace
 
-/** The arrays of one thread by place: inputs, and a buffer for each register. */
-class CFormulaRun::CScratch
+/** One thread's way through a range: its scratch, and the calls of the kernels that each run repeats. */
+class CFormulaRun::CPass
 {
 public:
-    explicit CScratch(const CFormulaRun& run)
-        : m_buffers(run.m_program.PlaceCount(), nullptr), m_arrays(m_buffers.size(), nullptr)
-    {
-        std::vector<int> places;
-        for (const int nInput : run.m_inputs)
-            if (!run.m_columns[nInput].IsPlain())
-                places.push_back(nInput);
-        for (int n = run.m_program.FirstRegister(); n < run.m_program.PlaceCount(); ++n)
-            places.push_back(n);
-        m_values.resize(places.size() * run.m_nRunPoints);
-        for (size_t n = 0; n < places.size(); ++n)
-            m_arrays[places[n]] = m_buffers[places[n]] = m_values.data() + n * run.m_nRunPoints;
-    }
+    explicit CPass(const CFormulaRun& run);
 
-    /** The place reads this array, where it stands. */
-    void Lend(int nPlace, const double* pValues) { m_arrays[nPlace] = pValues; }
-    double* Buffer(int nPlace) const { return m_buffers[nPlace]; }
-    const double* Array(int nPlace) const { return m_arrays[nPlace]; }
-    SFormulaOperand Operand(const SPlace& place) const
-    {
-        return place.nPlace < 0 ? SFormulaOperand{nullptr, place.dValue}
-                                : SFormulaOperand{m_arrays[place.nPlace], 0.0};
-    }
+    /** Whole blocks: arrays without a stride are read and written where they stand. */
+    void EvaluateBlocks(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStride);
+    /** Less than a run, of any length: everything goes through the scratch. */
+    void EvaluateRest(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStride);
 
 private:
+    /** A call, and by how many bytes its arrays move on from run to run. */
+    struct SCall : SFormulaCall
+    {
+        FormulaLoop pLoop;
+        qint64 nMoves[3];
+        qint64 nTargetMove;
+        qint64 nAheadMove;
+        void MoveOn();
+    };
+
+    const CFormulaColumn& Column(size_t nInput) const { return m_run.m_columns[m_loops.inputs[nInput]]; }
+    double* InputArray(size_t nInput) { return m_pFirst + nInput * m_nDistance; }
+    double* Buffer(int nBuffer) { return InputArray(m_loops.inputs.size() + nBuffer); }
+    void MakeCalls();
+    void LendInputs(qint64 nBegin);
+    void BringAhead(const char* pAhead, qint64 nSize);
+    void Gather(size_t nInput, qint64 nBegin, qint64 nCount);
+    void Call(qint64 nCount);
+
+    const CFormulaRun& m_run;
+    const SFormulaLoops& m_loops;
+    const qint64
+        m_nDistance; // between arrays: a line more than they need, to spread them over the cache's sets
     std::vector<double> m_values;
-    std::vector<double*> m_buffers;      // into m_values; null for what needs none
-    std::vector<const double*> m_arrays; // the buffer, or what was lent
+    double* m_pFirst; // in m_values, at the start of a line
+    std::vector<SCall> m_calls;
+    size_t m_nCallsAhead = 0; // how many bring something in
 };
+
+CFormulaRun::CPass::CPass(const CFormulaRun& run)
+    : m_run(run),
+      m_loops(run.m_loops),
+      m_nDistance(run.m_nRunPoints + LINE_DOUBLES),
+      m_values((m_loops.inputs.size() + m_loops.nBufferCount) * m_nDistance + LINE_DOUBLES)
+{
+    const size_t nMisfit = reinterpret_cast<size_t>(m_values.data()) % FORMULA_LINE_BYTES / sizeof(double);
+    m_pFirst = m_values.data() + (LINE_DOUBLES - nMisfit) % LINE_DOUBLES;
+}
+
+void CFormulaRun::CPass::SCall::MoveOn()
+{
+    for (int k = 0; k < 3; ++k)
+        arguments[k].pValues = static_cast<const char*>(arguments[k].pValues) + nMoves[k];
+    pTarget += nTargetMove / qint64(sizeof(double));
+    pAhead += nAheadMove;
+}
+
+/** The calls when all arrays are the scratch's. */
+void CFormulaRun::CPass::MakeCalls()
+{
+    m_calls.clear();
+    for (const SFormulaLoop& loop : m_loops.loops) {
+        SCall call{};
+        call.pLoop = loop.pRestLoop;
+        call.pTarget = Buffer(loop.nBuffer);
+        call.pAhead = reinterpret_cast<const char*>(call.pTarget); // is there already
+        for (int k = 0; k < 3; ++k) {
+            const auto [eSource, nIndex] = loop.arguments[k];
+            if (eSource == SFormulaArgument::Uniform)
+                call.arguments[k] = {m_loops.uniforms[nIndex].values.data(), 0};
+            else
+                call.arguments[k] = {eSource == SFormulaArgument::Input ? InputArray(nIndex) : Buffer(nIndex),
+                                     FORMULA_BLOCK};
+        }
+        m_calls.push_back(call);
+    }
+}
+
+/** Lets the calls read arrays without a stride where they stand, and bring in what comes next of them. */
+void CFormulaRun::CPass::LendInputs(qint64 nBegin)
+{
+    std::vector<bool> isAhead(m_loops.inputs.size(), false);
+    for (size_t n = 0; n < m_calls.size(); ++n) {
+        m_calls[n].pLoop = m_loops.loops[n].pLoop;
+        for (int k = 0; k < 3; ++k) {
+            const auto [eSource, nIndex] = m_loops.loops[n].arguments[k];
+            if (eSource != SFormulaArgument::Input || !Column(nIndex).IsPlain())
+                continue;
+            const CFormulaColumn& column = Column(nIndex);
+            const qint64 nSize = column.IsOfFloats() ? sizeof(float) : sizeof(double);
+            const char* const pValues = column.GetBytes() + nBegin * nSize;
+            m_calls[n].arguments[k].pValues = pValues;
+            m_calls[n].nMoves[k] = m_run.m_nRunPoints * nSize;
+            if (!isAhead[nIndex])
+                BringAhead(pValues + FORMULA_AHEAD * nSize, nSize);
+            isAhead[nIndex] = true;
+        }
+    }
+}
+
+/** Gives an array to a call that brings in nothing yet; where all do, the processor has to see to it. */
+void CFormulaRun::CPass::BringAhead(const char* pAhead, qint64 nSize)
+{
+    if (m_nCallsAhead == m_calls.size())
+        return;
+    SCall& call = m_calls[m_nCallsAhead++];
+    call.pAhead = pAhead;
+    call.nAheadBytes = FORMULA_BLOCK * nSize;
+    call.nAheadMove = m_run.m_nRunPoints * nSize;
+}
+
+void CFormulaRun::CPass::EvaluateBlocks(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStride)
+{
+    MakeCalls();
+    const bool bInPlace = nStride == 1;
+    const double* const pBuffer = m_calls.back().pTarget;
+    if (bInPlace) {
+        m_calls.back().pTarget = pOut;
+        m_calls.back().nTargetMove = m_run.m_nRunPoints * sizeof(double);
+        BringAhead(reinterpret_cast<const char*>(pOut), sizeof(double));
+    }
+    LendInputs(nBegin);
+    for (qint64 n = nBegin; n < nEnd; n += m_run.m_nRunPoints) {
+        const qint64 nCount = std::min(m_run.m_nRunPoints, nEnd - n);
+        for (size_t k = 0; k < m_loops.inputs.size(); ++k)
+            if (!Column(k).IsPlain())
+                Gather(k, n, nCount);
+        Call(nCount);
+        if (!bInPlace)
+            CopyStrided(pBuffer, 1, pOut + (n - nBegin) * nStride, nStride, nCount);
+    }
+}
+
+void CFormulaRun::CPass::EvaluateRest(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStride)
+{
+    MakeCalls();
+    for (size_t k = 0; k < m_loops.inputs.size(); ++k)
+        Gather(k, nBegin, nEnd - nBegin);
+    const double* const pBuffer = m_calls.back().pTarget;
+    Call(nEnd - nBegin);
+    CopyStrided(pBuffer, 1, pOut, nStride, nEnd - nBegin);
+}
+
+void CFormulaRun::CPass::Gather(size_t nInput, qint64 nBegin, qint64 nCount)
+{
+    const CFormulaColumn& column = Column(nInput);
+    const qint64 nStride = column.GetStride();
+    double* const pTarget = InputArray(nInput);
+    if (column.IsOfFloats())
+        CopyStrided(column.GetFloats() + nBegin * nStride, nStride, pTarget, 1, nCount);
+    else
+        CopyStrided(column.GetDoubles() + nBegin * nStride, nStride, pTarget, 1, nCount);
+}
+
+/** All calls for a run, the last block filled up. */
+void CFormulaRun::CPass::Call(qint64 nCount)
+{
+    const qint64 nBlocks = (nCount + FORMULA_BLOCK - 1) / FORMULA_BLOCK;
+    for (SCall& call : m_calls) {
+        call.pLoop(call, nBlocks);
+        call.MoveOn();
+    }
+}
 
 CFormulaRun::CFormulaRun(const SFormulaProgram& program, std::span<const CFormulaColumn> columns,
                          const SFormulaKernels& kernels)
-    : m_program(program), m_columns(columns), m_kernels(kernels)
-{
-    Q_ASSERT(int(columns.size()) == program.nInputCount);
-    BindSteps();
-    FindInputs();
-    m_nRunPoints = RunPoints(qint64(m_inputs.size()) + program.nRegisterCount);
-}
-
-void CFormulaRun::BindSteps()
-{
-    std::vector<SPlace> places(m_program.PlaceCount());
-    for (int n = 0; n < m_program.nInputCount; ++n)
-        places[n] = m_columns[n].IsUniform() ? SPlace{-1, m_columns[n].GetUniform()} : SPlace{n, 0.0};
-    for (size_t n = 0; n < m_program.constants.size(); ++n)
-        places[m_program.nInputCount + n].dValue = m_program.constants[n];
-    for (const SFormulaStep& step : m_program.steps) {
-        const SPlace a = places[step.nA];
-        const SPlace b = places[step.nB];
-        if (a.nPlace < 0 && b.nPlace < 0) {
-            places[step.nTarget] = {-1, IsBinary(step.eOperation)
-                                            ? ApplyBinary(step.eOperation, a.dValue, b.dValue)
-                                            : ApplyUnary(step.eOperation, a.dValue)};
-            continue;
-        }
-        m_steps.push_back({step.eOperation, step.nTarget, a, b});
-        places[step.nTarget] = {step.nTarget, 0.0};
-    }
-    m_result = places[m_program.nResult];
-}
-
-void CFormulaRun::FindInputs()
-{
-    std::vector<bool> isRead(m_program.nInputCount, false);
-    for (const SStep& step : m_steps)
-        for (const int nPlace : {step.a.nPlace, step.b.nPlace})
-            if (nPlace >= 0 && nPlace < m_program.nInputCount)
-                isRead[nPlace] = true;
-    for (int n = 0; n < m_program.nInputCount; ++n)
-        if (isRead[n])
-            m_inputs.push_back(n);
-}
+    : m_columns(columns), m_loops(BindFormula(program, columns, kernels)), m_nRunPoints(RunPoints(m_loops))
+{}
 
 void CFormulaRun::Evaluate(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStride) const
 {
-    if (m_result.nPlace < 0)
-        return Fill(m_result.dValue, nEnd - nBegin, pOut, nStride);
-    CScratch scratch(*this);
-    for (qint64 n = nBegin; n < nEnd; n += m_nRunPoints) {
-        const qint64 nCount = std::min(m_nRunPoints, nEnd - n);
-        double* const pTarget = pOut + (n - nBegin) * nStride;
-        double* const pResult = nStride == 1 ? pTarget : scratch.Buffer(m_result.nPlace);
-        Gather(n, nCount, scratch);
-        RunSteps(nCount, pResult, scratch);
-        if (pResult != pTarget)
-            Scatter(pResult, nCount, pTarget, nStride);
-    }
-}
-
-void CFormulaRun::Gather(qint64 nBegin, qint64 nCount, CScratch& scratch) const
-{
-    for (const int nInput : m_inputs) {
-        const CFormulaColumn& column = m_columns[nInput];
-        const qint64 nStride = column.GetStride();
-        if (column.IsPlain())
-            scratch.Lend(nInput, column.GetDoubles() + nBegin);
-        else if (column.GetFloats() != nullptr)
-            m_kernels.GatherFloats(column.GetFloats() + nBegin * nStride, nStride, scratch.Buffer(nInput),
-                                   nCount);
-        else
-            m_kernels.GatherDoubles(column.GetDoubles() + nBegin * nStride, nStride, scratch.Buffer(nInput),
-                                    nCount);
-    }
-}
-
-/** The last step gives the result, which goes straight to its place. */
-void CFormulaRun::RunSteps(qint64 nCount, double* pResult, const CScratch& scratch) const
-{
-    for (const SStep& step : m_steps) {
-        double* const pTarget = &step == &m_steps.back() ? pResult : scratch.Buffer(step.nTarget);
-        if (IsBinary(step.eOperation))
-            m_kernels.Binary(step.eOperation, scratch.Operand(step.a), scratch.Operand(step.b), pTarget,
-                             nCount);
-        else
-            m_kernels.Unary(step.eOperation, scratch.Array(step.a.nPlace), pTarget, nCount);
-    }
+    if (m_loops.loops.empty())
+        return Fill(m_loops.dResult, nEnd - nBegin, pOut, nStride);
+    CPass pass(*this);
+    const qint64 nRest = (nEnd - nBegin) % FORMULA_BLOCK;
+    if (nBegin < nEnd - nRest)
+        pass.EvaluateBlocks(nBegin, nEnd - nRest, pOut, nStride);
+    if (nRest > 0)
+        pass.EvaluateRest(nEnd - nRest, nEnd, pOut + (nEnd - nRest - nBegin) * nStride, nStride);
 }

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "data/kernels/formulakernels.h"
-#include "data/variables/formulacolumn.h"
-#include "data/variables/formulaprogram.h"
+#include "data/variables/formulabinding.h"
 
 /**
- * A program bound to the columns of its inputs. What is the same at all points is computed here, once; the
- * rest goes through the kernels in runs of points that are short enough for the first cache. After
- * construction several threads may evaluate ranges at a time. Program, columns and kernels must outlive it.
+ * A program bound to the columns of its inputs, that goes through the kernels in runs of points which are
+ * short enough for the first cache. After construction several threads may evaluate ranges at a time. Columns
+ * must outlive it.
  */
 class CFormulaRun
 {
@@ -20,31 +18,9 @@ public:
     void Evaluate(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStride) const;
 
 private:
-    /** The value of a place: an array in the scratch, or one value for all points. */
-    struct SPlace
-    {
-        int nPlace = -1; ///< -1: uniform
-        double dValue = 0.0;
-    };
-    struct SStep
-    {
-        FormulaOperation_e eOperation;
-        int nTarget;
-        SPlace a;
-        SPlace b;
-    };
-    class CScratch;
+    class CPass;
 
-    void BindSteps();
-    void FindInputs();
-    void Gather(qint64 nBegin, qint64 nCount, CScratch& scratch) const;
-    void RunSteps(qint64 nCount, double* pResult, const CScratch& scratch) const;
-
-    const SFormulaProgram& m_program;
     const std::span<const CFormulaColumn> m_columns;
-    const SFormulaKernels& m_kernels;
-    std::vector<SStep> m_steps; // those that differ from point to point
-    SPlace m_result;
-    std::vector<int> m_inputs; // those that steps read
-    qint64 m_nRunPoints = 0;
+    const SFormulaLoops m_loops;
+    const qint64 m_nRunPoints;
 };

@@ -84,8 +84,7 @@ QString ReplaceInput(const QString& sStored, const SFormulaInput& from, const SF
 /** The stored text without the placeholder of the input; what is left needs not be a formula. */
 QString RemoveInput(const QString& sStored, const SFormulaInput& input);
 
-/** Whether a name that a user typed can stand in references: not empty, none of "@", "<", ">", "." and blank.
- */
+/** Whether a typed name can stand in references: not empty, none of "@", "<", ">", "." and blank. */
 bool IsReferenceName(const QString& sName);
 
 } // namespace FormulaText
