@@ -75,7 +75,7 @@ public:
     quint32 LayersAt(const DVector3D& fromOrigin, int nAxis, std::span<const SLayerBounds> bounds) const;
 
 private:
-    /** Along a direction, 0 to 255 from the first point of all to the last. */
+    /** Along a direction: 2 to 253 from the first point of all to the last, 0 and 255 far outside. */
     double PlaceOf(const DVector3D& fromOrigin, int nAxis) const
     {
         const double dPlace = Dot(fromOrigin, Normal(nAxis)) - m_offsets[nAxis];

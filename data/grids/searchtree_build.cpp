@@ -128,9 +128,8 @@ void CSearchTree::CBuilder::CollectPieces(const CTreeNode& node)
         m_pieces.push_back({node, {}, {}, {}});
         return;
     }
-    const CTreeNode lower = node.Lower();
-    CollectPieces(lower);
-    CollectPieces(node.Upper(lower));
+    CollectPieces(node.Lower());
+    CollectPieces(node.Upper());
 }
 
 /** @param end  end(node, boxes) fills the boxes of a node at which the sweep begins, and is true for one */
@@ -141,9 +140,8 @@ SRangeBoxes CSearchTree::CBuilder::SweepUp(const CTreeNode& node, const End& end
     sweep.boxes.emplace_back();
     SRangeBoxes boxes;
     if (!end(node, boxes)) {
-        const CTreeNode lower = node.Lower();
-        const SRangeBoxes lowerBoxes = SweepUp(lower, end, sweep);
-        boxes = Joined(lowerBoxes, SweepUp(node.Upper(lower), end, sweep), node.SplitAxis());
+        const SRangeBoxes lowerBoxes = SweepUp(node.Lower(), end, sweep);
+        boxes = Joined(lowerBoxes, SweepUp(node.Upper(), end, sweep), node.SplitAxis());
     }
     const SBox outer = boxes.Outer();
     sweep.boxes[nPlace] = outer;
@@ -167,12 +165,11 @@ void CSearchTree::CBuilder::SweepDown(const CTreeNode& node, const SBox& outer, 
 {
     SPackedBox& packed = m_tree.m_nodes[node.Index()];
     packed = Pack(*pBox++, outer);
-    const SBox box = Unpack(packed, outer);
+    const SBox box = Unpack(packed, outer, PackingStep(outer));
     if (end(node, box, outer))
         return;
-    const CTreeNode lower = node.Lower();
-    SweepDown(lower, box, end, pBox);
-    SweepDown(node.Upper(lower), box, end, pBox);
+    SweepDown(node.Lower(), box, end, pBox);
+    SweepDown(node.Upper(), box, end, pBox);
 }
 
 void CSearchTree::CBuilder::StoreBundle(const CTreeNode& node, const SBox& box, const CGridPiece& points)

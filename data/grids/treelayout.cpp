@@ -35,26 +35,45 @@ CTreeNode::CTreeNode(const SBlockShape& shape, qint64 nBundleCells)
         m_bundles[nAxis] = BundlesAlong(m_extent[nAxis], nBundleCells);
 }
 
+CTreeNode::SSplit CTreeNode::Split() const
+{
+    const int nAxis = SplitAxis();
+    const qint64 nCells = m_extent[nAxis] / 2;
+    const qint64 nBundles = BundlesAlong(nCells, m_nBundleCells);
+    const qint64 nAcross = m_bundles[(nAxis + 1) % 3] * m_bundles[(nAxis + 2) % 3];
+    return {nAxis, nCells, nBundles, m_nIndex + 2 * nAcross * nBundles}; // n bundles are below 2 n - 1 nodes
+}
+
+void CTreeNode::GoLower(const SSplit& split)
+{
+    m_extent[split.nAxis] = split.nCells;
+    m_bundles[split.nAxis] = split.nBundles;
+    ++m_nIndex;
+}
+
+void CTreeNode::GoUpper(const SSplit& split)
+{
+    CTreeNode lower = *this;
+    lower.GoLower(split);
+    m_min[split.nAxis] += split.nCells;
+    m_extent[split.nAxis] -= split.nCells;
+    m_bundles[split.nAxis] -= split.nBundles;
+    m_nIndex = split.nUpperIndex;
+    m_nFirstBundle += lower.BundleCount();
+    m_nFirstLayer += lower.LayerCount();
+}
+
 CTreeNode CTreeNode::Lower() const
 {
     CTreeNode lower = *this;
-    const int nAxis = SplitAxis();
-    lower.m_extent[nAxis] /= 2;
-    lower.m_bundles[nAxis] = BundlesAlong(lower.m_extent[nAxis], m_nBundleCells);
-    ++lower.m_nIndex;
+    lower.GoLower(Split());
     return lower;
 }
 
-CTreeNode CTreeNode::Upper(const CTreeNode& lower) const
+CTreeNode CTreeNode::Upper() const
 {
     CTreeNode upper = *this;
-    const int nAxis = SplitAxis();
-    upper.m_min[nAxis] += lower.m_extent[nAxis];
-    upper.m_extent[nAxis] -= lower.m_extent[nAxis];
-    upper.m_bundles[nAxis] -= lower.m_bundles[nAxis];
-    upper.m_nIndex += 1 + lower.NodeCount();
-    upper.m_nFirstBundle += lower.BundleCount();
-    upper.m_nFirstLayer += lower.LayerCount();
+    upper.GoUpper(Split());
     return upper;
 }
 
@@ -63,7 +82,7 @@ SPackedBox Pack(const SBox& inner, const SBox& outer)
 {
     SPackedBox packed;
     for (int nAxis = 0; nAxis < 3; ++nAxis) {
-        const double dStep = outer.max[nAxis] * (1.0 / 255.0) - outer.min[nAxis] * (1.0 / 255.0);
+        const double dStep = PackingStep(outer)[nAxis];
         quint8& nLow = packed.low[nAxis];
         quint8& nHigh = packed.high[nAxis];
         nLow = StepsWithin(inner.min[nAxis] - outer.min[nAxis], dStep);

@@ -22,6 +22,7 @@ class CTreeNode
 public:
     static constexpr qint64 LEAF_CELLS = 4;
 
+    CTreeNode() = default; ///< of no block; for containers
     /** The root. */
     CTreeNode(const SBlockShape& shape, qint64 nBundleCells);
 
@@ -47,9 +48,21 @@ public:
         const int nAxis = m_extent.j > m_extent.i ? 1 : 0;
         return m_extent.k > m_extent[nAxis] ? 2 : nAxis;
     }
+
+    /** How a node is halved. */
+    struct SSplit
+    {
+        int nAxis;
+        qint64 nCells;      ///< of the lower half, along the axis
+        qint64 nBundles;    ///< of the lower half, along the axis
+        qint64 nUpperIndex; ///< Index of the upper half
+    };
+    SSplit Split() const;
+    /** Turns into one of its own halves. */
+    void GoLower(const SSplit& split);
+    void GoUpper(const SSplit& split);
     CTreeNode Lower() const;
-    /** @param lower  the sibling, which knows how much lies ahead */
-    CTreeNode Upper(const CTreeNode& lower) const;
+    CTreeNode Upper() const;
 
     /** Layers of cells in one direction of this node alone. */
     qint64 LayersAlong(int nAxis) const { return std::max<qint64>(m_extent[nAxis], 1); }
@@ -57,11 +70,11 @@ public:
 private:
     IVector3D m_min;    // the first point
     IVector3D m_extent; // cells; 0 in a direction of one point
-    qint64 m_nBundleCells;
+    qint64 m_nBundleCells = 0;
     qint64 m_nIndex = 0;
     qint64 m_nFirstBundle = 0;
     qint64 m_nFirstLayer = 0;
-    std::array<qint64, 3> m_bundles; // along each direction; the product counts those of the node
+    std::array<qint64, 3> m_bundles = {}; // along each direction; the product counts those of the node
 };
 
 /** A box within another one: how far it stands back from each side, in 255ths of the other one's extent. */
@@ -71,17 +84,21 @@ struct SPackedBox
     quint8 high[3];
 };
 
+/** The 255th part of a box's extent. Each end by itself, since the extent of a very large box may overflow.
+ */
+inline DVector3D PackingStep(const SBox& outer)
+{
+    return outer.max * (1.0 / 255.0) - outer.min * (1.0 / 255.0);
+}
+
 /** The box that holds at least what of the inner box lies in the outer one. */
 SPackedBox Pack(const SBox& inner, const SBox& outer);
 
-inline SBox Unpack(const SPackedBox& packed, const SBox& outer)
+/** @param step  PackingStep of the outer box */
+inline SBox Unpack(const SPackedBox& packed, const SBox& outer, const DVector3D& step)
 {
-    SBox box;
-    for (int nAxis = 0; nAxis < 3; ++nAxis) {
-        // Each part by itself, since the extent of a very large box may overflow.
-        const double dStep = outer.max[nAxis] * (1.0 / 255.0) - outer.min[nAxis] * (1.0 / 255.0);
-        box.min[nAxis] = outer.min[nAxis] + packed.low[nAxis] * dStep;
-        box.max[nAxis] = outer.max[nAxis] - packed.high[nAxis] * dStep;
-    }
-    return box;
+    return {{outer.min.x + packed.low[0] * step.x, outer.min.y + packed.low[1] * step.y,
+             outer.min.z + packed.low[2] * step.z},
+            {outer.max.x - packed.high[0] * step.x, outer.max.y - packed.high[1] * step.y,
+             outer.max.z - packed.high[2] * step.z}};
 }
