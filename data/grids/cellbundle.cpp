@@ -99,7 +99,6 @@ CCellBundle::CCellBundle(const CGridPiece& points, const SIJKRange& range, const
     ChooseDirections(points, range, origin);
     const PlaneRanges planes = PlacesOfPlanes(points, range, origin);
     const double dReach = MARGIN * Length(points.BoxOf(range).Extent());
-    auto it = bounds.begin();
     for (int nAxis = 0; nAxis < 3; ++nAxis) {
         const DVector3D normal = Normal(nAxis);
         const double dMargin = dReach * (std::abs(normal.x) + std::abs(normal.y) + std::abs(normal.z));
@@ -108,7 +107,8 @@ CCellBundle::CCellBundle(const CGridPiece& points, const SIJKRange& range, const
         for (qint64 n = 0; n < std::max<qint64>(nCells, 1); ++n) {
             SValueRange layer = planes[nAxis][n];
             layer.Add(planes[nAxis][std::min(n + 1, nCells)]);
-            *it++ = {LowBound(layer.dMin - dMargin), HighBound(layer.dMax + dMargin)};
+            bounds[nAxis * bounds.size() / 3 + n] = {LowBound(layer.dMin - dMargin),
+                                                     HighBound(layer.dMax + dMargin)};
         }
     }
 }

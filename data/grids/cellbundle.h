@@ -61,7 +61,7 @@ public:
     /**
      * @param range   the points of the cells
      * @param origin  near the points
-     * @param bounds  of the layers along i, j and k, one after another; written
+     * @param bounds  of the layers; room for the same number along i, j and k, which begin at each third
      */
     CCellBundle(const CGridPiece& points, const SIJKRange& range, const DVector3D& origin,
                 std::span<SLayerBounds> bounds);

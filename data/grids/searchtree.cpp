@@ -77,7 +77,8 @@ public:
           m_grid(grid),
           m_point(point),
           m_nFlatAxis(FlatAxisOf(tree.m_shape)),
-          m_bGaps(grid.HasGaps())
+          m_bGaps(grid.HasGaps()),
+          m_bOverhangs(!tree.m_overhangs.empty())
     {}
 
     IVector3D Run();
@@ -129,7 +130,12 @@ private:
     bool SearchLeaf(const CTreeNode& leaf, const SLayers& layers);
     bool HoldsPoint(const CCellPoints& points, const IVector3D& ijk) const;
     bool Accept(const CTreeNode& leaf, const CCellPoints& points, const IVector3D& ijk);
-    bool MayHold(const SBox& box) const;
+    /** A comparison with NaN, as an infinite coordinate of the block brings it about, excludes nothing. */
+    bool MayHold(const SBox& box) const
+    {
+        return !((m_point.x < box.min.x) | (m_point.x > box.max.x) | (m_point.y < box.min.y) |
+                 (m_point.y > box.max.y) | (m_point.z < box.min.z) | (m_point.z > box.max.z));
+    }
     bool IsOutsideOverhang(const CTreeNode& node) const;
     bool IsReached(const CTreeNode& leaf) const;
 
@@ -138,6 +144,7 @@ private:
     const DVector3D m_point;
     const int m_nFlatAxis;
     const bool m_bGaps;
+    const bool m_bOverhangs;
     QVarLengthArray<SOpenNode, 40> m_open; // the next one last
     IVector3D m_cell = NOWHERE;
 };
@@ -155,18 +162,9 @@ IVector3D CSearchTree::CQuery::Run()
     return m_cell;
 }
 
-/** A comparison with NaN, as an infinite coordinate of the block brings it about, excludes nothing. */
-bool CSearchTree::CQuery::MayHold(const SBox& box) const
-{
-    return !((m_point.x < box.min.x) | (m_point.x > box.max.x) | (m_point.y < box.min.y) |
-             (m_point.y > box.max.y) | (m_point.z < box.min.z) | (m_point.z > box.max.z));
-}
-
 bool CSearchTree::CQuery::IsOutsideOverhang(const CTreeNode& node) const
 {
     const std::vector<SOverhang>& overhangs = m_tree.m_overhangs;
-    if (overhangs.empty())
-        return false;
     const SOverhang wanted{
         m_tree.m_shape.PointIndex(node.Range().min), m_tree.m_shape.PointIndex(node.Range().max), {}};
     const auto it = std::lower_bound(overhangs.begin(), overhangs.end(), wanted, SOverhang::IsAhead);
@@ -178,12 +176,12 @@ bool CSearchTree::CQuery::Descend(SOpenNode& at)
 {
     auto& [node, box] = at;
     while (!node.IsBundle()) {
-        if (IsOutsideOverhang(node))
+        if (m_bOverhangs && IsOutsideOverhang(node))
             return false;
         const CTreeNode::SSplit split = node.Split();
         const DVector3D step = PackingStep(box);
-        const SBox lowerBox = Unpack(m_tree.m_nodes[node.Index() + 1], box, step);
-        const SBox upperBox = Unpack(m_tree.m_nodes[split.nUpperIndex], box, step);
+        const SBox lowerBox = Unpack(m_tree.m_nodes[node.LowerIndex()], box, step);
+        const SBox upperBox = Unpack(m_tree.m_nodes[node.UpperIndex(split)], box, step);
         const bool bLower = MayHold(lowerBox);
         const bool bUpper = MayHold(upperBox);
         if (!bLower && !bUpper)
@@ -202,21 +200,19 @@ bool CSearchTree::CQuery::SearchBundle(const CTreeNode& node, const SBox& box)
 {
     const CCellBundle& bundle = m_tree.m_bundles[node.FirstBundle()];
     const DVector3D fromOrigin = m_point - box.min;
-    const SLayerBounds* pBounds = m_tree.m_layers.data() + node.FirstLayer();
+    const SLayerBounds* pBounds = m_tree.m_layers.data() + node.FirstBundle() * 3 * m_tree.m_nBundleCells;
     SLayers layers{node.Range().min, {}};
-    for (int nAxis = 0; nAxis < 3; ++nAxis) {
-        const qint64 nCount = node.LayersAlong(nAxis);
-        layers.bits[nAxis] = bundle.LayersAt(fromOrigin, nAxis, {pBounds, size_t(nCount)});
+    for (int nAxis = 0; nAxis < 3; ++nAxis, pBounds += m_tree.m_nBundleCells) {
+        layers.bits[nAxis] = bundle.LayersAt(fromOrigin, nAxis, {pBounds, size_t(node.LayersAlong(nAxis))});
         if (layers.bits[nAxis] == 0)
             return false;
-        pBounds += nCount;
     }
     return SearchLayers(node, layers);
 }
 
 bool CSearchTree::CQuery::SearchLayers(const CTreeNode& node, const SLayers& layers)
 {
-    if (IsOutsideOverhang(node))
+    if (m_bOverhangs && IsOutsideOverhang(node))
         return false;
     if (node.IsLeaf())
         return SearchLeaf(node, layers.Of(node));

@@ -64,7 +64,7 @@ qint64 ChooseBundleCells(const SBlockShape& shape)
         const CTreeNode root(shape, nCells);
         return root.NodeCount() * qint64(sizeof(SPackedBox)) +
                root.BundleCount() * qint64(sizeof(CCellBundle)) +
-               root.LayerCount() * qint64(sizeof(SLayerBounds));
+               root.BundleCount() * 3 * nCells * qint64(sizeof(SLayerBounds));
     };
     qint64 nCells = SMALLEST;
     while (nCells < CCellBundle::MAX_CELLS && bytesOf(nCells) > nBytes)
@@ -175,8 +175,9 @@ void CSearchTree::CBuilder::SweepDown(const CTreeNode& node, const SBox& outer, 
 void CSearchTree::CBuilder::StoreBundle(const CTreeNode& node, const SBox& box, const CGridPiece& points)
 {
     const std::span<SLayerBounds> layers(m_tree.m_layers);
-    m_tree.m_bundles[node.FirstBundle()] =
-        CCellBundle(points, node.Range(), box.min, layers.subspan(node.FirstLayer(), node.LayerCount()));
+    const qint64 nStride = m_tree.m_nBundleCells;
+    m_tree.m_bundles[node.FirstBundle()] = CCellBundle(
+        points, node.Range(), box.min, layers.subspan(node.FirstBundle() * 3 * nStride, 3 * nStride));
 }
 
 /** The nodes within a piece. */
@@ -230,7 +231,7 @@ void CSearchTree::CBuilder::Build()
     const CTreeNode root = m_tree.Root();
     m_tree.m_nodes.resize(root.NodeCount());
     m_tree.m_bundles.resize(root.BundleCount());
-    m_tree.m_layers.resize(root.LayerCount());
+    m_tree.m_layers.resize(root.BundleCount() * 3 * m_tree.m_nBundleCells);
     CollectPieces(root);
     const qint64 nPieces = qint64(m_pieces.size());
     RunPieces(nPieces, [&](qint64 n) {

@@ -4,6 +4,7 @@
 #include "data/box.h"
 
 #include <array>
+#include <bit>
 
 // How the boxes of CSearchTree lie in its arrays: nothing but a few bytes a box is stored, since the cuts of
 // a block, and with them the places of all nodes, follow from its dimensions.
@@ -14,8 +15,7 @@
  *
  * Boxes are kept down to the bundles, the first nodes on the way down that have no more than nBundleCells in
  * any direction, which is at least LEAF_CELLS. The nodes down to there are counted in the order of a descent,
- * each ahead of its lower child, which is ahead of its upper one; the bundles alone in the same order, and so
- * are their layers of cells, along i, j and k.
+ * each ahead of its lower child, which is ahead of its upper one; the bundles alone in the same order.
  */
 class CTreeNode
 {
@@ -27,16 +27,11 @@ public:
     CTreeNode(const SBlockShape& shape, qint64 nBundleCells);
 
     SIJKRange Range() const { return {m_min, m_min + m_extent}; }
+    /** Layers of cells in one direction; 1 where there is one point. */
+    qint64 LayersAlong(int nAxis) const { return std::max<qint64>(m_extent[nAxis], 1); }
     qint64 Index() const { return m_nIndex; }
     qint64 FirstBundle() const { return m_nFirstBundle; }
-    qint64 FirstLayer() const { return m_nFirstLayer; }
     qint64 BundleCount() const { return m_bundles[0] * m_bundles[1] * m_bundles[2]; }
-    /** Of all its bundles. A direction of one point has one layer. */
-    qint64 LayerCount() const
-    {
-        const auto [i, j, k] = m_bundles;
-        return LayersAlong(0) * j * k + i * LayersAlong(1) * k + i * j * LayersAlong(2);
-    }
     /** Of this one and all below, down to the bundles. */
     qint64 NodeCount() const { return 2 * BundleCount() - 1; }
 
@@ -53,29 +48,67 @@ public:
     struct SSplit
     {
         int nAxis;
-        qint64 nCells;      ///< of the lower half, along the axis
-        qint64 nBundles;    ///< of the lower half, along the axis
-        qint64 nUpperIndex; ///< Index of the upper half
+        qint64 nLowerCells;   ///< along the axis
+        qint64 nLowerBundles; ///< along the axis
+        qint64 nLowerBundlesInAll;
     };
     SSplit Split() const;
+    qint64 LowerIndex() const { return m_nIndex + 1; }
+    qint64 UpperIndex(const SSplit& split) const { return m_nIndex + 2 * split.nLowerBundlesInAll; }
     /** Turns into one of its own halves. */
     void GoLower(const SSplit& split);
     void GoUpper(const SSplit& split);
     CTreeNode Lower() const;
     CTreeNode Upper() const;
 
-    /** Layers of cells in one direction of this node alone. */
-    qint64 LayersAlong(int nAxis) const { return std::max<qint64>(m_extent[nAxis], 1); }
-
 private:
+    static qint64 BundlesAlong(qint64 nCells, qint64 nBundleCells);
+
     IVector3D m_min;    // the first point
     IVector3D m_extent; // cells; 0 in a direction of one point
     qint64 m_nBundleCells = 0;
     qint64 m_nIndex = 0;
     qint64 m_nFirstBundle = 0;
-    qint64 m_nFirstLayer = 0;
     std::array<qint64, 3> m_bundles = {}; // along each direction; the product counts those of the node
 };
+
+/**
+ * How many bundles halving makes of one direction. Halving n cells d times gives parts of n / 2^d cells,
+ * rounded down or up, n % 2^d of them rounded up. At the first d with small enough parts, those rounded up
+ * may still have one cell too many and are halved once more.
+ */
+inline qint64 CTreeNode::BundlesAlong(qint64 nCells, qint64 nBundleCells)
+{
+    const int nExcess = int(std::bit_width(quint64(nCells))) - int(std::bit_width(quint64(nBundleCells)));
+    int nHalvings = std::max(nExcess, 0);
+    nHalvings += nCells >> nHalvings > nBundleCells ? 1 : 0;
+    const qint64 nParts = qint64(1) << nHalvings;
+    return nParts + (nCells >> nHalvings == nBundleCells ? nCells & (nParts - 1) : 0);
+}
+
+inline CTreeNode::SSplit CTreeNode::Split() const
+{
+    const int nAxis = SplitAxis();
+    const qint64 nCells = m_extent[nAxis] / 2;
+    const qint64 nBundles = BundlesAlong(nCells, m_nBundleCells);
+    return {nAxis, nCells, nBundles, m_bundles[(nAxis + 1) % 3] * m_bundles[(nAxis + 2) % 3] * nBundles};
+}
+
+inline void CTreeNode::GoLower(const SSplit& split)
+{
+    m_extent[split.nAxis] = split.nLowerCells;
+    m_bundles[split.nAxis] = split.nLowerBundles;
+    m_nIndex = LowerIndex();
+}
+
+inline void CTreeNode::GoUpper(const SSplit& split)
+{
+    m_min[split.nAxis] += split.nLowerCells;
+    m_extent[split.nAxis] -= split.nLowerCells;
+    m_bundles[split.nAxis] -= split.nLowerBundles;
+    m_nIndex = UpperIndex(split);
+    m_nFirstBundle += split.nLowerBundlesInAll;
+}
 
 /** A box within another one: how far it stands back from each side, in 255ths of the other one's extent. */
 struct SPackedBox
