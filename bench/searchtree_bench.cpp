@@ -70,12 +70,15 @@ BENCHMARK(LocateInTheKnownCell)->Unit(benchmark::kMillisecond);
 static void FindCell(benchmark::State& state)
 {
     const CSearchTree tree(Block());
+    const qint64 nReads = Block().m_nFillCalls;
     qint64 nFound = 0;
     for (auto _ : state)
         for (const SKnownPoint& known : Points())
             nFound += tree.FindCell(Block(), known.point) == known.cell;
     state.SetItemsProcessed(state.iterations() * POINT_COUNT);
     state.counters["foundShare"] = double(nFound) / double(state.iterations() * POINT_COUNT);
+    state.counters["cellsRead"] =
+        double(Block().m_nFillCalls - nReads) / double(state.iterations() * POINT_COUNT);
     state.counters["treeShareOfGrid"] = double(tree.GetBytes()) / double(12 * Block().GetPointCount());
 }
 BENCHMARK(FindCell)->Unit(benchmark::kMillisecond);

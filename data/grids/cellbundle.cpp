@@ -55,8 +55,8 @@ SBox CGridPiece::BoxOf(const SIJKRange& part) const
 /** Without a usable scale all places are 0, and every layer may hold every point. */
 void CCellBundle::SetScale(const DVector3D& normal, const SValueRange& reach, int nAxis)
 {
-    const double dScale = 255.0 / (reach.dMax - reach.dMin);
-    const double dOffset = reach.dMin * dScale;
+    const double dScale = (253.0 - 2.0) / (reach.dMax - reach.dMin);
+    const double dOffset = reach.dMin * dScale - 2.0;
     const double dLargest = std::numeric_limits<float>::max();
     const bool bUsable = dScale > 0.0 && dScale < dLargest && std::abs(dOffset) < dLargest;
     for (int n = 0; n < 3; ++n)
@@ -99,7 +99,6 @@ CCellBundle::CCellBundle(const CGridPiece& points, const SIJKRange& range, const
     ChooseDirections(points, range, origin);
     const PlaneRanges planes = PlacesOfPlanes(points, range, origin);
     const double dReach = MARGIN * Length(points.BoxOf(range).Extent());
-    auto it = bounds.begin();
     for (int nAxis = 0; nAxis < 3; ++nAxis) {
         const DVector3D normal = Normal(nAxis);
         const double dMargin = dReach * (std::abs(normal.x) + std::abs(normal.y) + std::abs(normal.z));
@@ -108,7 +107,8 @@ CCellBundle::CCellBundle(const CGridPiece& points, const SIJKRange& range, const
         for (qint64 n = 0; n < std::max<qint64>(nCells, 1); ++n) {
             SValueRange layer = planes[nAxis][n];
             layer.Add(planes[nAxis][std::min(n + 1, nCells)]);
-            *it++ = {LowBound(layer.dMin - dMargin), HighBound(layer.dMax + dMargin)};
+            bounds[nAxis * bounds.size() / 3 + n] = {LowBound(layer.dMin - dMargin),
+                                                     HighBound(layer.dMax + dMargin)};
         }
     }
 }
@@ -117,8 +117,12 @@ quint32 CCellBundle::LayersAt(const DVector3D& fromOrigin, int nAxis,
                               std::span<const SLayerBounds> bounds) const
 {
     const double dPlace = PlaceOf(fromOrigin, nAxis);
+    if (std::isnan(dPlace)) // infinite coordinates: nothing is known
+        return ~quint32(0);
+    const int nBelow = int(dPlace);
+    const int nAbove = nBelow + (nBelow < dPlace ? 1 : 0);
     quint32 bits = 0;
     for (size_t n = 0; n < bounds.size(); ++n)
-        bits |= quint32(!(dPlace < bounds[n].nLow) & !(dPlace > bounds[n].nHigh)) << n;
+        bits |= quint32(bounds[n].nLow <= nBelow && nAbove <= bounds[n].nHigh) << n;
     return bits;
 }

@@ -61,7 +61,7 @@ public:
     /**
      * @param range   the points of the cells
      * @param origin  near the points
-     * @param bounds  of the layers along i, j and k, one after another; written
+     * @param bounds  of the layers; room for the same number along i, j and k, which begin at each third
      */
     CCellBundle(const CGridPiece& points, const SIJKRange& range, const DVector3D& origin,
                 std::span<SLayerBounds> bounds);
@@ -75,7 +75,7 @@ public:
     quint32 LayersAt(const DVector3D& fromOrigin, int nAxis, std::span<const SLayerBounds> bounds) const;
 
 private:
-    /** Along a direction, 0 to 255 from the first point of all to the last. */
+    /** Along a direction: 2 to 253 from the first point of all to the last, 0 and 255 far outside. */
     double PlaceOf(const DVector3D& fromOrigin, int nAxis) const
     {
         const double dPlace = Dot(fromOrigin, Normal(nAxis)) - m_offsets[nAxis];

@@ -1,7 +1,10 @@
 // CSearchTree: the search; and the place of a point in a cell.
 #include "data/grids/searchtree.h"
 
+#include <QVarLengthArray>
+
 #include <algorithm>
+#include <bit>
 
 namespace {
 
@@ -12,20 +15,40 @@ int FlatAxisOf(const SBlockShape& shape)
     return shape.dimensions.i == 1 ? 0 : shape.dimensions.j == 1 ? 1 : shape.dimensions.k == 1 ? 2 : -1;
 }
 
-/** @param cell  the points of the cell */
-SCellCorners ReadCorners(const IGrid& grid, const SIJKRange& cell, int nFlatAxis)
+/** The points of neighbouring cells of a leaf, read in one go. */
+class CCellPoints
 {
-    double values[3][8];
-    grid.FillPoints(cell, {values[0], values[1], values[2]});
-    SCellCorners corners{{}, nFlatAxis};
-    for (int n = 0; n < 8; ++n) {
-        // Without the bit of the flat direction, in which there is nothing to skip either.
-        const int nPlace =
-            nFlatAxis < 0 ? n : (n >> (nFlatAxis + 1) << nFlatAxis) | (n & ((1 << nFlatAxis) - 1));
-        corners.points[n] = {values[0][nPlace], values[1][nPlace], values[2][nPlace]};
+public:
+    /** @param range  of points, at most LEAF_CELLS + 1 in each direction */
+    CCellPoints(const IGrid& grid, const SIJKRange& range) : m_range(range)
+    {
+        grid.FillPoints(range, {m_values[0], m_values[1], m_values[2]});
+        // A step in a flat direction leads nowhere.
+        const IVector3D extent = range.Extent();
+        m_nSteps[0] = extent.i > 1 ? 1 : 0;
+        m_nSteps[1] = extent.j > 1 ? extent.i : 0;
+        m_nSteps[2] = extent.k > 1 ? extent.i * extent.j : 0;
     }
-    return corners;
-}
+
+    SCellCorners CornersOf(const IVector3D& ijk, int nFlatAxis) const
+    {
+        const qint64 nFirst = m_range.IndexOf(ijk);
+        SCellCorners corners{{}, nFlatAxis};
+        for (int n = 0; n < 8; ++n) {
+            const qint64 nPlace =
+                nFirst + (n & 1) * m_nSteps[0] + ((n >> 1) & 1) * m_nSteps[1] + (n >> 2) * m_nSteps[2];
+            corners.points[n] = {m_values[0][nPlace], m_values[1][nPlace], m_values[2][nPlace]};
+        }
+        return corners;
+    }
+
+private:
+    static constexpr qint64 MOST = CTreeNode::LEAF_CELLS + 1;
+
+    SIJKRange m_range;
+    qint64 m_nSteps[3];
+    double m_values[3][MOST * MOST * MOST];
+};
 
 bool HasAllCorners(const IGrid& grid, const SIJKRange& cell)
 {
@@ -37,11 +60,10 @@ bool HasAllCorners(const IGrid& grid, const SIJKRange& cell)
     return true;
 }
 
-/** The points of a cell; empty if the block has no such cell. */
-SIJKRange CellRange(const SBlockShape& shape, const IVector3D& ijk)
+/** The points of a range of cells. */
+SIJKRange PointsOf(const SBlockShape& shape, const SIJKRange& cells)
 {
-    const SIJKRange cells{shape.start, shape.start + shape.CellDimensions() - IVector3D{1, 1, 1}};
-    return cells.Contains(ijk) ? Intersection({ijk, ijk + IVector3D{1, 1, 1}}, shape.Range()) : SIJKRange{};
+    return Intersection({cells.min, cells.max + IVector3D{1, 1, 1}}, shape.Range());
 }
 
 } // namespace
@@ -55,7 +77,8 @@ public:
           m_grid(grid),
           m_point(point),
           m_nFlatAxis(FlatAxisOf(tree.m_shape)),
-          m_bGaps(grid.HasGaps())
+          m_bGaps(grid.HasGaps()),
+          m_bOverhangs(!tree.m_overhangs.empty())
     {}
 
     IVector3D Run();
@@ -67,15 +90,52 @@ private:
         IVector3D first; // cell
         std::array<quint32, 3> bits;
 
-        bool Has(int nAxis, qint64 nCell) const { return bits[nAxis] >> (nCell - first[nAxis]) & 1; }
+        /** Those of a leaf in the bundle. */
+        SLayers Of(const CTreeNode& leaf) const
+        {
+            SLayers layers{leaf.Range().min, {}};
+            for (int nAxis = 0; nAxis < 3; ++nAxis) {
+                const quint32 nAll = (1u << leaf.LayersAlong(nAxis)) - 1;
+                layers.bits[nAxis] = bits[nAxis] >> (layers.first[nAxis] - first[nAxis]) & nAll;
+            }
+            return layers;
+        }
+        /** The cells from the first to the last in each direction; empty if there is none in one of them. */
+        SIJKRange Cells() const
+        {
+            SIJKRange range;
+            for (int nAxis = 0; nAxis < 3; ++nAxis) {
+                range.min[nAxis] = first[nAxis] + std::countr_zero(bits[nAxis]);
+                range.max[nAxis] = first[nAxis] + std::bit_width(bits[nAxis]) - 1;
+            }
+            return range;
+        }
+        bool Has(const IVector3D& ijk) const
+        {
+            return bits[0] >> (ijk.i - first.i) & bits[1] >> (ijk.j - first.j) &
+                   bits[2] >> (ijk.k - first.k) & 1;
+        }
     };
 
-    bool Visit(const CTreeNode& node, const SBox& box);
+    /** A node still to be searched, with its coarse box, which holds the point. */
+    struct SOpenNode
+    {
+        CTreeNode node;
+        SBox box;
+    };
+
+    bool Descend(SOpenNode& at);
     bool SearchBundle(const CTreeNode& node, const SBox& box);
     bool SearchLayers(const CTreeNode& node, const SLayers& layers);
     bool SearchLeaf(const CTreeNode& leaf, const SLayers& layers);
-    bool TryCell(const CTreeNode& leaf, const IVector3D& ijk);
-    bool MayHold(const SBox& box) const;
+    bool HoldsPoint(const CCellPoints& points, const IVector3D& ijk) const;
+    bool Accept(const CTreeNode& leaf, const CCellPoints& points, const IVector3D& ijk);
+    /** A comparison with NaN, as an infinite coordinate of the block brings it about, excludes nothing. */
+    bool MayHold(const SBox& box) const
+    {
+        return !((m_point.x < box.min.x) | (m_point.x > box.max.x) | (m_point.y < box.min.y) |
+                 (m_point.y > box.max.y) | (m_point.z < box.min.z) | (m_point.z > box.max.z));
+    }
     bool IsOutsideOverhang(const CTreeNode& node) const;
     bool IsReached(const CTreeNode& leaf) const;
 
@@ -84,104 +144,112 @@ private:
     const DVector3D m_point;
     const int m_nFlatAxis;
     const bool m_bGaps;
+    const bool m_bOverhangs;
+    QVarLengthArray<SOpenNode, 40> m_open; // the next one last
     IVector3D m_cell = NOWHERE;
 };
 
 IVector3D CSearchTree::CQuery::Run()
 {
     if (!m_tree.m_nodes.empty() && m_tree.m_box.Contains(m_point))
-        Visit(m_tree.Root(), m_tree.m_box);
+        m_open.append({m_tree.Root(), m_tree.m_box});
+    while (!m_open.isEmpty()) {
+        SOpenNode next = m_open.last();
+        m_open.removeLast();
+        if (Descend(next))
+            break;
+    }
     return m_cell;
-}
-
-/** A comparison with NaN, as an infinite coordinate of the block brings it about, excludes nothing. */
-bool CSearchTree::CQuery::MayHold(const SBox& box) const
-{
-    return !((m_point.x < box.min.x) | (m_point.x > box.max.x) | (m_point.y < box.min.y) |
-             (m_point.y > box.max.y) | (m_point.z < box.min.z) | (m_point.z > box.max.z));
 }
 
 bool CSearchTree::CQuery::IsOutsideOverhang(const CTreeNode& node) const
 {
     const std::vector<SOverhang>& overhangs = m_tree.m_overhangs;
-    if (overhangs.empty())
-        return false;
     const SOverhang wanted{
         m_tree.m_shape.PointIndex(node.Range().min), m_tree.m_shape.PointIndex(node.Range().max), {}};
     const auto it = std::lower_bound(overhangs.begin(), overhangs.end(), wanted, SOverhang::IsAhead);
     return it != overhangs.end() && !SOverhang::IsAhead(wanted, *it) && !it->box.Contains(m_point);
 }
 
-/** Searches a node whose coarse box holds the point. True if the cell is found. */
-bool CSearchTree::CQuery::Visit(const CTreeNode& node, const SBox& box)
+/** Goes down to a bundle and leaves the upper halves on the way for later. True if the cell is found. */
+bool CSearchTree::CQuery::Descend(SOpenNode& at)
 {
-    if (node.IsBundle())
-        return SearchBundle(node, box);
-    if (IsOutsideOverhang(node))
-        return false;
-    const CTreeNode lower = node.Lower();
-    const SBox lowerBox = Unpack(m_tree.m_nodes[lower.Index()], box);
-    if (MayHold(lowerBox) && Visit(lower, lowerBox))
-        return true;
-    const qint64 nUpper = lower.Index() + lower.NodeCount();
-    const SBox upperBox = Unpack(m_tree.m_nodes[nUpper], box);
-    return MayHold(upperBox) && Visit(node.Upper(lower), upperBox);
+    auto& [node, box] = at;
+    while (!node.IsBundle()) {
+        if (m_bOverhangs && IsOutsideOverhang(node))
+            return false;
+        const CTreeNode::SSplit split = node.Split();
+        const DVector3D step = PackingStep(box);
+        const SBox lowerBox = Unpack(m_tree.m_nodes[node.LowerIndex()], box, step);
+        const SBox upperBox = Unpack(m_tree.m_nodes[node.UpperIndex(split)], box, step);
+        const bool bLower = MayHold(lowerBox);
+        const bool bUpper = MayHold(upperBox);
+        if (!bLower && !bUpper)
+            return false;
+        if (bLower && bUpper) {
+            m_open.append({node, upperBox});
+            m_open.last().node.GoUpper(split);
+        }
+        bLower ? node.GoLower(split) : node.GoUpper(split);
+        box = bLower ? lowerBox : upperBox;
+    }
+    return SearchBundle(node, box);
 }
 
 bool CSearchTree::CQuery::SearchBundle(const CTreeNode& node, const SBox& box)
 {
     const CCellBundle& bundle = m_tree.m_bundles[node.FirstBundle()];
     const DVector3D fromOrigin = m_point - box.min;
-    const SLayerBounds* pBounds = m_tree.m_layers.data() + node.FirstLayer();
+    const SLayerBounds* pBounds = m_tree.m_layers.data() + node.FirstBundle() * 3 * m_tree.m_nBundleCells;
     SLayers layers{node.Range().min, {}};
-    for (int nAxis = 0; nAxis < 3; ++nAxis) {
-        const qint64 nCount = node.LayersAlong(nAxis);
-        layers.bits[nAxis] = bundle.LayersAt(fromOrigin, nAxis, {pBounds, size_t(nCount)});
+    for (int nAxis = 0; nAxis < 3; ++nAxis, pBounds += m_tree.m_nBundleCells) {
+        layers.bits[nAxis] = bundle.LayersAt(fromOrigin, nAxis, {pBounds, size_t(node.LayersAlong(nAxis))});
         if (layers.bits[nAxis] == 0)
             return false;
-        pBounds += nCount;
     }
     return SearchLayers(node, layers);
 }
 
 bool CSearchTree::CQuery::SearchLayers(const CTreeNode& node, const SLayers& layers)
 {
-    if (IsOutsideOverhang(node))
+    if (m_bOverhangs && IsOutsideOverhang(node))
         return false;
     if (node.IsLeaf())
-        return SearchLeaf(node, layers);
-    const CTreeNode lower = node.Lower();
-    return SearchLayers(lower, layers) || SearchLayers(node.Upper(lower), layers);
+        return SearchLeaf(node, layers.Of(node));
+    return SearchLayers(node.Lower(), layers) || SearchLayers(node.Upper(), layers);
 }
 
 bool CSearchTree::CQuery::SearchLeaf(const CTreeNode& leaf, const SLayers& layers)
 {
-    const IVector3D first = leaf.Range().min;
-    const IVector3D end{first.i + leaf.LayersAlong(0), first.j + leaf.LayersAlong(1),
-                        first.k + leaf.LayersAlong(2)};
-    for (qint64 i = first.i; i < end.i; ++i)
-        for (qint64 j = first.j; j < end.j && layers.Has(0, i); ++j)
-            for (qint64 k = first.k; k < end.k && layers.Has(1, j); ++k)
-                if (layers.Has(2, k) && TryCell(leaf, {i, j, k}))
-                    return true;
+    const SIJKRange cells = layers.Cells();
+    if (cells.IsEmpty())
+        return false;
+    const CCellPoints points(m_grid, PointsOf(m_tree.m_shape, cells));
+    for (qint64 i = cells.min.i; i <= cells.max.i; ++i)
+        for (qint64 j = cells.min.j; j <= cells.max.j; ++j)
+            for (qint64 k = cells.min.k; k <= cells.max.k; ++k)
+                if (layers.Has({i, j, k}) && HoldsPoint(points, {i, j, k}))
+                    return Accept(leaf, points, {i, j, k});
     return false;
 }
 
-bool CSearchTree::CQuery::TryCell(const CTreeNode& leaf, const IVector3D& ijk)
+bool CSearchTree::CQuery::HoldsPoint(const CCellPoints& points, const IVector3D& ijk) const
 {
-    const SIJKRange cell = Intersection({ijk, ijk + IVector3D{1, 1, 1}}, leaf.Range());
-    const SCellCorners corners = ReadCorners(m_grid, cell, m_nFlatAxis);
-    const CCellMap map(corners, m_point);
-    if (!map.MayHold() || !map.Locate().bInside || (m_bGaps && !HasAllCorners(m_grid, cell)))
-        return false;
-    // A point beside the box of the corners, by a hair's breadth, may be outside of the exact boxes.
+    const CCellMap map(points.CornersOf(ijk, m_nFlatAxis), m_point);
+    return map.MayHold() && map.Locate().bInside &&
+           (!m_bGaps || HasAllCorners(m_grid, PointsOf(m_tree.m_shape, {ijk, ijk})));
+}
+
+/** A point beside the box of the corners, by a hair's breadth, may be outside of the exact boxes. */
+bool CSearchTree::CQuery::Accept(const CTreeNode& leaf, const CCellPoints& points, const IVector3D& ijk)
+{
     SBox box;
-    for (const DVector3D& corner : corners.points)
+    for (const DVector3D& corner : points.CornersOf(ijk, m_nFlatAxis).points)
         box.Add(corner);
-    if (!box.Contains(m_point) && !IsReached(leaf))
-        return false;
-    m_cell = ijk;
-    return true;
+    const bool bReached = box.Contains(m_point) || IsReached(leaf);
+    if (bReached)
+        m_cell = ijk;
+    return bReached;
 }
 
 /** Whether the exact boxes of a leaf and of all above it hold the point; slow, and hardly ever needed. */
@@ -194,9 +262,9 @@ bool CSearchTree::CQuery::IsReached(const CTreeNode& leaf) const
             return false;
         if (node.IsLeaf())
             return true;
-        const CTreeNode lower = node.Lower();
-        const CTreeNode upper = node.Upper(lower);
-        node = first[node.SplitAxis()] < upper.Range().min[node.SplitAxis()] ? lower : upper;
+        const int nAxis = node.SplitAxis();
+        const CTreeNode upper = node.Upper();
+        node = first[nAxis] < upper.Range().min[nAxis] ? node.Lower() : upper;
     }
 }
 
@@ -216,8 +284,10 @@ qint64 CSearchTree::GetBytes() const
 SCellPlace LocateInCell(const IGrid& grid, const IVector3D& ijk, const DVector3D& point, double dTolerance)
 {
     const SBlockShape shape = grid.GetShape();
-    const SIJKRange cell = CellRange(shape, ijk);
-    if (cell.Count() < 4 || (grid.HasGaps() && !HasAllCorners(grid, cell)))
+    const SIJKRange cells{shape.start, shape.start + shape.CellDimensions() - IVector3D{1, 1, 1}};
+    const SIJKRange range = PointsOf(shape, {ijk, ijk});
+    if (!cells.Contains(ijk) || range.Count() < 4 || (grid.HasGaps() && !HasAllCorners(grid, range)))
         return {};
-    return CCellMap(ReadCorners(grid, cell, FlatAxisOf(shape)), point, dTolerance).Locate();
+    const CCellPoints points(grid, range);
+    return CCellMap(points.CornersOf(ijk, FlatAxisOf(shape)), point, dTolerance).Locate();
 }

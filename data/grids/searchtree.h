@@ -54,11 +54,10 @@ private:
 
     SBlockShape m_shape;
     qint64 m_nBundleCells = 0;
-    SBox m_box; // of the root, exact; empty without cells
-    // All by the counts of CTreeNode.
-    std::vector<SPackedBox> m_nodes; // each within its parent's
-    std::vector<CCellBundle> m_bundles;
-    std::vector<SLayerBounds> m_layers;
+    SBox m_box;                         // of the root, exact; empty without cells
+    std::vector<SPackedBox> m_nodes;    // by CTreeNode::Index, each within its parent's
+    std::vector<CCellBundle> m_bundles; // by CTreeNode::FirstBundle
+    std::vector<SLayerBounds> m_layers; // of each bundle m_nBundleCells along i, as many along j, along k
     // In order. Only where cells are folded over one another, or in the gaps of a union, do points lie
     // outside of the box of the outer faces.
     std::vector<SOverhang> m_overhangs;

@@ -64,7 +64,7 @@ qint64 ChooseBundleCells(const SBlockShape& shape)
         const CTreeNode root(shape, nCells);
         return root.NodeCount() * qint64(sizeof(SPackedBox)) +
                root.BundleCount() * qint64(sizeof(CCellBundle)) +
-               root.LayerCount() * qint64(sizeof(SLayerBounds));
+               root.BundleCount() * 3 * nCells * qint64(sizeof(SLayerBounds));
     };
     qint64 nCells = SMALLEST;
     while (nCells < CCellBundle::MAX_CELLS && bytesOf(nCells) > nBytes)
@@ -128,9 +128,8 @@ void CSearchTree::CBuilder::CollectPieces(const CTreeNode& node)
         m_pieces.push_back({node, {}, {}, {}});
         return;
     }
-    const CTreeNode lower = node.Lower();
-    CollectPieces(lower);
-    CollectPieces(node.Upper(lower));
+    CollectPieces(node.Lower());
+    CollectPieces(node.Upper());
 }
 
 /** @param end  end(node, boxes) fills the boxes of a node at which the sweep begins, and is true for one */
@@ -141,9 +140,8 @@ SRangeBoxes CSearchTree::CBuilder::SweepUp(const CTreeNode& node, const End& end
     sweep.boxes.emplace_back();
     SRangeBoxes boxes;
     if (!end(node, boxes)) {
-        const CTreeNode lower = node.Lower();
-        const SRangeBoxes lowerBoxes = SweepUp(lower, end, sweep);
-        boxes = Joined(lowerBoxes, SweepUp(node.Upper(lower), end, sweep), node.SplitAxis());
+        const SRangeBoxes lowerBoxes = SweepUp(node.Lower(), end, sweep);
+        boxes = Joined(lowerBoxes, SweepUp(node.Upper(), end, sweep), node.SplitAxis());
     }
     const SBox outer = boxes.Outer();
     sweep.boxes[nPlace] = outer;
@@ -167,19 +165,19 @@ void CSearchTree::CBuilder::SweepDown(const CTreeNode& node, const SBox& outer, 
 {
     SPackedBox& packed = m_tree.m_nodes[node.Index()];
     packed = Pack(*pBox++, outer);
-    const SBox box = Unpack(packed, outer);
+    const SBox box = Unpack(packed, outer, PackingStep(outer));
     if (end(node, box, outer))
         return;
-    const CTreeNode lower = node.Lower();
-    SweepDown(lower, box, end, pBox);
-    SweepDown(node.Upper(lower), box, end, pBox);
+    SweepDown(node.Lower(), box, end, pBox);
+    SweepDown(node.Upper(), box, end, pBox);
 }
 
 void CSearchTree::CBuilder::StoreBundle(const CTreeNode& node, const SBox& box, const CGridPiece& points)
 {
     const std::span<SLayerBounds> layers(m_tree.m_layers);
-    m_tree.m_bundles[node.FirstBundle()] =
-        CCellBundle(points, node.Range(), box.min, layers.subspan(node.FirstLayer(), node.LayerCount()));
+    const qint64 nStride = m_tree.m_nBundleCells;
+    m_tree.m_bundles[node.FirstBundle()] = CCellBundle(
+        points, node.Range(), box.min, layers.subspan(node.FirstBundle() * 3 * nStride, 3 * nStride));
 }
 
 /** The nodes within a piece. */
@@ -233,7 +231,7 @@ void CSearchTree::CBuilder::Build()
     const CTreeNode root = m_tree.Root();
     m_tree.m_nodes.resize(root.NodeCount());
     m_tree.m_bundles.resize(root.BundleCount());
-    m_tree.m_layers.resize(root.LayerCount());
+    m_tree.m_layers.resize(root.BundleCount() * 3 * m_tree.m_nBundleCells);
     CollectPieces(root);
     const qint64 nPieces = qint64(m_pieces.size());
     RunPieces(nPieces, [&](qint64 n) {

@@ -1,23 +1,6 @@
 #include "data/grids/treelayout.h"
 
-#include <bit>
-
 namespace {
-
-/**
- * How many bundles halving makes of one direction. Halving n cells d times gives parts of n / 2^d cells,
- * rounded down or up, n % 2^d of them rounded up. At the first d with small enough parts, those rounded up
- * may still have one cell too many and are halved once more.
- */
-qint64 BundlesAlong(qint64 nCells, qint64 nBundleCells)
-{
-    int nHalvings =
-        std::max(int(std::bit_width(quint64(nCells))) - int(std::bit_width(quint64(nBundleCells))), 0);
-    if (nCells >> nHalvings > nBundleCells)
-        ++nHalvings;
-    const qint64 nParts = qint64(1) << nHalvings;
-    return nParts + (nCells >> nHalvings == nBundleCells ? nCells & (nParts - 1) : 0);
-}
 
 /** How many whole steps fit, from 0 to 255. */
 quint8 StepsWithin(double dDistance, double dStep)
@@ -38,23 +21,14 @@ CTreeNode::CTreeNode(const SBlockShape& shape, qint64 nBundleCells)
 CTreeNode CTreeNode::Lower() const
 {
     CTreeNode lower = *this;
-    const int nAxis = SplitAxis();
-    lower.m_extent[nAxis] /= 2;
-    lower.m_bundles[nAxis] = BundlesAlong(lower.m_extent[nAxis], m_nBundleCells);
-    ++lower.m_nIndex;
+    lower.GoLower(Split());
     return lower;
 }
 
-CTreeNode CTreeNode::Upper(const CTreeNode& lower) const
+CTreeNode CTreeNode::Upper() const
 {
     CTreeNode upper = *this;
-    const int nAxis = SplitAxis();
-    upper.m_min[nAxis] += lower.m_extent[nAxis];
-    upper.m_extent[nAxis] -= lower.m_extent[nAxis];
-    upper.m_bundles[nAxis] -= lower.m_bundles[nAxis];
-    upper.m_nIndex += 1 + lower.NodeCount();
-    upper.m_nFirstBundle += lower.BundleCount();
-    upper.m_nFirstLayer += lower.LayerCount();
+    upper.GoUpper(Split());
     return upper;
 }
 
@@ -63,7 +37,7 @@ SPackedBox Pack(const SBox& inner, const SBox& outer)
 {
     SPackedBox packed;
     for (int nAxis = 0; nAxis < 3; ++nAxis) {
-        const double dStep = outer.max[nAxis] * (1.0 / 255.0) - outer.min[nAxis] * (1.0 / 255.0);
+        const double dStep = PackingStep(outer)[nAxis];
         quint8& nLow = packed.low[nAxis];
         quint8& nHigh = packed.high[nAxis];
         nLow = StepsWithin(inner.min[nAxis] - outer.min[nAxis], dStep);

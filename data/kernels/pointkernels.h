@@ -22,12 +22,13 @@ void ReverseAxis(std::span<double> values, const IVector3D& extent, int nAxis);
 template <class Real>
 void CopyRange(const Real* pBlock, const SBlockShape& shape, const SIJKRange& part, std::span<double> out)
 {
-    const qint64 nRow = part.Extent().i;
+    const IVector3D extent = part.Extent();
+    const qint64 nPlane = shape.dimensions.i * shape.dimensions.j;
+    const Real* pPlane = pBlock + shape.PointIndex(part.min);
     double* pOut = out.data();
-    for (qint64 k = part.min.k; k <= part.max.k; ++k) {
-        for (qint64 j = part.min.j; j <= part.max.j; ++j, pOut += nRow) {
-            const Real* const pRow = pBlock + shape.PointIndex({part.min.i, j, k});
-            std::copy(pRow, pRow + nRow, pOut);
-        }
+    for (qint64 k = 0; k < extent.k; ++k, pPlane += nPlane) {
+        const Real* pRow = pPlane;
+        for (qint64 j = 0; j < extent.j; ++j, pRow += shape.dimensions.i)
+            pOut = std::copy(pRow, pRow + extent.i, pOut);
     }
 }
