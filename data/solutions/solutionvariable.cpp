@@ -269,8 +269,8 @@ void CSolutionVariable::FillVectorSlice(const SIJKRange& part, const SPointBuffe
         }
         const auto* const pVector = dynamic_cast<const CVectorVariable*>(pVariable);
         const qint64 nPosition = pVector ? pVector->GetPosition(n) : -1;
-        if (nPosition < 0 || nPosition >= nInputs)
-            std::fill_n(out.Axis(n).begin(), nCount, 0.0);
+        if (nPosition < 0 || nPosition >= nInputs) // no component; of a formula that didn't compile, no value
+            std::fill_n(out.Axis(n).begin(), nCount, pVariable && pVariable->IsExpression() ? NO_VALUE : 0.0);
         else
             std::copy_n(component(nPosition, 0).begin(), nCount, out.Axis(n).begin());
     }

@@ -85,8 +85,14 @@ TEST_F(Solutions, BothRoadsAgreeForEveryClass)
     OpenTwoBlocks();
     Define("nested", "sqrt(<P[Q]> * <P[Q]>) + <M[Q]> / <R>");
     Define("vector", "2 * <Momentum>");
-    for (const char* const sName :
-         {"R", "X", "Hole", "Vmag[Q]", "P[Q]", "M[Q]", "Cp[Q]", "Velocity", "Momentum", "nested", "vector"}) {
+    auto* const pBroken = new CExpressionVariable(SIMULATION, true);
+    pBroken->SetName("broken");
+    pBroken->SetLocation(LocationNode);
+    pBroken->SetScope({Id("R")});
+    EXPECT_FALSE(pBroken->SetExpression("<R> + * 2", false, false));
+    Define("overBroken", "<broken> + <R>");
+    for (const char* const sName : {"broken", "overBroken", "R", "X", "Hole", "Vmag[Q]", "P[Q]", "M[Q]",
+                                    "Cp[Q]", "Velocity", "Momentum", "nested", "vector"}) {
         const auto pField = Field(sName, 1);
         ASSERT_TRUE(pField) << sName;
         ExpectEqualRoads(*pField, sName);
