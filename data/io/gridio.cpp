@@ -66,6 +66,7 @@ template <class Real> int CGridIO::LoadGrid(CStorageGrid<Real>& grid) const
         grid.SetDimensions(size);
         return LoadNever;
     }
+    CMessageSink::Instance().Log(QString("use fopen to open file %1").arg(sFileName), 2);
     CReadFile device;
     if (const SLoadResult opened = OpenForLoad(sFileName, device); !opened.IsOk())
         return Report(opened);
