@@ -1,6 +1,8 @@
 #include "app/batch/batchcase.h"
 
 #include "app/batch/batch.h"
+#include "app/batch/jsonwriter.h"
+#include "app/batch/timings.h"
 #include "data/casedata.h"
 #include "data/variables/expressionvariable.h"
 #include "data/variables/variablemanager.h"
@@ -103,9 +105,45 @@ CBatchCase::Status_e CBatchCase::ChooseBlocks(const QStringList& sNumberList)
     return CaseOk;
 }
 
+namespace {
+
 int ListVariableNames(const CBatchCase& batchCase)
 {
     for (const QString& sName : batchCase.VariableNames())
         std::printf("%s\n", qPrintable(sName));
+    return BatchOk;
+}
+
+} // namespace
+
+int RunOnCase(const SCaseCommand& command, const QStringList& sArgumentList)
+{
+    if (sArgumentList.contains("--help")) {
+        std::fputs(qPrintable(HelpOf(command.sName, command.sSummary, command.options)), stdout);
+        return BatchOk;
+    }
+    CBatchOptions options;
+    QString sProblem = options.Parse(sArgumentList, command.options);
+    if (sProblem.isEmpty())
+        sProblem = command.check(options);
+    if (!sProblem.isEmpty())
+        return BatchError(BatchUsage, sProblem);
+    CTimings timings;
+    CBatchCase batchCase;
+    const CBatchCase::Status_e eOpened = batchCase.Open(options);
+    timings.EndStage("open");
+    if (eOpened != CBatchCase::CaseOk)
+        return BatchError(eOpened == CBatchCase::CaseUsage ? BatchUsage : BatchFailed, batchCase.GetError());
+    if (options.All("--variable").contains("?"))
+        return ListVariableNames(batchCase);
+    CJsonWriter json;
+    json.BeginObject();
+    if (sProblem = command.write(json, batchCase, options); !sProblem.isEmpty())
+        return BatchError(BatchFailed, sProblem);
+    json.EndObject();
+    timings.EndStage("evaluate");
+    std::printf("%s\n", json.Text().constData());
+    if (options.Has("--timings") && !timings.Write(options.First("--timings")))
+        return BatchError(BatchFailed, QString("can't write %1").arg(options.First("--timings")));
     return BatchOk;
 }

@@ -4,6 +4,10 @@
 #include "data/plot3dcase.h"
 #include "data/variables/ivariable.h"
 
+#include <functional>
+
+class CJsonWriter;
+
 /** The options that name the files, variables and blocks of a case: --grid, --q, --function, --define ... */
 QVector<SBatchOption> CaseOptions();
 
@@ -42,5 +46,19 @@ private:
     QVector<qint64> m_blocks;
 };
 
-/** Prints the names of all variables of the case, one on a line; gives BatchOk. */
-int ListVariableNames(const CBatchCase& batchCase);
+/** A command that tells something of a case. */
+struct SCaseCommand
+{
+    const char* sName;
+    const char* sSummary;
+    QVector<SBatchOption> options;
+    /** What is wrong with the options; empty if nothing is. */
+    std::function<QString(const CBatchOptions& options)> check;
+    /** Writes the content of the object; gives the problem in one line, empty if all went well. */
+    std::function<QString(CJsonWriter& json, const CBatchCase& batchCase, const CBatchOptions& options)>
+        write;
+};
+
+/** Help, options, opening the case, the JSON object, timings: what such commands share. Gives a
+ * BatchStatus_e. */
+int RunOnCase(const SCaseCommand& command, const QStringList& sArgumentList);

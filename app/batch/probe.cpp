@@ -3,12 +3,11 @@
 #include "app/batch/batchcase.h"
 #include "app/batch/commands.h"
 #include "app/batch/jsonwriter.h"
-#include "app/batch/timings.h"
 #include "data/gridmanager.h"
 #include "data/solutionmanager.h"
 #include "data/variables/variablemanager.h"
 
-#include <cstdio>
+#include <optional>
 
 namespace {
 
@@ -102,40 +101,25 @@ QString ProbePlace(CJsonWriter& json, const CBatchCase& batchCase, const DVector
 
 int RunProbe(const QStringList& sArgumentList)
 {
-    if (sArgumentList.contains("--help"))
-        return std::fputs(qPrintable(HelpOf("probe", SUMMARY, Options())), stdout), BatchOk;
-    CBatchOptions options;
-    if (const QString sProblem = options.Parse(sArgumentList, Options()); !sProblem.isEmpty())
-        return BatchError(BatchUsage, sProblem);
-    if (options.Has("--ijk") == options.Has("--xyz"))
-        return BatchError(BatchUsage, "either --ijk or --xyz is needed");
-    const std::optional<DVector3D> place =
-        ParseTriple(options.First(options.Has("--ijk") ? "--ijk" : "--xyz"));
-    if (!place)
-        return BatchError(BatchUsage, "a place is three numbers with commas between");
-    if (options.Has("--ijk") && options.All("--block").size() != 1)
-        return BatchError(BatchUsage, "--ijk needs one --block");
-    CTimings timings;
-    CBatchCase batchCase;
-    const CBatchCase::Status_e eOpened = batchCase.Open(options);
-    timings.EndStage("open");
-    if (eOpened != CBatchCase::CaseOk)
-        return BatchError(eOpened == CBatchCase::CaseUsage ? BatchUsage : BatchFailed, batchCase.GetError());
-    if (options.All("--variable").contains("?"))
-        return ListVariableNames(batchCase);
-    CJsonWriter json;
-    json.BeginObject();
-    json.Key("points");
-    json.BeginArray();
-    const QString sProblem =
-        options.Has("--ijk") ? ProbeAddress(json, batchCase, *place) : ProbePlace(json, batchCase, *place);
-    if (!sProblem.isEmpty())
-        return BatchError(BatchFailed, sProblem);
-    json.EndArray();
-    json.EndObject();
-    timings.EndStage("probe");
-    std::printf("%s\n", json.Text().constData());
-    if (options.Has("--timings") && !timings.Write(options.First("--timings")))
-        return BatchError(BatchFailed, QString("can't write %1").arg(options.First("--timings")));
-    return BatchOk;
+    const auto place = [](const CBatchOptions& options) {
+        return ParseTriple(options.First(options.Has("--ijk") ? "--ijk" : "--xyz"));
+    };
+    const auto check = [&](const CBatchOptions& options) -> QString {
+        if (options.All("--variable").contains("?"))
+            return {};
+        if (options.Has("--ijk") == options.Has("--xyz"))
+            return "either --ijk or --xyz is needed";
+        if (!place(options))
+            return "a place is three numbers with commas between";
+        return options.Has("--ijk") && options.All("--block").size() != 1 ? "--ijk needs one --block" : "";
+    };
+    const auto write = [&](CJsonWriter& json, const CBatchCase& batchCase, const CBatchOptions& options) {
+        json.Key("points");
+        json.BeginArray();
+        const QString sProblem = options.Has("--ijk") ? ProbeAddress(json, batchCase, *place(options))
+                                                      : ProbePlace(json, batchCase, *place(options));
+        json.EndArray();
+        return sProblem;
+    };
+    return RunOnCase({"probe", SUMMARY, Options(), check, write}, sArgumentList);
 }

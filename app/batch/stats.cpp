@@ -4,11 +4,8 @@
 #include "app/batch/commands.h"
 #include "app/batch/fieldstatistics.h"
 #include "app/batch/jsonwriter.h"
-#include "app/batch/timings.h"
 #include "data/solutionmanager.h"
 #include "data/variables/variablemanager.h"
-
-#include <cstdio>
 
 namespace {
 
@@ -79,33 +76,18 @@ QString WriteVariable(CJsonWriter& json, qint64 nVariableId, const QVector<qint6
 
 int RunStats(const QStringList& sArgumentList)
 {
-    if (sArgumentList.contains("--help"))
-        return std::fputs(qPrintable(HelpOf("stats", SUMMARY, CaseOptions())), stdout), BatchOk;
-    CBatchOptions options;
-    if (const QString sProblem = options.Parse(sArgumentList, CaseOptions()); !sProblem.isEmpty())
-        return BatchError(BatchUsage, sProblem);
-    if (!options.Has("--variable"))
-        return BatchError(BatchUsage, "no --variable is named");
-    CTimings timings;
-    CBatchCase batchCase;
-    const CBatchCase::Status_e eOpened = batchCase.Open(options);
-    timings.EndStage("open");
-    if (eOpened != CBatchCase::CaseOk)
-        return BatchError(eOpened == CBatchCase::CaseUsage ? BatchUsage : BatchFailed, batchCase.GetError());
-    if (options.All("--variable").contains("?"))
-        return ListVariableNames(batchCase);
-    CJsonWriter json;
-    json.BeginObject();
-    json.Key("variables");
-    json.BeginArray();
-    for (const qint64 nId : batchCase.GetVariables())
-        if (const QString sProblem = WriteVariable(json, nId, batchCase.GetBlocks()); !sProblem.isEmpty())
-            return BatchError(BatchFailed, sProblem);
-    json.EndArray();
-    json.EndObject();
-    timings.EndStage("evaluate");
-    std::printf("%s\n", json.Text().constData());
-    if (options.Has("--timings") && !timings.Write(options.First("--timings")))
-        return BatchError(BatchFailed, QString("can't write %1").arg(options.First("--timings")));
-    return BatchOk;
+    const auto check = [](const CBatchOptions& options) {
+        return options.Has("--variable") ? QString() : QString("no --variable is named");
+    };
+    const auto write = [](CJsonWriter& json, const CBatchCase& batchCase, const CBatchOptions&) {
+        QString sProblem;
+        json.Key("variables");
+        json.BeginArray();
+        for (const qint64 nId : batchCase.GetVariables())
+            if (sProblem.isEmpty())
+                sProblem = WriteVariable(json, nId, batchCase.GetBlocks());
+        json.EndArray();
+        return sProblem;
+    };
+    return RunOnCase({"stats", SUMMARY, CaseOptions(), check, write}, sArgumentList);
 }
