@@ -1,8 +1,6 @@
 // CSearchTree: the search; and the place of a point in a cell.
 #include "data/grids/searchtree.h"
 
-#include <QVarLengthArray>
-
 #include <algorithm>
 #include <bit>
 
@@ -76,6 +74,7 @@ public:
         : m_tree(tree),
           m_grid(grid),
           m_point(point),
+          m_coarsePoint(tree.m_space.Coarse(point)),
           m_nFlatAxis(FlatAxisOf(tree.m_shape)),
           m_bGaps(grid.HasGaps()),
           m_bOverhangs(!tree.m_overhangs.empty())
@@ -117,48 +116,29 @@ private:
         }
     };
 
-    /** A node still to be searched, with its coarse box, which holds the point. */
-    struct SOpenNode
-    {
-        CTreeNode node;
-        SBox box;
-    };
-
-    bool Descend(SOpenNode& at);
-    bool SearchBundle(const CTreeNode& node, const SBox& box);
+    bool Descend(CTreeNode node, SCoarseBox box);
+    bool SearchBundle(const CTreeNode& node, const SCoarseBox& box);
     bool SearchLayers(const CTreeNode& node, const SLayers& layers);
     bool SearchLeaf(const CTreeNode& leaf, const SLayers& layers);
-    bool HoldsPoint(const CCellPoints& points, const IVector3D& ijk) const;
     bool Accept(const CTreeNode& leaf, const CCellPoints& points, const IVector3D& ijk);
-    /** A comparison with NaN, as an infinite coordinate of the block brings it about, excludes nothing. */
-    bool MayHold(const SBox& box) const
-    {
-        return !((m_point.x < box.min.x) | (m_point.x > box.max.x) | (m_point.y < box.min.y) |
-                 (m_point.y > box.max.y) | (m_point.z < box.min.z) | (m_point.z > box.max.z));
-    }
+    bool HoldsPoint(const CCellPoints& points, const IVector3D& ijk) const;
     bool IsOutsideOverhang(const CTreeNode& node) const;
     bool IsReached(const CTreeNode& leaf) const;
 
     const CSearchTree& m_tree;
     const IGrid& m_grid;
     const DVector3D m_point;
+    const Float4 m_coarsePoint;
     const int m_nFlatAxis;
     const bool m_bGaps;
     const bool m_bOverhangs;
-    QVarLengthArray<SOpenNode, 40> m_open; // the next one last
     IVector3D m_cell = NOWHERE;
 };
 
 IVector3D CSearchTree::CQuery::Run()
 {
     if (!m_tree.m_nodes.empty() && m_tree.m_box.Contains(m_point))
-        m_open.append({m_tree.Root(), m_tree.m_box});
-    while (!m_open.isEmpty()) {
-        SOpenNode next = m_open.last();
-        m_open.removeLast();
-        if (Descend(next))
-            break;
-    }
+        Descend(m_tree.Root(), m_tree.Coarse(m_tree.m_box));
     return m_cell;
 }
 
@@ -171,35 +151,40 @@ bool CSearchTree::CQuery::IsOutsideOverhang(const CTreeNode& node) const
     return it != overhangs.end() && !SOverhang::IsAhead(wanted, *it) && !it->box.Contains(m_point);
 }
 
-/** Goes down to a bundle and leaves the upper halves on the way for later. True if the cell is found. */
-bool CSearchTree::CQuery::Descend(SOpenNode& at)
+/** Searches a node whose coarse box holds the point. True if the cell is found. */
+bool CSearchTree::CQuery::Descend(CTreeNode node, SCoarseBox box)
 {
-    auto& [node, box] = at;
     while (!node.IsBundle()) {
         if (m_bOverhangs && IsOutsideOverhang(node))
             return false;
         const CTreeNode::SSplit split = node.Split();
-        const DVector3D step = PackingStep(box);
-        const SBox lowerBox = Unpack(m_tree.m_nodes[node.LowerIndex()], box, step);
-        const SBox upperBox = Unpack(m_tree.m_nodes[node.UpperIndex(split)], box, step);
-        const bool bLower = MayHold(lowerBox);
-        const bool bUpper = MayHold(upperBox);
-        if (!bLower && !bUpper)
-            return false;
+        const Float4 step = box.PackingStep();
+        const SCoarseBox lowerBox = Unpack(m_tree.m_nodes[node.LowerIndex()], box, step);
+        const SCoarseBox upperBox = Unpack(m_tree.m_nodes[node.UpperIndex(split)], box, step);
+        const bool bLower = lowerBox.Holds(m_coarsePoint);
+        const bool bUpper = upperBox.Holds(m_coarsePoint);
         if (bLower && bUpper) {
-            m_open.append({node, upperBox});
-            m_open.last().node.GoUpper(split);
+            CTreeNode lower = node;
+            lower.GoLower(split);
+            if (Descend(lower, lowerBox))
+                return true;
+        } else if (bLower) {
+            node.GoLower(split);
+            box = lowerBox;
+            continue;
+        } else if (!bUpper) {
+            return false;
         }
-        bLower ? node.GoLower(split) : node.GoUpper(split);
-        box = bLower ? lowerBox : upperBox;
+        node.GoUpper(split);
+        box = upperBox;
     }
     return SearchBundle(node, box);
 }
 
-bool CSearchTree::CQuery::SearchBundle(const CTreeNode& node, const SBox& box)
+bool CSearchTree::CQuery::SearchBundle(const CTreeNode& node, const SCoarseBox& box)
 {
     const CCellBundle& bundle = m_tree.m_bundles[node.FirstBundle()];
-    const DVector3D fromOrigin = m_point - box.min;
+    const DVector3D fromOrigin = m_point - m_tree.m_space.Exact(box.low);
     const SLayerBounds* pBounds = m_tree.m_layers.data() + node.FirstBundle() * 3 * m_tree.m_nBundleCells;
     SLayers layers{node.Range().min, {}};
     for (int nAxis = 0; nAxis < 3; ++nAxis, pBounds += m_tree.m_nBundleCells) {

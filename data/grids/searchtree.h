@@ -3,7 +3,8 @@
 #include "data/box.h"
 #include "data/grids/cellbundle.h"
 #include "data/grids/igrid.h"
-#include "data/grids/treelayout.h"
+#include "data/grids/packedbox.h"
+#include "data/grids/treenode.h"
 #include "data/kernels/cellmap.h"
 
 #include <vector>
@@ -13,10 +14,10 @@
  * bounding box of the points on its outer faces. A point is sought in every range whose box and whose
  * parents' boxes hold it, lower half first, and within a leaf cell by cell, i outermost.
  *
- * The tree keeps coarse boxes, six bytes each, that hold the exact ones, and below them bundles of cells with
- * the bounds of their layers; both only spare tests, and the answers are those of the exact boxes. Immutable
- * after the build; safe to ask from any thread. The grid must be the one it was built of, with the same
- * points.
+ * The tree keeps coarse boxes, eight bytes each, that hold the exact ones, and below them bundles of cells
+ * with the bounds of their layers; both only spare tests, and the answers are those of the exact boxes.
+ * Immutable after the build; safe to ask from any thread. The grid must be the one it was built of, with the
+ * same points.
  */
 class CSearchTree
 {
@@ -51,10 +52,12 @@ private:
     };
 
     CTreeNode Root() const { return CTreeNode(m_shape, m_nBundleCells); }
+    SCoarseBox Coarse(const SBox& box) const { return {m_space.Coarse(box.min), m_space.Coarse(box.max)}; }
 
     SBlockShape m_shape;
     qint64 m_nBundleCells = 0;
-    SBox m_box;                         // of the root, exact; empty without cells
+    SBox m_box; // of the root, exact; empty without cells
+    CCoarseSpace m_space;
     std::vector<SPackedBox> m_nodes;    // by CTreeNode::Index, each within its parent's
     std::vector<CCellBundle> m_bundles; // by CTreeNode::FirstBundle
     std::vector<SLayerBounds> m_layers; // of each bundle m_nBundleCells along i, as many along j, along k

@@ -2,6 +2,8 @@
 #include "data/grids/searchtree.h"
 #include "data/kernels/parallel.h"
 
+#include <cmath>
+
 namespace {
 
 /** Points of a part of the block that is built in one go: its coordinates fill a good part of a core's cache.
@@ -58,7 +60,7 @@ SRangeBoxes BoxesOf(const CGridPiece& points, const SIJKRange& range)
  */
 qint64 ChooseBundleCells(const SBlockShape& shape)
 {
-    constexpr qint64 SMALLEST = 6; // where it makes 4, 5 and 6 of most blocks
+    constexpr qint64 SMALLEST = 8; // smaller ones save as much time in the cells as they cost on the way
     const qint64 nBytes = qint64(0.18 * double(shape.PointCount()) * 3 * sizeof(float));
     const auto bytesOf = [&](qint64 nCells) {
         const CTreeNode root(shape, nCells);
@@ -94,7 +96,7 @@ private:
     {
         CTreeNode node;
         SRangeBoxes boxes; // exact
-        SBox outer;        // coarse, of the parent
+        SCoarseBox outer;  // of the parent
         std::vector<SOverhang> overhangs;
     };
     /** What the sweep upwards leaves for the one downwards. */
@@ -111,11 +113,11 @@ private:
     void CollectPieces(const CTreeNode& node);
     void SweepTop();
     void SweepPiece(SPiece& piece);
-    void StoreBundle(const CTreeNode& node, const SBox& box, const CGridPiece& points);
+    void StoreBundle(const CTreeNode& node, const SCoarseBox& box, const CGridPiece& points);
 
     template <class End> SRangeBoxes SweepUp(const CTreeNode& node, const End& end, SSweep& sweep) const;
     template <class End>
-    void SweepDown(const CTreeNode& node, const SBox& outer, const End& end, const SBox*& pBox) const;
+    void SweepDown(const CTreeNode& node, const SCoarseBox& outer, const End& end, const SBox*& pBox) const;
 
     CSearchTree& m_tree;
     const IGrid& m_grid;
@@ -125,7 +127,7 @@ private:
 void CSearchTree::CBuilder::CollectPieces(const CTreeNode& node)
 {
     if (IsPiece(node)) {
-        m_pieces.push_back({node, {}, {}, {}});
+        m_pieces.push_back(SPiece{node, {}, {}, {}});
         return;
     }
     CollectPieces(node.Lower());
@@ -160,24 +162,26 @@ SRangeBoxes CSearchTree::CBuilder::SweepUp(const CTreeNode& node, const End& end
  * @param pBox   the exact boxes that SweepUp left
  */
 template <class End>
-void CSearchTree::CBuilder::SweepDown(const CTreeNode& node, const SBox& outer, const End& end,
+void CSearchTree::CBuilder::SweepDown(const CTreeNode& node, const SCoarseBox& outer, const End& end,
                                       const SBox*& pBox) const
 {
     SPackedBox& packed = m_tree.m_nodes[node.Index()];
-    packed = Pack(*pBox++, outer);
-    const SBox box = Unpack(packed, outer, PackingStep(outer));
+    packed = Pack(m_tree.Coarse(*pBox++), outer);
+    const SCoarseBox box = Unpack(packed, outer, outer.PackingStep());
     if (end(node, box, outer))
         return;
     SweepDown(node.Lower(), box, end, pBox);
     SweepDown(node.Upper(), box, end, pBox);
 }
 
-void CSearchTree::CBuilder::StoreBundle(const CTreeNode& node, const SBox& box, const CGridPiece& points)
+void CSearchTree::CBuilder::StoreBundle(const CTreeNode& node, const SCoarseBox& box,
+                                        const CGridPiece& points)
 {
     const std::span<SLayerBounds> layers(m_tree.m_layers);
     const qint64 nStride = m_tree.m_nBundleCells;
-    m_tree.m_bundles[node.FirstBundle()] = CCellBundle(
-        points, node.Range(), box.min, layers.subspan(node.FirstBundle() * 3 * nStride, 3 * nStride));
+    m_tree.m_bundles[node.FirstBundle()] =
+        CCellBundle(points, node.Range(), m_tree.m_space.Exact(box.low),
+                    layers.subspan(node.FirstBundle() * 3 * nStride, 3 * nStride));
 }
 
 /** The nodes within a piece. */
@@ -191,7 +195,7 @@ void CSearchTree::CBuilder::SweepPiece(SPiece& piece)
         return node.IsLeaf();
     };
     SweepUp(piece.node, leafBoxes, sweep);
-    const auto storeBundle = [&](const CTreeNode& node, const SBox& box, const SBox&) {
+    const auto storeBundle = [&](const CTreeNode& node, const SCoarseBox& box, const SCoarseBox&) {
         if (node.IsBundle())
             StoreBundle(node, box, points);
         return node.IsBundle();
@@ -213,15 +217,18 @@ void CSearchTree::CBuilder::SweepTop()
     };
     SweepUp(m_tree.Root(), pieceBoxes, sweep);
     m_tree.m_box = sweep.boxes.front();
+    const DVector3D& origin = m_tree.m_box.min;
+    if (std::isfinite(origin.x) && std::isfinite(origin.y) && std::isfinite(origin.z))
+        m_tree.m_space = CCoarseSpace(origin);
 
     next = m_pieces.begin();
-    const auto keepOuter = [&](const CTreeNode& node, const SBox&, const SBox& outer) {
+    const auto keepOuter = [&](const CTreeNode& node, const SCoarseBox&, const SCoarseBox& outer) {
         if (IsPiece(node))
             (next++)->outer = outer;
         return IsPiece(node);
     };
     const SBox* pBox = sweep.boxes.data();
-    SweepDown(m_tree.Root(), m_tree.m_box, keepOuter, pBox);
+    SweepDown(m_tree.Root(), m_tree.Coarse(m_tree.m_box), keepOuter, pBox);
     m_tree.m_overhangs = std::move(sweep.overhangs);
 }
 

@@ -1,16 +1,15 @@
 #pragma once
 
 #include "data/blockshape.h"
-#include "data/box.h"
 
 #include <array>
 #include <bit>
 
-// How the boxes of CSearchTree lie in its arrays: nothing but a few bytes a box is stored, since the cuts of
-// a block, and with them the places of all nodes, follow from its dimensions.
-
 /**
- * A node of the tree: a range of cells, halved along its longest direction until no direction has more than
+ * A node of CSearchTree. Nothing of it is stored, since the cuts of a block, and with them the places of all
+ * nodes in the tree's arrays, follow from its dimensions.
+ *
+ * A node is a range of cells, halved along its longest direction until no direction has more than
  * LEAF_CELLS.
  *
  * Boxes are kept down to the bundles, the first nodes on the way down that have no more than nBundleCells in
@@ -22,7 +21,6 @@ class CTreeNode
 public:
     static constexpr qint64 LEAF_CELLS = 4;
 
-    CTreeNode() = default; ///< of no block; for containers
     /** The root. */
     CTreeNode(const SBlockShape& shape, qint64 nBundleCells);
 
@@ -66,10 +64,10 @@ private:
 
     IVector3D m_min;    // the first point
     IVector3D m_extent; // cells; 0 in a direction of one point
-    qint64 m_nBundleCells = 0;
+    qint64 m_nBundleCells;
     qint64 m_nIndex = 0;
     qint64 m_nFirstBundle = 0;
-    std::array<qint64, 3> m_bundles = {}; // along each direction; the product counts those of the node
+    std::array<qint64, 3> m_bundles; // along each direction; the product counts those of the node
 };
 
 /**
@@ -108,30 +106,4 @@ inline void CTreeNode::GoUpper(const SSplit& split)
     m_bundles[split.nAxis] -= split.nLowerBundles;
     m_nIndex = UpperIndex(split);
     m_nFirstBundle += split.nLowerBundlesInAll;
-}
-
-/** A box within another one: how far it stands back from each side, in 255ths of the other one's extent. */
-struct SPackedBox
-{
-    quint8 low[3];
-    quint8 high[3];
-};
-
-/** The 255th part of a box's extent. Each end by itself, since the extent of a very large box may overflow.
- */
-inline DVector3D PackingStep(const SBox& outer)
-{
-    return outer.max * (1.0 / 255.0) - outer.min * (1.0 / 255.0);
-}
-
-/** The box that holds at least what of the inner box lies in the outer one. */
-SPackedBox Pack(const SBox& inner, const SBox& outer);
-
-/** @param step  PackingStep of the outer box */
-inline SBox Unpack(const SPackedBox& packed, const SBox& outer, const DVector3D& step)
-{
-    return {{outer.min.x + packed.low[0] * step.x, outer.min.y + packed.low[1] * step.y,
-             outer.min.z + packed.low[2] * step.z},
-            {outer.max.x - packed.high[0] * step.x, outer.max.y - packed.high[1] * step.y,
-             outer.max.z - packed.high[2] * step.z}};
 }
