@@ -96,6 +96,10 @@ CCellBundle::PlaneRanges CCellBundle::PlacesOfPlanes(const CGridPiece& points, c
 CCellBundle::CCellBundle(const CGridPiece& points, const SIJKRange& range, const DVector3D& origin,
                          std::span<SLayerBounds> bounds)
 {
+    for (int nAxis = 0; nAxis < 3; ++nAxis) {
+        m_nFirst[nAxis] = qint32(range.min[nAxis]);
+        m_nExtent[nAxis] = quint8(range.max[nAxis] - range.min[nAxis]);
+    }
     ChooseDirections(points, range, origin);
     const PlaneRanges planes = PlacesOfPlanes(points, range, origin);
     const double dReach = MARGIN * Length(points.BoxOf(range).Extent());

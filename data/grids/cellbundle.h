@@ -57,7 +57,6 @@ class CCellBundle
 public:
     static constexpr qint64 MAX_CELLS = 16; ///< in one direction
 
-    CCellBundle() = default;
     /**
      * @param range   the points of the cells
      * @param origin  near the points
@@ -65,6 +64,13 @@ public:
      */
     CCellBundle(const CGridPiece& points, const SIJKRange& range, const DVector3D& origin,
                 std::span<SLayerBounds> bounds);
+
+    /** The points of the cells. */
+    SIJKRange Points() const
+    {
+        const IVector3D first{m_nFirst[0], m_nFirst[1], m_nFirst[2]};
+        return {first, first + IVector3D{m_nExtent[0], m_nExtent[1], m_nExtent[2]}};
+    }
 
     /**
      * The layers of one direction that may hold a point, as bits.
@@ -93,6 +99,8 @@ private:
     PlaneRanges PlacesOfPlanes(const CGridPiece& points, const SIJKRange& range,
                                const DVector3D& origin) const;
 
-    float m_normals[3][3] = {};
-    float m_offsets[3] = {};
+    float m_normals[3][3];
+    float m_offsets[3];
+    qint32 m_nFirst[3];
+    quint8 m_nExtent[3];
 };

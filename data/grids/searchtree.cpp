@@ -1,8 +1,6 @@
 // CSearchTree: the search; and the place of a point in a cell.
 #include "data/grids/searchtree.h"
 
-#include <QVarLengthArray>
-
 #include <algorithm>
 #include <bit>
 
@@ -76,9 +74,9 @@ public:
         : m_tree(tree),
           m_grid(grid),
           m_point(point),
+          m_coarsePoint(tree.m_space.Coarse(point)),
           m_nFlatAxis(FlatAxisOf(tree.m_shape)),
-          m_bGaps(grid.HasGaps()),
-          m_bOverhangs(!tree.m_overhangs.empty())
+          m_bGaps(grid.HasGaps())
     {}
 
     IVector3D Run();
@@ -93,7 +91,7 @@ private:
         /** Those of a leaf in the bundle. */
         SLayers Of(const CTreeNode& leaf) const
         {
-            SLayers layers{leaf.Range().min, {}};
+            SLayers layers{leaf.Points().min, {}};
             for (int nAxis = 0; nAxis < 3; ++nAxis) {
                 const quint32 nAll = (1u << leaf.LayersAlong(nAxis)) - 1;
                 layers.bits[nAxis] = bits[nAxis] >> (layers.first[nAxis] - first[nAxis]) & nAll;
@@ -117,92 +115,60 @@ private:
         }
     };
 
-    /** A node still to be searched, with its coarse box, which holds the point. */
-    struct SOpenNode
-    {
-        CTreeNode node;
-        SBox box;
-    };
-
-    bool Descend(SOpenNode& at);
-    bool SearchBundle(const CTreeNode& node, const SBox& box);
+    bool SearchBranch(const SBranch& branch, const SCoarseBox& box);
+    bool SearchBundle(qint64 nBundle, const SCoarseBox& box);
     bool SearchLayers(const CTreeNode& node, const SLayers& layers);
     bool SearchLeaf(const CTreeNode& leaf, const SLayers& layers);
-    bool HoldsPoint(const CCellPoints& points, const IVector3D& ijk) const;
     bool Accept(const CTreeNode& leaf, const CCellPoints& points, const IVector3D& ijk);
-    /** A comparison with NaN, as an infinite coordinate of the block brings it about, excludes nothing. */
-    bool MayHold(const SBox& box) const
-    {
-        return !((m_point.x < box.min.x) | (m_point.x > box.max.x) | (m_point.y < box.min.y) |
-                 (m_point.y > box.max.y) | (m_point.z < box.min.z) | (m_point.z > box.max.z));
-    }
-    bool IsOutsideOverhang(const CTreeNode& node) const;
-    bool IsReached(const CTreeNode& leaf) const;
+    bool HoldsPoint(const CCellPoints& points, const IVector3D& ijk) const;
+    template <class Holds> bool IsReached(const CTreeNode& leaf, const Holds& holds) const;
+    bool HoldsByOverhang(const CTreeNode& node) const;
+    bool HoldsExactly(const CTreeNode& node) const;
 
     const CSearchTree& m_tree;
     const IGrid& m_grid;
     const DVector3D m_point;
+    const Float4 m_coarsePoint;
     const int m_nFlatAxis;
     const bool m_bGaps;
-    const bool m_bOverhangs;
-    QVarLengthArray<SOpenNode, 40> m_open; // the next one last
     IVector3D m_cell = NOWHERE;
 };
 
 IVector3D CSearchTree::CQuery::Run()
 {
-    if (!m_tree.m_nodes.empty() && m_tree.m_box.Contains(m_point))
-        m_open.append({m_tree.Root(), m_tree.m_box});
-    while (!m_open.isEmpty()) {
-        SOpenNode next = m_open.last();
-        m_open.removeLast();
-        if (Descend(next))
-            break;
-    }
+    if (!m_tree.m_branches.empty() && m_tree.m_box.Contains(m_point))
+        SearchBranch(m_tree.m_branches.front(), m_tree.Coarse(m_tree.m_box));
     return m_cell;
 }
 
-bool CSearchTree::CQuery::IsOutsideOverhang(const CTreeNode& node) const
+/** True if the cell is found. */
+bool CSearchTree::CQuery::SearchBranch(const SBranch& branch, const SCoarseBox& box)
 {
-    const std::vector<SOverhang>& overhangs = m_tree.m_overhangs;
-    const SOverhang wanted{
-        m_tree.m_shape.PointIndex(node.Range().min), m_tree.m_shape.PointIndex(node.Range().max), {}};
-    const auto it = std::lower_bound(overhangs.begin(), overhangs.end(), wanted, SOverhang::IsAhead);
-    return it != overhangs.end() && !SOverhang::IsAhead(wanted, *it) && !it->box.Contains(m_point);
-}
-
-/** Goes down to a bundle and leaves the upper halves on the way for later. True if the cell is found. */
-bool CSearchTree::CQuery::Descend(SOpenNode& at)
-{
-    auto& [node, box] = at;
-    while (!node.IsBundle()) {
-        if (m_bOverhangs && IsOutsideOverhang(node))
-            return false;
-        const CTreeNode::SSplit split = node.Split();
-        const DVector3D step = PackingStep(box);
-        const SBox lowerBox = Unpack(m_tree.m_nodes[node.LowerIndex()], box, step);
-        const SBox upperBox = Unpack(m_tree.m_nodes[node.UpperIndex(split)], box, step);
-        const bool bLower = MayHold(lowerBox);
-        const bool bUpper = MayHold(upperBox);
-        if (!bLower && !bUpper)
-            return false;
-        if (bLower && bUpper) {
-            m_open.append({node, upperBox});
-            m_open.last().node.GoUpper(split);
-        }
-        bLower ? node.GoLower(split) : node.GoUpper(split);
-        box = bLower ? lowerBox : upperBox;
+    const Float4 step = box.PackingStep();
+    SCoarseBox boxes[1 << SBranch::STEPS];
+    quint32 nHolding = 0; // a bit for each child, since a branch taken at each would be foretold wrongly
+    for (int n = 0; n < (1 << SBranch::STEPS); ++n) {
+        boxes[n] = Unpack(branch.boxes[n], box, step);
+        nHolding |= quint32(boxes[n].Holds(m_coarsePoint) & (branch.children[n] != SBranch::NONE)) << n;
     }
-    return SearchBundle(node, box);
+    for (; nHolding != 0; nHolding &= nHolding - 1) {
+        const int n = std::countr_zero(nHolding);
+        const Child nChild = branch.children[n];
+        if (nChild < 0 ? SearchBundle(-1 - nChild, boxes[n])
+                       : SearchBranch(m_tree.m_branches[nChild], boxes[n]))
+            return true;
+    }
+    return false;
 }
 
-bool CSearchTree::CQuery::SearchBundle(const CTreeNode& node, const SBox& box)
+bool CSearchTree::CQuery::SearchBundle(qint64 nBundle, const SCoarseBox& box)
 {
-    const CCellBundle& bundle = m_tree.m_bundles[node.FirstBundle()];
-    const DVector3D fromOrigin = m_point - box.min;
-    const SLayerBounds* pBounds = m_tree.m_layers.data() + node.FirstBundle() * 3 * m_tree.m_nBundleCells;
-    SLayers layers{node.Range().min, {}};
-    for (int nAxis = 0; nAxis < 3; ++nAxis, pBounds += m_tree.m_nBundleCells) {
+    const CCellBundle& bundle = m_tree.m_bundles[nBundle];
+    const CTreeNode node(bundle.Points());
+    const DVector3D fromOrigin = m_point - m_tree.m_space.Exact(box.low);
+    const SLayerBounds* pBounds = m_tree.m_layers.data() + nBundle * 3 * m_tree.m_nLayers;
+    SLayers layers{node.Points().min, {}};
+    for (int nAxis = 0; nAxis < 3; ++nAxis, pBounds += m_tree.m_nLayers) {
         layers.bits[nAxis] = bundle.LayersAt(fromOrigin, nAxis, {pBounds, size_t(node.LayersAlong(nAxis))});
         if (layers.bits[nAxis] == 0)
             return false;
@@ -212,8 +178,6 @@ bool CSearchTree::CQuery::SearchBundle(const CTreeNode& node, const SBox& box)
 
 bool CSearchTree::CQuery::SearchLayers(const CTreeNode& node, const SLayers& layers)
 {
-    if (m_bOverhangs && IsOutsideOverhang(node))
-        return false;
     if (node.IsLeaf())
         return SearchLeaf(node, layers.Of(node));
     return SearchLayers(node.Lower(), layers) || SearchLayers(node.Upper(), layers);
@@ -240,32 +204,53 @@ bool CSearchTree::CQuery::HoldsPoint(const CCellPoints& points, const IVector3D&
            (!m_bGaps || HasAllCorners(m_grid, PointsOf(m_tree.m_shape, {ijk, ijk})));
 }
 
-/** A point beside the box of the corners, by a hair's breadth, may be outside of the exact boxes. */
+/**
+ * Whether the exact boxes of the leaf and of all above it hold the point, which is in a cell of the leaf.
+ * They do if the box of the cell's corners does, except where points overhang; and a point beside that box,
+ * by a hair's breadth, has to be looked at more closely.
+ */
 bool CSearchTree::CQuery::Accept(const CTreeNode& leaf, const CCellPoints& points, const IVector3D& ijk)
 {
     SBox box;
     for (const DVector3D& corner : points.CornersOf(ijk, m_nFlatAxis).points)
         box.Add(corner);
-    const bool bReached = box.Contains(m_point) || IsReached(leaf);
-    if (bReached)
-        m_cell = ijk;
-    return bReached;
+    const auto holdsByOverhang = [&](const CTreeNode& node) { return HoldsByOverhang(node); };
+    const auto holdsExactly = [&](const CTreeNode& node) { return HoldsExactly(node); };
+    if (!box.Contains(m_point) ? !IsReached(leaf, holdsExactly)
+                               : !m_tree.m_overhangs.empty() && !IsReached(leaf, holdsByOverhang))
+        return false;
+    m_cell = ijk;
+    return true;
 }
 
-/** Whether the exact boxes of a leaf and of all above it hold the point; slow, and hardly ever needed. */
-bool CSearchTree::CQuery::IsReached(const CTreeNode& leaf) const
+/** Whether holds(node) is true for a leaf and all nodes above it. */
+template <class Holds> bool CSearchTree::CQuery::IsReached(const CTreeNode& leaf, const Holds& holds) const
 {
-    const IVector3D first = leaf.Range().min;
     for (CTreeNode node = m_tree.Root();;) {
-        const auto [min, max] = m_grid.GetBoundingBox(node.Range(), 0.0);
-        if (!SBox{min, max}.Contains(m_point))
+        if (!holds(node))
             return false;
         if (node.IsLeaf())
             return true;
-        const int nAxis = node.SplitAxis();
+        const int nAxis = node.LongestAxis();
         const CTreeNode upper = node.Upper();
-        node = first[nAxis] < upper.Range().min[nAxis] ? node.Lower() : upper;
+        node = leaf.Points().min[nAxis] < upper.Points().min[nAxis] ? node.Lower() : upper;
     }
+}
+
+bool CSearchTree::CQuery::HoldsByOverhang(const CTreeNode& node) const
+{
+    const std::vector<SOverhang>& overhangs = m_tree.m_overhangs;
+    const SOverhang wanted{
+        m_tree.m_shape.PointIndex(node.Points().min), m_tree.m_shape.PointIndex(node.Points().max), {}};
+    const auto it = std::lower_bound(overhangs.begin(), overhangs.end(), wanted, SOverhang::IsAhead);
+    return it == overhangs.end() || SOverhang::IsAhead(wanted, *it) || it->box.Contains(m_point);
+}
+
+/** Reads the outer faces: slow, and hardly ever needed. */
+bool CSearchTree::CQuery::HoldsExactly(const CTreeNode& node) const
+{
+    const auto [min, max] = m_grid.GetBoundingBox(node.Points(), 0.0);
+    return SBox{min, max}.Contains(m_point);
 }
 
 IVector3D CSearchTree::FindCell(const IGrid& grid, const DVector3D& point) const
@@ -276,7 +261,7 @@ IVector3D CSearchTree::FindCell(const IGrid& grid, const DVector3D& point) const
 
 qint64 CSearchTree::GetBytes() const
 {
-    return sizeof *this + m_nodes.capacity() * sizeof m_nodes[0] +
+    return sizeof *this + m_branches.capacity() * sizeof m_branches[0] +
            m_bundles.capacity() * sizeof m_bundles[0] + m_layers.capacity() * sizeof m_layers[0] +
            m_overhangs.capacity() * sizeof m_overhangs[0];
 }

@@ -3,9 +3,12 @@
 #include "data/box.h"
 #include "data/grids/cellbundle.h"
 #include "data/grids/igrid.h"
-#include "data/grids/treelayout.h"
+#include "data/grids/packedbox.h"
+#include "data/grids/treenode.h"
 #include "data/kernels/cellmap.h"
 
+#include <algorithm>
+#include <limits>
 #include <vector>
 
 /**
@@ -13,10 +16,11 @@
  * bounding box of the points on its outer faces. A point is sought in every range whose box and whose
  * parents' boxes hold it, lower half first, and within a leaf cell by cell, i outermost.
  *
- * The tree keeps coarse boxes, six bytes each, that hold the exact ones, and below them bundles of cells with
- * the bounds of their layers; both only spare tests, and the answers are those of the exact boxes. Immutable
- * after the build; safe to ask from any thread. The grid must be the one it was built of, with the same
- * points.
+ * That is the definition, and the answers are those of its exact boxes. What is kept only spares tests:
+ * coarse boxes of eight bytes for every third step down, which hold the exact ones, and below them bundles of
+ * cells with the bounds of their layers. Immutable after the build; safe to ask from any thread. The grid
+ * must be the one it was built of, with the same points. A block with addresses of 2^31 or more isn't
+ * searched.
  */
 class CSearchTree
 {
@@ -38,6 +42,20 @@ private:
     class CBuilder;
     class CQuery;
 
+    /** What stands in a branch for a child: its place among the branches, or -1 - that among the bundles. */
+    using Child = qint32;
+
+    /** A node with those three steps below it, or fewer at the ends of the tree, in their order. */
+    struct SBranch
+    {
+        static constexpr int STEPS = 3;
+        static constexpr Child NONE = std::numeric_limits<Child>::min();
+
+        SPackedBox boxes[1 << STEPS]; // within that of the branch
+        Child children[1 << STEPS];   // NONE from the last on
+
+        SBranch() { std::fill_n(children, 1 << STEPS, NONE); }
+    };
     /** The exact box of a node, where it doesn't hold all points of the node. */
     struct SOverhang
     {
@@ -50,14 +68,16 @@ private:
         }
     };
 
-    CTreeNode Root() const { return CTreeNode(m_shape, m_nBundleCells); }
+    CTreeNode Root() const { return CTreeNode(m_shape.Range()); }
+    SCoarseBox Coarse(const SBox& box) const { return {m_space.Coarse(box.min), m_space.Coarse(box.max)}; }
 
     SBlockShape m_shape;
-    qint64 m_nBundleCells = 0;
-    SBox m_box;                         // of the root, exact; empty without cells
-    std::vector<SPackedBox> m_nodes;    // by CTreeNode::Index, each within its parent's
-    std::vector<CCellBundle> m_bundles; // by CTreeNode::FirstBundle
-    std::vector<SLayerBounds> m_layers; // of each bundle m_nBundleCells along i, as many along j, along k
+    SBox m_box; // of the root, exact; empty without cells
+    CCoarseSpace m_space;
+    std::vector<SBranch> m_branches; // the root first
+    std::vector<CCellBundle> m_bundles;
+    std::vector<SLayerBounds> m_layers; // of each bundle m_nLayers along i, as many along j, along k
+    qint64 m_nLayers = 0;
     // In order. Only where cells are folded over one another, or in the gaps of a union, do points lie
     // outside of the box of the outer faces.
     std::vector<SOverhang> m_overhangs;

@@ -2,6 +2,8 @@
 #include "data/grids/searchtree.h"
 #include "data/kernels/parallel.h"
 
+#include <cmath>
+
 namespace {
 
 /** Points of a part of the block that is built in one go: its coordinates fill a good part of a core's cache.
@@ -52,31 +54,36 @@ SRangeBoxes BoxesOf(const CGridPiece& points, const SIJKRange& range)
     return boxes;
 }
 
-/**
- * The size of bundles: small ones tell cells apart best, but take more memory. The smallest one is taken that
- * keeps the tree below a share of a grid in single precision.
- */
-qint64 ChooseBundleCells(const SBlockShape& shape)
+/** What halving makes of one direction. */
+struct SHalvings
 {
-    constexpr qint64 SMALLEST = 6; // where it makes 4, 5 and 6 of most blocks
-    const qint64 nBytes = qint64(0.18 * double(shape.PointCount()) * 3 * sizeof(float));
-    const auto bytesOf = [&](qint64 nCells) {
-        const CTreeNode root(shape, nCells);
-        return root.NodeCount() * qint64(sizeof(SPackedBox)) +
-               root.BundleCount() * qint64(sizeof(CCellBundle)) +
-               root.BundleCount() * 3 * nCells * qint64(sizeof(SLayerBounds));
-    };
-    qint64 nCells = SMALLEST;
-    while (nCells < CCellBundle::MAX_CELLS && bytesOf(nCells) > nBytes)
-        ++nCells;
-    return nCells;
+    qint64 nParts;
+    qint64 nLargest; ///< cells of the largest part; 1 in a flat direction
+};
+
+/**
+ * Halving n cells d times gives parts of n / 2^d cells, rounded down or up, n % 2^d of them rounded up. At
+ * the first d with small enough parts, those rounded up may still have one cell too many and are halved once
+ * more.
+ */
+SHalvings Halve(qint64 nCells, qint64 nMostCells)
+{
+    int nHalvings = 0;
+    while (nCells >> nHalvings > nMostCells)
+        ++nHalvings;
+    const qint64 nParts = qint64(1) << nHalvings;
+    const qint64 nSmall = nCells >> nHalvings;
+    const qint64 nRoundedUp = nCells & (nParts - 1);
+    if (nSmall == nMostCells)
+        return {nParts + nRoundedUp, nSmall};
+    return {nParts, std::max<qint64>(nRoundedUp > 0 ? nSmall + 1 : nSmall, 1)};
 }
 
 } // namespace
 
 /**
  * Builds the tree in two sweeps. Upwards the exact boxes: the outer faces of a node are made of those of its
- * children, so that only the leaves look at points. Downwards the coarse ones, each within its parent's.
+ * halves, so that only the leaves look at points. Downwards the coarse ones, each within that of its branch.
  *
  * The block is cut into pieces, which are nodes of the tree, and the pieces are swept on all threads. They
  * are read twice, once for their own box and once for what is in them, since the boxes of all nodes at double
@@ -90,42 +97,76 @@ public:
     void Build();
 
 private:
+    /** A part of the tree: the top, or what is in a piece. */
+    struct SPart
+    {
+        std::vector<SBox> boxes; // exact, of the nodes down to the ends of the sweep, in order
+        std::vector<SOverhang> overhangs;
+        std::vector<SBranch> branches;
+        std::vector<CCellBundle> bundles;
+        std::vector<SLayerBounds> layers;
+    };
     struct SPiece
     {
         CTreeNode node;
-        SRangeBoxes boxes; // exact
-        SBox outer;        // coarse, of the parent
-        std::vector<SOverhang> overhangs;
+        SRangeBoxes boxes;   // exact
+        SCoarseBox box = {}; // of the node
+        size_t nBranch = 0;  // above it
+        int nPlace = 0;      // there
+        Child nRoot = 0;     // in the part
+        SPart part = {};
     };
-    /** What the sweep upwards leaves for the one downwards. */
-    struct SSweep
-    {
-        std::vector<SBox> boxes; // exact, of the nodes down to the bundles, in order
-        std::vector<SOverhang> overhangs;
-    };
+    template <class End> class CDownSweep;
 
-    static bool IsPiece(const CTreeNode& node)
+    void ChooseBundleCells();
+    bool IsBundle(const CTreeNode& node) const { return node.LongestExtent() <= m_nBundleCells; }
+    bool IsPiece(const CTreeNode& node) const
     {
-        return node.IsBundle() || node.Range().Count() <= PIECE_POINTS;
+        return IsBundle(node) || node.Points().Count() <= PIECE_POINTS;
     }
     void CollectPieces(const CTreeNode& node);
     void SweepTop();
-    void SweepPiece(SPiece& piece);
-    void StoreBundle(const CTreeNode& node, const SBox& box, const CGridPiece& points);
+    void SweepPiece(SPiece& piece) const;
+    void Append(SPiece& piece);
+    void SortOverhangs();
 
-    template <class End> SRangeBoxes SweepUp(const CTreeNode& node, const End& end, SSweep& sweep) const;
-    template <class End>
-    void SweepDown(const CTreeNode& node, const SBox& outer, const End& end, const SBox*& pBox) const;
+    template <class End> SRangeBoxes SweepUp(const CTreeNode& node, const End& end, SPart& part) const;
 
     CSearchTree& m_tree;
     const IGrid& m_grid;
+    qint64 m_nBundleCells = 0;
     std::vector<SPiece> m_pieces;
 };
+
+/**
+ * Small bundles tell cells apart best, but take more memory. The smallest size is taken that keeps the tree
+ * below a share of a grid in single precision.
+ */
+void CSearchTree::CBuilder::ChooseBundleCells()
+{
+    constexpr qint64 SMALLEST = 6; // makes 4, 5 and 6 of most directions
+    const SBlockShape& shape = m_tree.m_shape;
+    const double dLimit = 0.18 * double(shape.PointCount()) * 3 * sizeof(float);
+    const IVector3D cells = shape.CellDimensions();
+    for (m_nBundleCells = SMALLEST; m_nBundleCells < CCellBundle::MAX_CELLS; ++m_nBundleCells) {
+        double dBundles = 1.0;
+        m_tree.m_nLayers = 1;
+        for (int nAxis = 0; nAxis < 3; ++nAxis) {
+            const SHalvings halvings = Halve(cells[nAxis], m_nBundleCells);
+            dBundles *= double(halvings.nParts);
+            m_tree.m_nLayers = std::max(m_tree.m_nLayers, halvings.nLargest);
+        }
+        const qint64 nLayerBytes = 3 * m_tree.m_nLayers * qint64(sizeof(SLayerBounds));
+        if (dBundles * double(sizeof(CCellBundle) + sizeof(SBranch) / 7 + nLayerBytes) < dLimit)
+            return;
+    }
+    m_tree.m_nLayers = m_nBundleCells;
+}
 
 void CSearchTree::CBuilder::CollectPieces(const CTreeNode& node)
 {
     if (IsPiece(node)) {
-        m_pieces.push_back({node, {}, {}, {}});
+        m_pieces.push_back(SPiece{node, {}});
         return;
     }
     CollectPieces(node.Lower());
@@ -134,127 +175,207 @@ void CSearchTree::CBuilder::CollectPieces(const CTreeNode& node)
 
 /** @param end  end(node, boxes) fills the boxes of a node at which the sweep begins, and is true for one */
 template <class End>
-SRangeBoxes CSearchTree::CBuilder::SweepUp(const CTreeNode& node, const End& end, SSweep& sweep) const
+SRangeBoxes CSearchTree::CBuilder::SweepUp(const CTreeNode& node, const End& end, SPart& part) const
 {
-    const size_t nPlace = sweep.boxes.size();
-    sweep.boxes.emplace_back();
+    const size_t nPlace = part.boxes.size();
+    part.boxes.emplace_back();
     SRangeBoxes boxes;
     if (!end(node, boxes)) {
-        const SRangeBoxes lowerBoxes = SweepUp(node.Lower(), end, sweep);
-        boxes = Joined(lowerBoxes, SweepUp(node.Upper(), end, sweep), node.SplitAxis());
+        const SRangeBoxes lower = SweepUp(node.Lower(), end, part);
+        boxes = Joined(lower, SweepUp(node.Upper(), end, part), node.LongestAxis());
     }
     const SBox outer = boxes.Outer();
-    sweep.boxes[nPlace] = outer;
-    if (node.IsBundle()) // what lies below one has no coarse box
-        sweep.boxes.resize(nPlace + 1);
+    part.boxes[nPlace] = outer;
+    if (IsBundle(node)) // what lies below one has no coarse box
+        part.boxes.resize(nPlace + 1);
     if (outer != boxes.all)
-        sweep.overhangs.push_back({m_tree.m_shape.PointIndex(node.Range().min),
-                                   m_tree.m_shape.PointIndex(node.Range().max), outer});
+        part.overhangs.push_back({m_tree.m_shape.PointIndex(node.Points().min),
+                                  m_tree.m_shape.PointIndex(node.Points().max), outer});
     return boxes;
 }
 
 /**
- * @param outer  coarse box of the parent
- * @param end    end(node, coarse box, outer) does the rest at the end of the sweep, and is true for a node
- * there
- * @param pBox   the exact boxes that SweepUp left
+ * The sweep downwards.
+ *
+ * End: IsEnd(node) says where the sweep ends, and Make(node, coarse box, branch, place) makes the child
+ * there.
  */
-template <class End>
-void CSearchTree::CBuilder::SweepDown(const CTreeNode& node, const SBox& outer, const End& end,
-                                      const SBox*& pBox) const
+template <class End> class CSearchTree::CBuilder::CDownSweep
 {
-    SPackedBox& packed = m_tree.m_nodes[node.Index()];
-    packed = Pack(*pBox++, outer);
-    const SBox box = Unpack(packed, outer, PackingStep(outer));
-    if (end(node, box, outer))
-        return;
-    SweepDown(node.Lower(), box, end, pBox);
-    SweepDown(node.Upper(), box, end, pBox);
-}
+public:
+    /** @param pBox  the exact boxes that SweepUp left, from the node on that comes first */
+    CDownSweep(const CSearchTree& tree, SPart& part, const SBox* pBox, End& end)
+        : m_tree(tree), m_part(part), m_pBox(pBox), m_end(end)
+    {}
 
-void CSearchTree::CBuilder::StoreBundle(const CTreeNode& node, const SBox& box, const CGridPiece& points)
-{
-    const std::span<SLayerBounds> layers(m_tree.m_layers);
-    const qint64 nStride = m_tree.m_nBundleCells;
-    m_tree.m_bundles[node.FirstBundle()] = CCellBundle(
-        points, node.Range(), box.min, layers.subspan(node.FirstBundle() * 3 * nStride, 3 * nStride));
-}
+    /** The child for a node that has halves, with all below it. */
+    Child Grow(const CTreeNode& node, const SCoarseBox& box)
+    {
+        const size_t nBranch = m_part.branches.size();
+        m_part.branches.emplace_back();
+        Place(node.Lower(), box, nBranch, 1);
+        Place(node.Upper(), box, nBranch, 1);
+        return Child(nBranch);
+    }
 
-/** The nodes within a piece. */
-void CSearchTree::CBuilder::SweepPiece(SPiece& piece)
+    /**
+     * Puts a node, or what comes of it after a few steps, into a branch.
+     *
+     * @param box    of the branch
+     * @param nStep  how far below the branch the node is
+     */
+    void Place(const CTreeNode& node, const SCoarseBox& box, size_t nBranch, int nStep)
+    {
+        const SBox& exact = *m_pBox++;
+        const bool bEnd = m_end.IsEnd(node);
+        if (nStep < SBranch::STEPS && !bEnd) {
+            Place(node.Lower(), box, nBranch, nStep + 1);
+            Place(node.Upper(), box, nBranch, nStep + 1);
+            return;
+        }
+        const auto& children = m_part.branches[nBranch].children;
+        const int nPlace = int(std::find(std::begin(children), std::end(children), SBranch::NONE) - children);
+        const SPackedBox packed = Pack(m_tree.Coarse(exact), box);
+        const SCoarseBox own = Unpack(packed, box, box.PackingStep());
+        const Child nChild = bEnd ? m_end.Make(node, own, nBranch, nPlace) : Grow(node, own);
+        m_part.branches[nBranch].boxes[nPlace] = packed;
+        m_part.branches[nBranch].children[nPlace] = nChild;
+    }
+
+private:
+    const CSearchTree& m_tree;
+    SPart& m_part;
+    const SBox* m_pBox;
+    End& m_end;
+};
+
+/** What is in a piece: down to the bundles. */
+void CSearchTree::CBuilder::SweepPiece(SPiece& piece) const
 {
-    const CGridPiece points(m_grid, piece.node.Range());
-    SSweep sweep;
+    struct SEnd
+    {
+        const CBuilder& builder;
+        const CGridPiece& points;
+        SPart& part;
+
+        bool IsEnd(const CTreeNode& node) const { return builder.IsBundle(node); }
+        Child Make(const CTreeNode& node, const SCoarseBox& box, size_t, int) const
+        {
+            const CSearchTree& tree = builder.m_tree;
+            const size_t nFirst = part.layers.size();
+            part.layers.resize(nFirst + 3 * tree.m_nLayers);
+            part.bundles.emplace_back(points, node.Points(), tree.m_space.Exact(box.low),
+                                      std::span(part.layers).subspan(nFirst));
+            return -Child(part.bundles.size());
+        }
+    };
+    const CGridPiece points(m_grid, piece.node.Points());
     const auto leafBoxes = [&](const CTreeNode& node, SRangeBoxes& boxes) {
         if (node.IsLeaf())
-            boxes = BoxesOf(points, node.Range());
+            boxes = BoxesOf(points, node.Points());
         return node.IsLeaf();
     };
-    SweepUp(piece.node, leafBoxes, sweep);
-    const auto storeBundle = [&](const CTreeNode& node, const SBox& box, const SBox&) {
-        if (node.IsBundle())
-            StoreBundle(node, box, points);
-        return node.IsBundle();
-    };
-    const SBox* pBox = sweep.boxes.data();
-    SweepDown(piece.node, piece.outer, storeBundle, pBox);
-    piece.overhangs = std::move(sweep.overhangs);
+    SweepUp(piece.node, leafBoxes, piece.part);
+    SEnd end{*this, points, piece.part};
+    CDownSweep sweep(m_tree, piece.part, piece.part.boxes.data() + 1, end);
+    piece.nRoot =
+        IsBundle(piece.node) ? end.Make(piece.node, piece.box, 0, 0) : sweep.Grow(piece.node, piece.box);
+    piece.part.boxes = {};
 }
 
 /** The nodes above the pieces, whose boxes are known. */
 void CSearchTree::CBuilder::SweepTop()
 {
-    SSweep sweep;
+    struct SEnd
+    {
+        const CBuilder& builder;
+        std::vector<SPiece>::iterator next;
+
+        bool IsEnd(const CTreeNode& node) const { return builder.IsPiece(node); }
+        Child Make(const CTreeNode&, const SCoarseBox& box, size_t nBranch, int nPlace)
+        {
+            next->box = box;
+            next->nBranch = nBranch;
+            next->nPlace = nPlace;
+            ++next;
+            return 0; // known when the pieces are appended
+        }
+    };
+    SPart top;
     auto next = m_pieces.begin();
     const auto pieceBoxes = [&](const CTreeNode& node, SRangeBoxes& boxes) {
         if (IsPiece(node))
             boxes = (next++)->boxes;
         return IsPiece(node);
     };
-    SweepUp(m_tree.Root(), pieceBoxes, sweep);
-    m_tree.m_box = sweep.boxes.front();
+    SweepUp(m_tree.Root(), pieceBoxes, top);
+    m_tree.m_box = top.boxes.front();
+    const DVector3D& origin = m_tree.m_box.min;
+    if (std::isfinite(origin.x) && std::isfinite(origin.y) && std::isfinite(origin.z))
+        m_tree.m_space = CCoarseSpace(origin);
 
-    next = m_pieces.begin();
-    const auto keepOuter = [&](const CTreeNode& node, const SBox&, const SBox& outer) {
-        if (IsPiece(node))
-            (next++)->outer = outer;
-        return IsPiece(node);
+    SEnd end{*this, m_pieces.begin()};
+    top.branches.emplace_back();
+    CDownSweep(m_tree, top, top.boxes.data(), end).Place(m_tree.Root(), m_tree.Coarse(m_tree.m_box), 0, 0);
+    m_tree.m_branches = std::move(top.branches);
+    m_tree.m_overhangs = std::move(top.overhangs);
+}
+
+/** Joins what is in a piece to the tree. */
+void CSearchTree::CBuilder::Append(SPiece& piece)
+{
+    const Child nBranches = Child(m_tree.m_branches.size());
+    const Child nBundles = Child(m_tree.m_bundles.size());
+    const auto moved = [&](Child nChild) {
+        return nChild == SBranch::NONE ? nChild : nChild < 0 ? nChild - nBundles : nChild + nBranches;
     };
-    const SBox* pBox = sweep.boxes.data();
-    SweepDown(m_tree.Root(), m_tree.m_box, keepOuter, pBox);
-    m_tree.m_overhangs = std::move(sweep.overhangs);
+    for (SBranch& branch : piece.part.branches)
+        std::transform(std::begin(branch.children), std::end(branch.children), branch.children, moved);
+    m_tree.m_branches[piece.nBranch].children[piece.nPlace] = moved(piece.nRoot);
+    const auto append = [](auto& all, const auto& part) { all.insert(all.end(), part.begin(), part.end()); };
+    append(m_tree.m_branches, piece.part.branches);
+    append(m_tree.m_bundles, piece.part.bundles);
+    append(m_tree.m_layers, piece.part.layers);
+    append(m_tree.m_overhangs, piece.part.overhangs);
+    piece.part = {};
+}
+
+/** The roots of the pieces come from both sweeps, with the same boxes. */
+void CSearchTree::CBuilder::SortOverhangs()
+{
+    std::vector<SOverhang>& overhangs = m_tree.m_overhangs;
+    std::sort(overhangs.begin(), overhangs.end(), SOverhang::IsAhead);
+    const auto isSame = [](const SOverhang& a, const SOverhang& b) { return !SOverhang::IsAhead(a, b); };
+    overhangs.erase(std::unique(overhangs.begin(), overhangs.end(), isSame), overhangs.end());
 }
 
 void CSearchTree::CBuilder::Build()
 {
-    m_tree.m_nBundleCells = ChooseBundleCells(m_tree.m_shape);
-    const CTreeNode root = m_tree.Root();
-    m_tree.m_nodes.resize(root.NodeCount());
-    m_tree.m_bundles.resize(root.BundleCount());
-    m_tree.m_layers.resize(root.BundleCount() * 3 * m_tree.m_nBundleCells);
-    CollectPieces(root);
+    ChooseBundleCells();
+    CollectPieces(m_tree.Root());
     const qint64 nPieces = qint64(m_pieces.size());
     RunPieces(nPieces, [&](qint64 n) {
-        const SIJKRange range = m_pieces[n].node.Range();
+        const SIJKRange range = m_pieces[n].node.Points();
         m_pieces[n].boxes = BoxesOf(CGridPiece(m_grid, range), range);
     });
     SweepTop();
     RunPieces(nPieces, [&](qint64 n) { SweepPiece(m_pieces[n]); });
-
-    std::vector<SOverhang>& overhangs = m_tree.m_overhangs;
-    for (const SPiece& piece : m_pieces)
-        overhangs.insert(overhangs.end(), piece.overhangs.begin(), piece.overhangs.end());
-    std::sort(overhangs.begin(), overhangs.end(), SOverhang::IsAhead);
-    // The roots of the pieces come from both sweeps, with the same boxes.
-    const auto isSame = [](const SOverhang& a, const SOverhang& b) { return !SOverhang::IsAhead(a, b); };
-    overhangs.erase(std::unique(overhangs.begin(), overhangs.end(), isSame), overhangs.end());
-    overhangs.shrink_to_fit();
+    for (SPiece& piece : m_pieces)
+        Append(piece);
+    SortOverhangs();
+    m_tree.m_branches.shrink_to_fit();
+    m_tree.m_bundles.shrink_to_fit();
+    m_tree.m_layers.shrink_to_fit();
+    m_tree.m_overhangs.shrink_to_fit();
 }
 
 CSearchTree::CSearchTree(const IGrid& grid) : m_shape(grid.GetShape())
 {
     const IVector3D& counts = m_shape.dimensions;
     const int nFlat = (counts.i == 1) + (counts.j == 1) + (counts.k == 1);
-    if (!m_shape.Range().IsEmpty() && nFlat < 2)
+    constexpr qint64 MOST = std::numeric_limits<qint32>::max();
+    const bool bSmall = SIJKRange{{-MOST, -MOST, -MOST}, {MOST, MOST, MOST}}.Contains(m_shape.start) &&
+                        SIJKRange{{-MOST, -MOST, -MOST}, {MOST, MOST, MOST}}.Contains(m_shape.End());
+    if (!m_shape.Range().IsEmpty() && nFlat < 2 && bSmall)
         CBuilder(*this, grid).Build();
 }
