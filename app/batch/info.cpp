@@ -50,24 +50,25 @@ bool WriteFile(CJsonWriter& json, const QString& sPath, bool bGrid)
         json.Value("structured");
     else
         json.Null();
-    if (file.IsDetected()) {
-        json.Key("layout");
+    json.Key("layout");
+    if (file.IsDetected())
         WriteLayout(json, file.layout);
-        if (!bGrid)
-            json.Member("variableCount", VariableCount(file));
-        if (const auto header = bGrid ? std::nullopt : CSolutionIO().GetSolutionHeader(sPath, 0)) {
-            json.Key("header");
-            json.BeginArray();
-            for (const double dValue : *header)
-                json.Value(dValue);
-            json.EndArray();
-        }
-        json.Key("blocks");
+    else
+        json.Null();
+    if (!bGrid && file.IsDetected())
+        json.Member("variableCount", VariableCount(file));
+    if (const auto header = bGrid ? std::nullopt : CSolutionIO().GetSolutionHeader(sPath, 0)) {
+        json.Key("header");
         json.BeginArray();
-        for (const IVector3D& size : BlockDimensions(file))
-            json.Value(size);
+        for (const double dValue : *header)
+            json.Value(dValue);
         json.EndArray();
     }
+    json.Key("blocks");
+    json.BeginArray();
+    for (const IVector3D& size : BlockDimensions(file))
+        json.Value(size);
+    json.EndArray();
     json.EndObject();
     return file.IsDetected();
 }

@@ -20,8 +20,8 @@ using SVariableInput = SFormulaInput;
  * are an ISolution, which CSolutionManager makes. This class by itself is the file variable, whose values
  * stand in files; derived ones are computed of inputs. CVariableManager owns all.
  *
- * The list of variables belongs to the main thread; evaluation may run on any (the Into forms and the runs
- * keep no state).
+ * The list of variables belongs to the main thread; evaluation may run on any: it keeps no
+ * state.
  */
 class IVariable
 {
@@ -103,6 +103,12 @@ public:
     virtual double EvaluateScalarConstant() const { return 0.0; }
     virtual DVector3D EvaluateVector(const double* pInputs, qint64 nCount, bool bVectors) const;
     virtual DVector3D EvaluateVectorConstant() const { return {}; }
+    /** The same into the caller's place. */
+    void EvaluateInto(const double* pInputs, qint64 nCount, bool bVectors, DVector3D& out) const
+    {
+        out = EvaluateVector(pInputs, nCount, bVectors);
+    }
+    void EvaluateConstantInto(DVector3D& out) const { out = EvaluateVectorConstant(); }
 
 protected:
     void SetKind(VariableKind_e eKind) { m_eKind = eKind; }
