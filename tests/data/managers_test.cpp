@@ -47,6 +47,25 @@ TEST_F(Managers, AGridLoadsAtItsFirstPointAndStaysWhileItIsHeld)
         << "loaded anew";
 }
 
+TEST_F(Managers, BothRoadsToThePointsOfAFileAgreeInBothPrecisions)
+{
+    for (const int nCode : {2, 7}) {
+        Add(Write("a.x", nCode, KindGrid, Blocks({{5, 4, 3}})), -1.0, {5, 4, 3});
+        const auto pGrid = Grid(1);
+        const SIJKRange range{{2, 1, 2}, {4, 4, 3}};
+        std::vector<double> x(range.Count()), y(range.Count()), z(range.Count());
+        pGrid->FillPoints(range, {x, y, z});
+        for (qint64 n = 0; n < range.Count(); ++n) {
+            const IVector3D ijk = SBlockShape{range.Extent(), range.min}.Address(n);
+            ASSERT_EQ((DVector3D{x[n], y[n], z[n]}), pGrid->GetPoint(ijk)) << nCode;
+            ASSERT_EQ(y[n], Value(0, 1, pGrid->GetShape().PointIndex(ijk))) << nCode;
+        }
+        EXPECT_EQ(pGrid->GetCoordinatesSingle(2)[7], float(pGrid->GetPoint(qint64(7)).z));
+        EXPECT_EQ(pGrid->GetCoordinatesDouble(2)[7], pGrid->GetPoint(qint64(7)).z);
+        pGrid->ReleaseCoordinateCopies();
+    }
+}
+
 TEST_F(Managers, TimesBetweenLevelsAreBlendedAndAnEqualTimeReplaces)
 {
     const QString sFirst = Write("a.x", 4, KindGrid, Blocks({{2, 2, 2}}));

@@ -1,3 +1,5 @@
+#include "data/casedata.h"
+#include "data/icases.h"
 #include "data/solutions/bytesolution.h"
 #include "data/solutions/interpsolution.h"
 #include "data/solutions/solutiongrid.h"
@@ -187,4 +189,83 @@ TEST_F(Solutions, AFormulaOverADividedZeroHasNoValue)
     const auto pField = CSolutionManager::Instance().GetSolution(nId, SIMULATION, 1, -1, -1.0);
     EXPECT_EQ(pField->GetValue(IVector3D{2, 2, 2}), NO_VALUE);
     EXPECT_TRUE(pField->GetRange(0, true).IsEmpty());
+}
+
+namespace {
+
+/** Items of equal number in both simulations have the same grid. */
+class CSameItems : public ICases
+{
+public:
+    CSameItems() : m_pFormer(Install(this)) {}
+    ~CSameItems() override { Install(m_pFormer); }
+    double GetTime(qint64, qint64) const override { return STEADY_TIME; }
+    QVector<qint64> GetBlockIds(qint64) const override { return {}; }
+    QByteArray GetKey(qint64) const override { return {}; }
+    qint64 TranslateItem(qint64, qint64 nItemId, qint64 nOther) const override
+    {
+        return nOther == m_nKnown ? nItemId : NO_ID;
+    }
+    qint64 m_nKnown = 2;
+
+private:
+    ICases* m_pFormer;
+};
+
+} // namespace
+
+TEST_F(Solutions, AComparisonTakesEachInputFromItsOwnSimulation)
+{
+    CSameItems cases;
+    OpenTwoBlocks();
+    const auto blocks = Plot3DFixture::Blocks({{3, 3, 3}, {3, 3, 3}});
+    RegisterPlot3DCase(2,
+                       {Write("other.x", 26, KindGrid, blocks), {Write("other.q", 49, KindQ, blocks)}, {}});
+    auto* const pVariable = new CExpressionVariable(SIMULATION, true);
+    pVariable->SetName("difference");
+    pVariable->SetScope({Id("RE"), CVariableManager::Instance().FindByName(2, "RU", LocationNode)});
+    ASSERT_TRUE(pVariable->SetExpression("<1@RE> - <2@RU>", true, false));
+    const qint64 nId = pVariable->GetId();
+    {
+        const auto pField = CSolutionManager::Instance().GetSolution(nId, SIMULATION, 2, -1, STEADY_TIME);
+        ASSERT_TRUE(pField);
+        EXPECT_EQ(pField->GetValue(qint64(5)), Plot3DFixture::Value(1, 4, 5) - Plot3DFixture::Value(1, 1, 5));
+        ExpectEqualRoads(*pField, "comparison");
+    }
+    cases.m_nKnown = 7;
+    EXPECT_FALSE(CSolutionManager::Instance().GetSolution(nId, SIMULATION, 2, -1, STEADY_TIME))
+        << "no such item";
+    RemoveCaseData(2);
+    CVariableManager::Instance().RemoveVariable(nId);
+}
+
+TEST_F(Solutions, AFormulaMayNameATimeOfASeries)
+{
+    const auto blocks = Plot3DFixture::Blocks({{3, 3, 3}});
+    const QString sGrid = Write("c.x", 2, KindGrid, blocks);
+    const QString sFirst = Write("flow_010.q", 49, KindQ, blocks);
+    // The second level holds what the second block of such a file would.
+    const QByteArray two =
+        Plot3DFixture::MakeFile(LayoutOfCode(49), KindQ, Plot3DFixture::Blocks({{3, 3, 3}, {3, 3, 3}}));
+    QByteArray second = Plot3DFixture::MakeFile(LayoutOfCode(49), KindQ, blocks);
+    const int nBlock = 4 + 32 + 4 + 4 + 27 * 5 * 8 + 4; // Q header record and data record, with their markers
+    second.replace(second.size() - nBlock, nBlock, two.right(nBlock));
+    Plot3DFixture::Store(m_folder.filePath("flow_020.q"), second);
+    ASSERT_EQ(RegisterPlot3DCase(SIMULATION, {sGrid, {sFirst, m_folder.filePath("flow_020.q")}, {}}).sError,
+              "");
+    EXPECT_EQ(CSolutionManager::Instance().GetTimes(SIMULATION, 1), QVector<double>({-1.0, 10.0, 20.0}));
+
+    auto* const pVariable = new CExpressionVariable(SIMULATION, true);
+    pVariable->SetName("change");
+    pVariable->SetScope({Id("RU")});
+    ASSERT_TRUE(pVariable->SetExpression("<RU> - <RU@10>", false, true));
+    const auto at = [&](double dTime) {
+        return CSolutionManager::Instance()
+            .GetSolution(pVariable->GetId(), SIMULATION, 1, -1, dTime)
+            ->GetValue(qint64(5));
+    };
+    const double dFirst = Plot3DFixture::Value(0, 1, 5), dSecond = Plot3DFixture::Value(1, 1, 5);
+    EXPECT_EQ(at(10.0), 0.0);
+    EXPECT_EQ(at(20.0), dSecond - dFirst);
+    EXPECT_EQ(at(15.0), 0.5 * dFirst + 0.5 * dSecond - dFirst);
 }
