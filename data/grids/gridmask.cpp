@@ -10,7 +10,7 @@ bool CGridMask::Prepare()
         return false;
     const SBlockShape shape = CGrid::GetShape();
     m_pInner->Init(CGrid::GetFileName(), CGrid::GetFileIndex(), shape.dimensions, shape.start, m_bStructured);
-    m_pInner->SetGridId(GetGridId());
+    m_pInner->SetGridId(CGrid::GetGridId());
     return true;
 }
 
