@@ -65,12 +65,14 @@ CBatchCase::Status_e CBatchCase::Define(const QString& sDefinition)
     pVariable->SetName(sName);
     pVariable->SetScope(manager.ListVariables(SIMULATION, false));
     const QString sFormula = sDefinition.mid(nEqual + 1);
-    if (!pVariable->SetExpression(sFormula, false, true))
-        return Fail(CaseUsage, QString("the formula of '%1' has an error at character %2 of '%3'")
-                                   .arg(sName)
-                                   .arg(pVariable->GetErrorPosition())
-                                   .arg(sFormula));
-    return CaseOk;
+    if (pVariable->SetExpression(sFormula, false, true))
+        return CaseOk;
+    if (pVariable->GetErrorPosition() == 0) // it would compile
+        return Fail(CaseUsage, QString("the formula of '%1' refers to itself: '%2'").arg(sName, sFormula));
+    return Fail(CaseUsage, QString("the formula of '%1' has an error at character %2 of '%3'")
+                               .arg(sName)
+                               .arg(pVariable->GetErrorPosition())
+                               .arg(sFormula));
 }
 
 CBatchCase::Status_e CBatchCase::ChooseVariables(const QStringList& sNameList)
