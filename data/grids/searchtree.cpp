@@ -7,6 +7,7 @@
 namespace {
 
 constexpr IVector3D NOWHERE{-1, -1, -1};
+
 /** The direction of one point; -1 if there is none. */
 int FlatAxisOf(const SBlockShape& shape)
 {

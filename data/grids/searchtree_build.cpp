@@ -6,9 +6,9 @@
 
 namespace {
 
-/** Points of a part of the block that is built in one go: its coordinates fill a good part of a core's cache.
- */
+/** Points of a piece: its coordinates fill a good part of a core's cache. */
 constexpr qint64 PIECE_POINTS = 36000;
+
 /** Box of the points on each face of a range of points, and of all of them. */
 struct SRangeBoxes
 {
@@ -374,8 +374,8 @@ CSearchTree::CSearchTree(const IGrid& grid) : m_shape(grid.GetShape())
     const IVector3D& counts = m_shape.dimensions;
     const int nFlat = (counts.i == 1) + (counts.j == 1) + (counts.k == 1);
     constexpr qint64 MOST = std::numeric_limits<qint32>::max();
-    const bool bSmall = SIJKRange{{-MOST, -MOST, -MOST}, {MOST, MOST, MOST}}.Contains(m_shape.start) &&
-                        SIJKRange{{-MOST, -MOST, -MOST}, {MOST, MOST, MOST}}.Contains(m_shape.End());
-    if (!m_shape.Range().IsEmpty() && nFlat < 2 && bSmall)
+    constexpr SIJKRange STORABLE{{-MOST, -MOST, -MOST}, {MOST, MOST, MOST}};
+    const bool bStorable = STORABLE.Contains(m_shape.start) && STORABLE.Contains(m_shape.End());
+    if (!m_shape.Range().IsEmpty() && nFlat < 2 && bStorable)
         CBuilder(*this, grid).Build();
 }
