@@ -369,8 +369,13 @@ void CSearchTree::CBuilder::Build()
     m_tree.m_overhangs.shrink_to_fit();
 }
 
-CSearchTree::CSearchTree(const IGrid& grid) : m_shape(grid.GetShape())
+// The first point is read ahead of all: that loads the grid, on this thread, and a load may correct the
+// dimensions.
+CSearchTree::CSearchTree(const IGrid& grid)
 {
+    if (const SIJKRange range = grid.GetShape().Range(); !range.IsEmpty())
+        CGridPiece(grid, {range.min, range.min});
+    m_shape = grid.GetShape();
     const IVector3D& counts = m_shape.dimensions;
     const int nFlat = (counts.i == 1) + (counts.j == 1) + (counts.k == 1);
     constexpr qint64 MOST = std::numeric_limits<qint32>::max();
