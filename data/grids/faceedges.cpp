@@ -36,7 +36,7 @@ QVector<DVector3D> PointsOf(const IGrid& grid, const SIJKRange& range)
 {
     CPointScratch scratch(range.Count());
     const SPointBuffers points = scratch.First(range.Count());
-    grid.FillPoints(range, points);
+    FillRange(grid, range, GapsAreZeros, points);
     QVector<DVector3D> result;
     result.reserve(int(range.Count()));
     for (qint64 n = 0; n < range.Count(); ++n)

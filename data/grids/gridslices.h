@@ -52,7 +52,10 @@ template <class Visit> void ForEachSliceRange(const SIJKRange& range, const Visi
 /** What stands in place of a point that the grid doesn't have. */
 enum Gaps_e { GapsAreZeros, GapsAreNaN };
 
-/** The coordinates of any range, also of one that reaches out of the grid. */
+/**
+ * The coordinates of any range, also of one that reaches out of the grid. Loops over a block use this and not
+ * FillPoints, since a first load may correct the dimensions that the loop began with.
+ */
 void FillRange(const IGrid& grid, const SIJKRange& range, Gaps_e eGaps, const SPointBuffers& out);
 
 /** Writes the points of any range that the grid has; what it doesn't have stays as it is. */

@@ -2,6 +2,7 @@
 
 #include "data/box.h"
 
+#include <bit>
 #include <cstring>
 #include <limits>
 
@@ -75,7 +76,8 @@ inline SCoarseBox Unpack(const SPackedBox& packed, const SCoarseBox& outer, cons
     using Short8 = short __attribute__((vector_size(16)));
     using Byte16 = signed char __attribute__((vector_size(16)));
     using Long2 = long long __attribute__((vector_size(16)));
-    // Bytes become integers by zeros that are put between them.
+    // Bytes become integers by zeros that are put behind each.
+    static_assert(std::endian::native == std::endian::little);
     long long nBytes;
     std::memcpy(&nBytes, &packed, sizeof nBytes);
     const Byte16 bytes = (Byte16)Long2{nBytes, 0};

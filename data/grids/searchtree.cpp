@@ -7,6 +7,7 @@
 namespace {
 
 constexpr IVector3D NOWHERE{-1, -1, -1};
+
 /** The direction of one point; -1 if there is none. */
 int FlatAxisOf(const SBlockShape& shape)
 {
@@ -20,7 +21,7 @@ public:
     /** @param range  of points, at most LEAF_CELLS + 1 in each direction */
     CCellPoints(const IGrid& grid, const SIJKRange& range) : m_range(range)
     {
-        grid.FillPoints(range, {m_values[0], m_values[1], m_values[2]});
+        FillRange(grid, range, GapsAreZeros, {m_values[0], m_values[1], m_values[2]});
         // A step in a flat direction leads nowhere.
         const IVector3D extent = range.Extent();
         m_nSteps[0] = extent.i > 1 ? 1 : 0;
@@ -255,8 +256,7 @@ bool CSearchTree::CQuery::HoldsExactly(const CTreeNode& node) const
 
 IVector3D CSearchTree::FindCell(const IGrid& grid, const DVector3D& point) const
 {
-    Q_ASSERT(grid.GetShape() == m_shape);
-    return CQuery(*this, grid, point).Run();
+    return grid.GetShape() == m_shape ? CQuery(*this, grid, point).Run() : NOWHERE;
 }
 
 qint64 CSearchTree::GetBytes() const

@@ -31,7 +31,8 @@ public:
      */
     explicit CSearchTree(const IGrid& grid);
 
-    /** The first cell, in tree order, that holds the point; (-1, -1, -1) if none does. */
+    /** The first cell, in tree order, that holds the point; (-1, -1, -1) if none does, or the shape differs.
+     */
     IVector3D FindCell(const IGrid& grid, const DVector3D& point) const;
     /** The shape of the block when the tree was built. */
     const SBlockShape& GetShape() const { return m_shape; }

@@ -6,9 +6,9 @@
 
 namespace {
 
-/** Points of a part of the block that is built in one go: its coordinates fill a good part of a core's cache.
- */
+/** Points of a piece: its coordinates fill a good part of a core's cache. */
 constexpr qint64 PIECE_POINTS = 36000;
+
 /** Box of the points on each face of a range of points, and of all of them. */
 struct SRangeBoxes
 {
@@ -369,13 +369,18 @@ void CSearchTree::CBuilder::Build()
     m_tree.m_overhangs.shrink_to_fit();
 }
 
-CSearchTree::CSearchTree(const IGrid& grid) : m_shape(grid.GetShape())
+// The first point is read ahead of all: that loads the grid, on this thread, and a load may correct the
+// dimensions.
+CSearchTree::CSearchTree(const IGrid& grid)
 {
+    if (const SIJKRange range = grid.GetShape().Range(); !range.IsEmpty())
+        CGridPiece(grid, {range.min, range.min});
+    m_shape = grid.GetShape();
     const IVector3D& counts = m_shape.dimensions;
     const int nFlat = (counts.i == 1) + (counts.j == 1) + (counts.k == 1);
     constexpr qint64 MOST = std::numeric_limits<qint32>::max();
-    const bool bSmall = SIJKRange{{-MOST, -MOST, -MOST}, {MOST, MOST, MOST}}.Contains(m_shape.start) &&
-                        SIJKRange{{-MOST, -MOST, -MOST}, {MOST, MOST, MOST}}.Contains(m_shape.End());
-    if (!m_shape.Range().IsEmpty() && nFlat < 2 && bSmall)
+    constexpr SIJKRange STORABLE{{-MOST, -MOST, -MOST}, {MOST, MOST, MOST}};
+    const bool bStorable = STORABLE.Contains(m_shape.start) && STORABLE.Contains(m_shape.End());
+    if (!m_shape.Range().IsEmpty() && nFlat < 2 && bStorable)
         CBuilder(*this, grid).Build();
 }

@@ -121,6 +121,26 @@ PointFunction Moved(const PointFunction& function, const IVector3D& by)
 class SearchTreeBlocks : public testing::TestWithParam<SBlockCase>
 {};
 
+/** A block whose first read finds out that the file has other dimensions, and gives zeros. */
+class CCorrectedGrid : public CTestGrid
+{
+public:
+    CCorrectedGrid(const SBlockShape& expected, const SBlockShape& actual)
+        : CTestGrid(expected, Box()), m_actual(actual, Box())
+    {}
+    void FillPoints(const SIJKRange& range, const SPointBuffers& out) const override
+    {
+        if (GetShape() == m_actual.GetShape())
+            return m_actual.FillPoints(range, out);
+        const_cast<CCorrectedGrid*>(this)->SetShape(m_actual.GetShape());
+        for (int nAxis = 0; nAxis < 3; ++nAxis)
+            std::fill_n(out.Axis(nAxis).begin(), range.Count(), 0.0);
+    }
+
+private:
+    CTestGrid m_actual; // asserts that it is asked for its own points alone
+};
+
 } // namespace
 
 TEST_P(SearchTreeBlocks, TheCellIsTheOneThatTheDefinitionFinds)
@@ -235,6 +255,13 @@ TEST(SearchTree, TheBuildReadsInBulkAndMakesTheSameTreeWithAnyNumberOfThreads)
     pool.setMaxThreadCount(nThreads);
     EXPECT_EQ(reads[1], reads[0]);
     EXPECT_EQ(reads[2], reads[0]);
+}
+
+TEST(SearchTree, ALoadThatCorrectsTheDimensionsOnTheWayIsFollowed)
+{
+    CCorrectedGrid grid({{60, 60, 60}}, {{9, 40, 7}});
+    EXPECT_EQ(grid.FindCell({5.5, 30.5, 2.5}), (IVector3D{5, 30, 2}));
+    EXPECT_EQ(grid.FindCell({50.5, 5.5, 2.5}), NOWHERE);
 }
 
 TEST(SearchTree, ABlockOfOtherDimensionsIsSearchedAnew)
