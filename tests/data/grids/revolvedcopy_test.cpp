@@ -89,8 +89,8 @@ TEST(RevolvedCopy, WhatCantBeRevolvedGivesNothing)
 
 TEST(RevolvedCopy, MemoryThatIsShortGivesNothing)
 {
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the sanitizer ends the program at such a size";
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "a sanitizer ends the program at such a size";
 #endif
     // A profile that no machine can revolve; its points are never read.
     CTestGrid grid({{3, 1, 2}}, Profile);
