@@ -211,8 +211,11 @@ void CGridManager::SetTransform(qint64 nSimulationId, qint64 nItemId, const STra
 void CGridManager::FlipAxis(qint64 nSimulationId, qint64 nItemId, int nAxis)
 {
     const std::lock_guard lock(m_mutex);
-    for (const ChainPointer& pChain : ChainsOf(m_registry.IdsOf(nSimulationId, nItemId)))
+    for (const ChainPointer& pChain : ChainsOf(m_registry.IdsOf(nSimulationId, nItemId))) {
         pChain->flipped.ToggleFlip(nAxis);
+        // The grid around it doesn't notice, and would keep its ranges and its search tree.
+        pChain->transformed.SetTransform(pChain->transformed.GetTransform());
+    }
 }
 
 QVector<double> CGridManager::GetTimes(qint64 nSimulationId, qint64 nItemId) const

@@ -120,6 +120,16 @@ TEST_F(Managers, FlipsAndTransformsAreOfAnItem)
     EXPECT_EQ(pAll->GetPoint(1, 1, 1).x, Value(0, 0, 2) + 100.0) << "each block keeps its own";
 }
 
+TEST_F(Managers, AFlipIsSeenByTheTransformedGridAroundIt)
+{
+    Add(Write("a.x", 2, KindGrid, Blocks({{3, 2, 2}})), -1.0, {3, 2, 2});
+    m_grids.SetTransform(SIMULATION, 1, STransform(DMatrix4x4::Translation({100, 0, 0})));
+    const auto pGrid = CGridManager::Instance().GetGrid(SIMULATION, -1, -1, -1.0);
+    const IVector3D before = pGrid->GetMinimumLocation(0);
+    m_grids.FlipAxis(SIMULATION, 1, 0);
+    EXPECT_EQ(pGrid->GetMinimumLocation(0), (IVector3D{4 - before.i, before.j, before.k}));
+}
+
 TEST_F(Managers, AFileThatCannotBeIdentifiedGivesZerosAndACorrectedSizeIsLoadedAtTheNextAccess)
 {
     const QString sFile = Write("a.x", 2, KindGrid, Blocks({{3, 2, 2}}));
