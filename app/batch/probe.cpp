@@ -53,7 +53,7 @@ bool WriteValues(CJsonWriter& json, const CBatchCase& batchCase, qint64 nBlock, 
         else if (!pField)
             return false;
         else if (variable.GetKind() == KindVector)
-            json.Value(pField->GetVector(ijk));
+            json.Value(place ? pField->InterpolateVectorAt(*place, ijk, grid) : pField->GetVector(ijk));
         else
             json.Value(place ? pField->InterpolateAt(*place, ijk, grid) : pField->GetValue(ijk));
         json.EndObject();

@@ -78,4 +78,6 @@ public:
     /** The mean of the 27 points round an address, weighted by the inverse of their distance from the point.
      */
     virtual double InterpolateAt(const DVector3D& point, const IVector3D& ijk, const IGrid& grid) const = 0;
+    virtual DVector3D InterpolateVectorAt(const DVector3D& point, const IVector3D& ijk,
+                                          const IGrid& grid) const = 0;
 };

@@ -63,6 +63,8 @@ public:
     const IVector3D* GetChunkMaximumArray() const override;
     QVector<qint64> FindChunks(double dValue) const override;
     double InterpolateAt(const DVector3D& point, const IVector3D& ijk, const IGrid& grid) const override;
+    DVector3D InterpolateVectorAt(const DVector3D& point, const IVector3D& ijk,
+                                  const IGrid& grid) const override;
 
 protected:
     void SetShape(const SBlockShape& shape) { m_shape = shape; }

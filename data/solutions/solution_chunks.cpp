@@ -16,6 +16,30 @@ SValueRange ChunkRange(const CSolution& solution, const SIJKRange& chunk, std::v
     return range.IsEmpty() ? SValueRange{1.0, 0.0} : range;
 }
 
+/** The mean of the points round an address, weighted by the inverse of their distance from the point. */
+template <class ValueAt>
+auto MeanAround(const SBlockShape& shape, const DVector3D& point, const IVector3D& ijk, const IGrid& grid,
+                const ValueAt& valueAt)
+{
+    const IVector3D low = shape.Clamped(ijk - IVector3D{1, 1, 1});
+    const IVector3D high = shape.Clamped(ijk + IVector3D{1, 1, 1});
+    double dWeights = 0.0;
+    decltype(valueAt(ijk)) sum{};
+    for (qint64 k = low.k; k <= high.k; ++k) {
+        for (qint64 j = low.j; j <= high.j; ++j) {
+            for (qint64 i = low.i; i <= high.i; ++i) {
+                const IVector3D neighbour{i, j, k};
+                const double dDistance = Length(point - grid.GetPoint(neighbour));
+                if (!(dDistance > 0.0))
+                    return valueAt(neighbour);
+                dWeights += 1.0 / dDistance;
+                sum = sum + valueAt(neighbour) / dDistance;
+            }
+        }
+    }
+    return dWeights > 0.0 ? sum / dWeights : valueAt(ijk);
+}
+
 } // namespace
 
 void CSolution::BuildChunks(const IVector3D& size)
@@ -69,22 +93,11 @@ QVector<qint64> CSolution::FindChunks(double dValue) const
 
 double CSolution::InterpolateAt(const DVector3D& point, const IVector3D& ijk, const IGrid& grid) const
 {
-    const SBlockShape shape = GetShape();
-    const IVector3D low = shape.Clamped(ijk - IVector3D{1, 1, 1});
-    const IVector3D high = shape.Clamped(ijk + IVector3D{1, 1, 1});
-    double dWeights = 0.0;
-    double dSum = 0.0;
-    for (qint64 k = low.k; k <= high.k; ++k) {
-        for (qint64 j = low.j; j <= high.j; ++j) {
-            for (qint64 i = low.i; i <= high.i; ++i) {
-                const IVector3D neighbour{i, j, k};
-                const double dDistance = Length(point - grid.GetPoint(neighbour));
-                if (!(dDistance > 0.0))
-                    return GetValue(neighbour);
-                dWeights += 1.0 / dDistance;
-                dSum += GetValue(neighbour) / dDistance;
-            }
-        }
-    }
-    return dWeights > 0.0 ? dSum / dWeights : GetValue(ijk);
+    return MeanAround(GetShape(), point, ijk, grid, [this](const IVector3D& at) { return GetValue(at); });
+}
+
+DVector3D CSolution::InterpolateVectorAt(const DVector3D& point, const IVector3D& ijk,
+                                         const IGrid& grid) const
+{
+    return MeanAround(GetShape(), point, ijk, grid, [this](const IVector3D& at) { return GetVector(at); });
 }

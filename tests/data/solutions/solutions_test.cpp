@@ -170,6 +170,9 @@ TEST_F(Solutions, InterpolationAtANodeGivesItsValueAndElsewhereTheWeightedMean)
               pField->GetValue(IVector3D{3, 2, 2}));
     const auto pConstant = Stored({3, 3, 3}, [](qint64) { return 4.0; });
     EXPECT_DOUBLE_EQ(pConstant->InterpolateAt({0.1, 0.2, 0.3}, {2, 2, 2}, *pGrid), 4.0);
+    const DVector3D place = pGrid->GetPoint(2, 2, 2) + DVector3D{0.1, 0.2, 0.3};
+    EXPECT_EQ(Field("Momentum", 2)->InterpolateVectorAt(place, {2, 2, 2}, *pGrid).y,
+              Field("RV", 2)->InterpolateAt(place, {2, 2, 2}, *pGrid));
 }
 
 TEST_F(Solutions, AComputedFieldCoversWhatItsInputsShareAndConstantsTakeNoPart)
