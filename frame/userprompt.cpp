@@ -23,6 +23,21 @@ QString UserPrompt::AskFile(const SFilePrompt& prompt)
     return s_pPrompt ? s_pPrompt->AskFile(prompt) : QString();
 }
 
+int UserPrompt::AskChoice(const SChoicePrompt& prompt)
+{
+    return s_pPrompt ? s_pPrompt->AskChoice(prompt) : -1;
+}
+
+std::optional<double> UserPrompt::AskNumber(const SNumberPrompt& prompt)
+{
+    return s_pPrompt ? s_pPrompt->AskNumber(prompt) : std::nullopt;
+}
+
+QColor UserPrompt::AskColor(const QString& sTitle, const QColor& start)
+{
+    return s_pPrompt ? s_pPrompt->AskColor(sTitle, start) : QColor();
+}
+
 bool UserPrompt::Tell(PromptKind_e eKind, const QString& sTitle, const QString& sText)
 {
     Ask({eKind, sTitle, sText});

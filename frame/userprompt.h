@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QColor>
 #include <QString>
 #include <QStringList>
+
+#include <optional>
 
 enum PromptKind_e { PromptInformation, PromptWarning, PromptCritical, PromptQuestion };
 
@@ -25,6 +28,26 @@ struct SFilePrompt
     bool bSave = false;
 };
 
+/** A question for one of several entries. */
+struct SChoicePrompt
+{
+    QString sTitle;
+    QString sLabel; ///< above the entries
+    QStringList sEntryList;
+    int nDefault = 0;
+};
+
+/** A question for a number. */
+struct SNumberPrompt
+{
+    QString sTitle;
+    QString sLabel;
+    double dValue = 0.0; ///< the one to start from
+    double dMinimum = 0.0;
+    double dMaximum = 0.0;
+    int nDecimals = 0;
+};
+
 /**
  * Whoever can put a question to the user. The program with a window installs message boxes; a batch run
  * has none, a test a script of answers.
@@ -37,6 +60,12 @@ public:
     virtual int Ask(const SPrompt& prompt) = 0;
     /** The file chosen; empty if the user cancelled. */
     virtual QString AskFile(const SFilePrompt& prompt) = 0;
+    /** The index of the entry chosen; -1 if the user cancelled. */
+    virtual int AskChoice(const SChoicePrompt& prompt) = 0;
+    /** Nothing if the user cancelled. */
+    virtual std::optional<double> AskNumber(const SNumberPrompt& prompt) = 0;
+    /** @param start  the colour to start from; the answer is invalid if the user cancelled */
+    virtual QColor AskColor(const QString& sTitle, const QColor& start) = 0;
 };
 
 /**
@@ -53,6 +82,15 @@ int Ask(const SPrompt& prompt);
 
 /** Asks for a file name. Without a user the answer is empty. */
 QString AskFile(const SFilePrompt& prompt);
+
+/** Asks for one of several entries. Without a user the answer is -1. */
+int AskChoice(const SChoicePrompt& prompt);
+
+/** Asks for a number. Without a user there is none. */
+std::optional<double> AskNumber(const SNumberPrompt& prompt);
+
+/** Asks for a colour. Without a user it is invalid. */
+QColor AskColor(const QString& sTitle, const QColor& start);
 
 /** A message with an "Ok" button. Always false, so that a failing function can end with it. */
 bool Tell(PromptKind_e eKind, const QString& sTitle, const QString& sText);

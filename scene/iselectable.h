@@ -6,7 +6,8 @@
 
 /**
  * Anything the user can see in the item panel and pick in a view. A selectable stands for one item in one
- * pair of view and simulation; CSelectableManager owns it. Main thread only.
+ * pair of view and simulation; CSelectableManager owns it. Its pack holds the properties of its kind
+ * (scene/selectablekeys.h). Main thread only.
  */
 class ISelectable : public QObject, public CDataPack
 {
@@ -35,6 +36,9 @@ public:
     virtual bool isHover() const = 0;
     virtual void setSelected(bool bSelected) = 0;
     virtual bool isSelected() const = 0;
+
+    virtual void setVisible(bool bVisible) = 0;
+    virtual bool isVisible() const = 0;
 
     /** 1: drawn as a line (the item's grid is two-dimensional), 2: as a surface. */
     virtual void setDimension(int nDimension) = 0;

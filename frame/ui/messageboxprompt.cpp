@@ -1,7 +1,9 @@
 #include "frame/ui/messageboxprompt.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -43,4 +45,29 @@ QString CMessageBoxPrompt::AskFile(const SFilePrompt& prompt)
     QWidget* const pParent = QApplication::activeWindow();
     return prompt.bSave ? QFileDialog::getSaveFileName(pParent, prompt.sTitle, prompt.sStart, prompt.sFilter)
                         : QFileDialog::getOpenFileName(pParent, prompt.sTitle, prompt.sStart, prompt.sFilter);
+}
+
+int CMessageBoxPrompt::AskChoice(const SChoicePrompt& prompt)
+{
+    QInputDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(prompt.sTitle);
+    dialog.setLabelText(prompt.sLabel);
+    dialog.setComboBoxItems(prompt.sEntryList);
+    dialog.setOption(QInputDialog::UseListViewForComboBoxItems);
+    dialog.setTextValue(prompt.sEntryList.value(prompt.nDefault));
+    return dialog.exec() == QDialog::Accepted ? prompt.sEntryList.indexOf(dialog.textValue()) : -1;
+}
+
+std::optional<double> CMessageBoxPrompt::AskNumber(const SNumberPrompt& prompt)
+{
+    bool bAccepted = false;
+    const double dValue =
+        QInputDialog::getDouble(QApplication::activeWindow(), prompt.sTitle, prompt.sLabel, prompt.dValue,
+                                prompt.dMinimum, prompt.dMaximum, prompt.nDecimals, &bAccepted);
+    return bAccepted ? std::optional(dValue) : std::nullopt;
+}
+
+QColor CMessageBoxPrompt::AskColor(const QString& sTitle, const QColor& start)
+{
+    return QColorDialog::getColor(start, QApplication::activeWindow(), sTitle);
 }

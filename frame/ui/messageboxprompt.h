@@ -8,4 +8,7 @@ class CMessageBoxPrompt : public IUserPrompt
 public:
     int Ask(const SPrompt& prompt) override;
     QString AskFile(const SFilePrompt& prompt) override;
+    int AskChoice(const SChoicePrompt& prompt) override;
+    std::optional<double> AskNumber(const SNumberPrompt& prompt) override;
+    QColor AskColor(const QString& sTitle, const QColor& start) override;
 };

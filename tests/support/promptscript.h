@@ -26,17 +26,33 @@ public:
     void Press(const QString& sButton);
     /** The next question for a file is answered with this name; empty is a cancel. */
     void ChooseFile(const QString& sFileName);
+    /** The next choice is answered with the entry of this text; an empty one is a cancel. */
+    void ChooseEntry(const QString& sEntry);
+    /** The next question for a number is answered with it, none is a cancel. */
+    void EnterNumber(std::optional<double> number);
+    /** The next question for a colour is answered with it; an invalid one is a cancel. */
+    void ChooseColor(const QColor& color);
 
     const QVector<SPrompt>& Asked() const { return m_asked; }
     const QVector<SFilePrompt>& AskedFiles() const { return m_askedFiles; }
+    const QVector<SChoicePrompt>& AskedChoices() const { return m_askedChoices; }
+    const QVector<SNumberPrompt>& AskedNumbers() const { return m_askedNumbers; }
 
     int Ask(const SPrompt& prompt) override;
     QString AskFile(const SFilePrompt& prompt) override;
+    int AskChoice(const SChoicePrompt& prompt) override;
+    std::optional<double> AskNumber(const SNumberPrompt& prompt) override;
+    QColor AskColor(const QString& sTitle, const QColor& start) override;
 
 private:
     IUserPrompt* m_pFormer;
     std::deque<QString> m_buttons;
     std::deque<QString> m_files;
+    std::deque<QString> m_entries;
+    std::deque<std::optional<double>> m_numbers;
+    std::deque<QColor> m_colors;
     QVector<SPrompt> m_asked;
     QVector<SFilePrompt> m_askedFiles;
+    QVector<SChoicePrompt> m_askedChoices;
+    QVector<SNumberPrompt> m_askedNumbers;
 };

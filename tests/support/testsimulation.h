@@ -110,7 +110,7 @@ public:
     qint64 viewId() const override { return m_nViewId; }
     qint64 itemId() const override { return m_nItemId; }
     qint64 typeId() const override { return 0; }
-    QString name() const override { return QString::number(m_nItemId); }
+    QString name() const override { return m_sName.isNull() ? QString::number(m_nItemId) : m_sName; }
     qint64 childCount() const override { return m_children.size(); }
     void addChild(ISelectable* pChild) override { m_children.append(pChild); }
     void removeChild(ISelectable* pChild) override { m_children.removeOne(pChild); }
@@ -120,8 +120,11 @@ public:
     bool isHover() const override { return m_bHover; }
     void setSelected(bool bSelected) override { m_bSelected = bSelected; }
     bool isSelected() const override { return m_bSelected; }
+    void setVisible(bool bVisible) override { m_bVisible = bVisible; }
+    bool isVisible() const override { return m_bVisible; }
     void setDimension(int nDimension) override { m_nDimension = nDimension; }
 
+    QString m_sName; // null: the item's id
     QVector<ISelectable*> m_children;
     QVector<ISelectable*> m_parents;
     int m_nDimension = 0;
@@ -132,6 +135,7 @@ private:
     qint64 m_nItemId;
     bool m_bHover = false;
     bool m_bSelected = false;
+    bool m_bVisible = true;
 };
 
 /** Makes CTestSelectables while it lives. */
