@@ -3,6 +3,7 @@
 #include <QString>
 
 class ISimulation;
+class IViewer;
 
 /**
  * What the rest of the program asks of the main window, reached through CWidgetManager. The window
@@ -22,6 +23,9 @@ public:
     virtual void RefreshDocks(qint64 nViewId, bool bForce, bool bAll) = 0;
     /** Repaints the active view. */
     virtual void UpdateActiveViewer(qint64 nFlags) = 0;
+    /** A view by its place in the order in which the views were made, from 0; null out of range. */
+    virtual IViewer* GetViewer(qint64 nIndex) const = 0;
+    virtual IViewer* GetViewerById(qint64 nViewId) const = 0;
     virtual void SetStatusText(const QString& sText) = 0;
     /** Shows the terminal with the run of the active simulation. */
     virtual void RunInTerminal() = 0;

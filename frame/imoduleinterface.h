@@ -7,8 +7,8 @@
 #include <QVector>
 
 class CDockWidget;
-class CMainWindow;
 class CPreferences;
+class IMainMenus;
 class QAction;
 class QApplication;
 class QMenu;
@@ -44,7 +44,7 @@ public:
     virtual void ShowModuleWidgets(qint64 nViewId) = 0;
     virtual void OnViewChanged() = 0;
     /** Makes actions, menus and toolbars and adds the menus; a second call makes nothing twice. */
-    virtual void AddMainMenus(CMainWindow* pWindow) = 0;
+    virtual void AddMainMenus(IMainMenus& menus) = 0;
     virtual bool CanCreateSimulationFromFile() const = 0;
 
     /** A page for the preferences dialog, owned by pParent; null for none. */

@@ -67,6 +67,18 @@ void CWidgetManager::UpdateActiveViewer(qint64 nFlags)
         pWindow->UpdateActiveViewer(nFlags);
 }
 
+IViewer* CWidgetManager::GetViewer(qint64 nIndex) const
+{
+    const IMainWindow* const pWindow = MainWindow();
+    return pWindow ? pWindow->GetViewer(nIndex) : nullptr;
+}
+
+IViewer* CWidgetManager::GetViewerById(qint64 nViewId) const
+{
+    const IMainWindow* const pWindow = MainWindow();
+    return pWindow ? pWindow->GetViewerById(nViewId) : nullptr;
+}
+
 void CWidgetManager::SetStatusText(const QString& sText)
 {
     if (IMainWindow* const pWindow = MainWindow())

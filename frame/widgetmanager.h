@@ -40,6 +40,8 @@ public:
     void UpdateActions();
     void RefreshDocks(qint64 nViewId, bool bForce = false, bool bAll = false);
     void UpdateActiveViewer(qint64 nFlags = 0);
+    IViewer* GetViewer(qint64 nIndex) const;
+    IViewer* GetViewerById(qint64 nViewId) const;
     void SetStatusText(const QString& sText);
     void RunInTerminal();
     void CloseAll();

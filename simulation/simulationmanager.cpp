@@ -94,10 +94,11 @@ void CSimulationManager::AddSimulationToView(qint64 nSimulationId, qint64 nViewI
     StartAtFirstLevel(pair);
     pView->pairs.insert(pView->pairs.begin() + (nIndex < 0 || nIndex > nCount ? nCount : nIndex), pair);
     ++pRow->nUseCount;
-    if (!m_pPanels)
-        return;
-    CItemPanel* const pPanel = m_pPanels->Create(nViewId, nSimulationId);
-    FindPair(nViewId, nSimulationId)->pPanel = pPanel;
+    if (m_pPanels) {
+        CItemPanel* const pPanel = m_pPanels->Create(nViewId, nSimulationId);
+        FindPair(nViewId, nSimulationId)->pPanel = pPanel;
+    }
+    emit SignalViewSimulationsChanged(nViewId);
 }
 
 void CSimulationManager::RemoveSimulationFromView(qint64 nSimulationId, qint64 nViewId)
@@ -119,6 +120,7 @@ void CSimulationManager::RemoveSimulationFromView(qint64 nSimulationId, qint64 n
         pView->nActiveId = -1;
     if (bLast)
         DeleteRow(nSimulationId);
+    emit SignalViewSimulationsChanged(nViewId);
 }
 
 /** The simulation leaves its last view: its items know, and it is saved if it wants that. */
@@ -208,8 +210,12 @@ qint64 CSimulationManager::GetUseCount(qint64 nSimulationId) const
 void CSimulationManager::SetActiveSimulation(qint64 nViewId, qint64 nSimulationId)
 {
     SViewRow* const pView = FindView(nViewId);
-    if (pView && (nSimulationId == -1 || FindPair(nViewId, nSimulationId)))
-        pView->nActiveId = nSimulationId;
+    if (!pView || pView->nActiveId == nSimulationId)
+        return;
+    if (nSimulationId != -1 && !FindPair(nViewId, nSimulationId))
+        return;
+    pView->nActiveId = nSimulationId;
+    emit SignalViewSimulationsChanged(nViewId);
 }
 
 ISimulation* CSimulationManager::FindSimulationByData(const QByteArray& key) const

@@ -78,8 +78,9 @@ public:
     /** The transforms that the pair is drawn with, identity first; empty for an unknown pair. */
     QVector<STransform> GetDisplayTransforms(qint64 nViewId, qint64 nSimulationId) const;
     CItemPanel* GetItemPanel(qint64 nViewId, qint64 nSimulationId) const;
-    /** Who makes panels from now on (not owned, may be null). */
-    void SetItemPanels(IItemPanels* pPanels) { m_pPanels = pPanels; }
+    /** Who makes panels from now on (not owned, may be null). Panels that stand are forgotten, not deleted.
+     */
+    void SetItemPanels(IItemPanels* pPanels);
 
     // Processes (simulationmanager_processes.cpp).
     CProcess* GetProcess(qint64 nSimulationId) const;
@@ -98,10 +99,15 @@ public:
      */
     bool CloseSimulations(qint64 nSimulationId); ///< -1 for all
     bool CloseSimulations(const QVector<qint64>& simulationIds);
+    /** The same for one simulation that leaves one view; where it stays in another, nothing is at stake but
+     * its display in this one. */
+    bool CloseInView(qint64 nSimulationId, qint64 nViewId);
     /** Copies the display files that closing has written to the names chosen, and reports failures. */
     void CopyDisplayFiles();
 
 signals:
+    /** Which simulations the view holds, or which of them is on top. */
+    void SignalViewSimulationsChanged(qlonglong nViewId);
     void SignalSimulationTimeChanged(qlonglong nViewId, qlonglong nSimulationId);
     void SignalSimulationNameChanged(qlonglong nSimulationId);
     void SignalSimulationTransientChanged(qlonglong nSimulationId);

@@ -63,6 +63,19 @@ bool CSimulationManager::CloseSimulations(const QVector<qint64>& simulationIds)
     return true;
 }
 
+bool CSimulationManager::CloseInView(qint64 nSimulationId, qint64 nViewId)
+{
+    if (!FindPair(nViewId, nSimulationId))
+        return false;
+    if (GetUseCount(nSimulationId) == 1)
+        return CloseSimulations(nSimulationId);
+    QVector<SDisplayCopy> copies;
+    if (!AskDisplayFile(nSimulationId, copies))
+        return false;
+    m_displayCopies = copies;
+    return true;
+}
+
 /** False if the user cancelled. */
 bool CSimulationManager::AskDisplayFile(qint64 nSimulationId, QVector<SDisplayCopy>& copies) const
 {

@@ -107,6 +107,14 @@ CItemPanel* CSimulationManager::GetItemPanel(qint64 nViewId, qint64 nSimulationI
     return pPair ? pPair->pPanel : nullptr;
 }
 
+void CSimulationManager::SetItemPanels(IItemPanels* pPanels)
+{
+    for (SViewRow& view : m_views)
+        for (SPairRow& pair : view.pairs)
+            pair.pPanel = nullptr;
+    m_pPanels = pPanels;
+}
+
 void CSimulationManager::SlotItemPanelDeleted(qlonglong nViewId, qlonglong nSimulationId)
 {
     if (SPairRow* const pPair = FindPair(nViewId, nSimulationId))

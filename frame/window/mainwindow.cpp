@@ -1,55 +1,150 @@
 #include "frame/window/mainwindow.h"
 
 #include "frame/applicationinfo.h"
-#include "frame/bytestream.h"
 #include "frame/moduleregistry.h"
 #include "frame/preferencekeys.h"
 #include "frame/preferences.h"
 #include "frame/ui/fontincrement.h"
-#include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
+#include "frame/window/docklogic.h"
+#include "frame/window/editcommands.h"
+#include "frame/window/filecommands.h"
+#include "frame/window/helpcommands.h"
+#include "frame/window/mirrortoolbar.h"
+#include "frame/window/selectioncommands.h"
+#include "frame/window/simulationtabs.h"
+#include "frame/window/startuptimings.h"
 #include "frame/window/stylesheets.h"
+#include "frame/window/viewarea.h"
+#include "frame/window/viewcommands.h"
+#include "frame/window/windowactions.h"
+#include "frame/window/windowmenus.h"
+#include "frame/window/windowtoolbars.h"
+#include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"
+#include "simulation/panel/itempanel.h"
+#include "simulation/panel/itempanels.h"
 #include "simulation/simulationmanager.h"
+#include "ui_mainwindow.h"
 
 #include <QCloseEvent>
-#include <QFile>
-#include <QMenuBar>
-#include <QStatusBar>
+#include <QMimeData>
 
 namespace {
-constexpr qint64 FIRST_VIEW = 1;
+
+/** Calls the function with each module, in the order of their ids. */
+template <class Function> void ForEachModule(const Function& function)
+{
+    for (qint32 nId = 0; nId <= CModuleRegistry::HIGHEST_ID; ++nId)
+        if (IModuleInterface* const pModule = CModuleRegistry::Instance().FindById(nId))
+            function(*pModule);
 }
 
-// The order counts: preferences before modules, modules before fonts and layout, the theme last.
-CMainWindow::CMainWindow() : m_styleSheets(LoadStyleSheets(styleSheet()))
+QStringList LocalFiles(const QMimeData* pData)
 {
-    setObjectName("CMainWindow");
-    setCentralWidget(new QWidget(this));
-    statusBar();
+    QStringList sFileList;
+    for (const QUrl& url : pData->urls())
+        if (url.isLocalFile())
+            sFileList.append(url.toLocalFile());
+    return sFileList;
+}
+
+} // namespace
+
+// The order counts: preferences before modules, modules before actions, fonts and layout, the theme last.
+CMainWindow::CMainWindow() : m_pUi(new Ui::CMainWindow)
+{
+    m_pUi->setupUi(this);
+    StartupTimings::Note("widget tree");
+    m_styleSheets = LoadStyleSheets(styleSheet());
     CPreferences::Instance().Load(ApplicationInfo::ORGANISATION, ApplicationInfo::NAME);
+    m_pItemPanels = std::make_unique<CItemPanels>();
+    CSimulationManager::Instance().SetItemPanels(m_pItemPanels.get());
     CreateModules();
+    StartupTimings::Note("preferences, modules");
+    BuildViewArea();
+    BuildActions();
+    BuildToolBars();
+    StartupTimings::Note("actions, toolbars");
+    m_pDocks = std::make_unique<CDockLogic>(*this);
     ApplyFontIncrement(this);
     CWidgetManager::Instance().Register(this, CWidgetManager::MAIN_WINDOW);
     m_defaultLayout = TakeLayout(*this);
     setWindowTitle(QString("%1 %2").arg(ApplicationInfo::NAME, ApplicationInfo::VERSION));
     m_bWasMaximised = RestoreWindow(*this, m_defaultLayout);
-    connect(&CSimulationManager::Instance(), &CSimulationManager::SignalSimulationNameChanged, this,
+    CSimulationManager& manager = CSimulationManager::Instance();
+    connect(&manager, &CSimulationManager::SignalSimulationNameChanged, this,
             &CMainWindow::SlotSimulationNameChanged);
-    UpdateActions();
+    connect(&manager, &CSimulationManager::SignalViewSimulationsChanged, this, [this](qlonglong nViewId) {
+        if (nViewId == GetActiveViewId())
+            SlotActiveSimulationChanged();
+    });
+    connect(&CSelectableManager::Instance(), &CSelectableManager::SignalSelectionChanged, this,
+            &CMainWindow::UpdateActions);
+    SlotActiveSimulationChanged();
+    StartupTimings::Note("fonts, layout");
     ApplyTheme();
+    StartupTimings::Note("theme");
 }
 
-CMainWindow::~CMainWindow() { CWidgetManager::Instance().Unregister(this); }
+CMainWindow::~CMainWindow()
+{
+    CSimulationManager::Instance().disconnect(this);
+    CSelectableManager::Instance().disconnect(this);
+    CSimulationManager::Instance().SetItemPanels(nullptr);
+    CWidgetManager::Instance().Unregister(this);
+}
 
 void CMainWindow::CreateModules()
 {
     CModuleRegistry& registry = CModuleRegistry::Instance();
     registry.CreateModules();
-    for (qint32 nId = 0; nId <= CModuleRegistry::HIGHEST_ID; ++nId)
-        if (IModuleInterface* const pModule = registry.FindById(nId))
-            pModule->AddMainMenus(this);
+    ForEachModule([this](IModuleInterface& module) { module.AddMainMenus(*this); });
     registry.InitializeAll();
+}
+
+void CMainWindow::BuildViewArea()
+{
+    m_pViewArea = new CViewArea;
+    m_pUi->m_pGridLayout->addWidget(m_pViewArea);
+    m_pViewCommands = std::make_unique<CViewCommands>(*m_pViewArea);
+    m_pTabs = std::make_unique<CSimulationTabs>(m_pUi->m_pSimulationTabList);
+    connect(m_pViewArea, &CViewArea::SignalActiveViewChanged, this,
+            &CMainWindow::SlotActiveSimulationChanged);
+    connect(m_pViewArea, &CViewArea::SignalPopupMenu, this, &CMainWindow::SlotPopupMenu);
+}
+
+void CMainWindow::BuildActions()
+{
+    m_pActions = new CWindowActions(this);
+    m_pFileCommands = std::make_unique<CFileCommands>(*m_pActions, m_pUi->m_pNewSimulationMenu,
+                                                      m_pUi->m_pAnalyzeMenu, m_pUi->m_pRecentFilesMenu);
+    m_pEditCommands = std::make_unique<CEditCommands>(*m_pActions);
+    m_pSelectionCommands = std::make_unique<CSelectionCommands>(*m_pActions);
+    m_pHelpCommands = std::make_unique<CHelpCommands>(*m_pActions);
+    m_pActions->Bind(ActionPreferences, this, &CMainWindow::SlotPreferences);
+    m_pActions->Bind(ActionExit, this, &CMainWindow::SlotExit);
+    m_pActions->Bind(ActionDefaultView, this, &CMainWindow::SlotDefaultView);
+    FillMenus(*m_pUi, *m_pActions);
+}
+
+void CMainWindow::BuildToolBars()
+{
+    m_pToolBars = new CWindowToolBars(this, *m_pActions);
+    m_pUi->m_pToolbarsMenu->addAction(m_pUi->m_pSimulationItemPanel->toggleViewAction());
+    m_pUi->m_pToolbarsMenu->addSeparator();
+    CWindowToolBars::ListInMenu(m_pToolBars->GetToolBars(), m_pUi->m_pToolbarsMenu);
+    connect(m_pToolBars->GetMirrorToolBar(), &CMirrorToolBar::SignalChanged, this, [this] {
+        RefreshDocks(GetActiveViewId(), false, false);
+        UpdateActiveViewer(0);
+    });
+    ForEachModule([this](const IModuleInterface& module) {
+        const QVector<QToolBar*> toolBars = module.GetToolBars();
+        const QVector<qint32> areas = module.GetToolBarAreas();
+        for (int n = 0; n < toolBars.size(); ++n)
+            addToolBar(static_cast<Qt::ToolBarArea>(areas.value(n, Qt::TopToolBarArea)), toolBars[n]);
+        CWindowToolBars::ListInMenu(toolBars, m_pUi->m_pToolbarsMenu);
+    });
 }
 
 void CMainWindow::ApplyTheme()
@@ -70,7 +165,7 @@ void CMainWindow::ShowAsStored()
     setWindowState(windowState() | Qt::WindowMaximized);
 }
 
-qint64 CMainWindow::GetActiveViewId() const { return FIRST_VIEW; }
+qint64 CMainWindow::GetActiveViewId() const { return m_pViewArea->GetActiveViewId(); }
 
 ISimulation* CMainWindow::GetActiveSimulation(qint64 nViewId) const
 {
@@ -79,43 +174,136 @@ ISimulation* CMainWindow::GetActiveSimulation(qint64 nViewId) const
 
 void CMainWindow::UpdateActions()
 {
-    const ISimulation* const pSimulation = GetActiveSimulation(GetActiveViewId());
-    for (qint32 nId = 0; nId <= CModuleRegistry::HIGHEST_ID; ++nId)
-        if (IModuleInterface* const pModule = CModuleRegistry::Instance().FindById(nId))
-            pModule->UpdateActions(GetActiveViewId(), pSimulation ? pSimulation->GetId() : -1);
+    const SActionState state = TakeActionState(GetActiveViewId());
+    m_pActions->Update(state);
+    const qint64 nSimulationId = state.pSimulation ? state.pSimulation->GetId() : -1;
+    ForEachModule([&](IModuleInterface& module) { module.UpdateActions(state.nViewId, nSimulationId); });
 }
 
 void CMainWindow::RefreshDocks(qint64, bool, bool) { emit SignalRefreshDockWidgets(); }
-void CMainWindow::UpdateActiveViewer(qint64) { centralWidget()->update(); }
-void CMainWindow::SetStatusText(const QString& sText) { statusBar()->showMessage(sText); }
-void CMainWindow::RunInTerminal() {}
+
+void CMainWindow::UpdateActiveViewer(qint64)
+{
+    if (IViewer* const pViewer = GetViewerById(GetActiveViewId()))
+        pViewer->Refresh();
+}
+
+IViewer* CMainWindow::GetViewer(qint64 nIndex) const
+{
+    return m_pViewArea->GetViewer(m_pViewArea->GetViewIds().value(static_cast<int>(nIndex), -1));
+}
+
+IViewer* CMainWindow::GetViewerById(qint64 nViewId) const { return m_pViewArea->GetViewer(nViewId); }
+void CMainWindow::SetStatusText(const QString& sText) { m_pUi->m_pStatusBar->showMessage(sText); }
 void CMainWindow::CloseAll() { close(); }
-void CMainWindow::BlockUpdates(qint64, bool bBlock) { centralWidget()->setUpdatesEnabled(!bBlock); }
+
+void CMainWindow::BlockUpdates(qint64 nSimulationId, bool bBlock)
+{
+    for (const qint64 nViewId : CSimulationManager::Instance().GetViewIds(nSimulationId))
+        if (IViewer* const pViewer = GetViewerById(nViewId))
+            pViewer->GetWidget()->setUpdatesEnabled(!bBlock);
+}
+
+void CMainWindow::AddMenu(QMenu* pMenu)
+{
+    m_pUi->menubar->insertMenu(m_pUi->m_pHelpMenu->menuAction(), pMenu);
+}
+
+QMenu* CMainWindow::GetImportMenu() { return m_pUi->m_pImportMenu; }
+QMenu* CMainWindow::GetExportMenu() { return m_pUi->m_pExportMenu; }
 
 void CMainWindow::SlotOpenSimulation(const QString& sFileName)
 {
-    QFile file(sFileName);
-    if (!file.open(QIODevice::ReadOnly)) {
-        UserPrompt::Tell(PromptCritical, "Open Simulation", "Failed to open the selected file");
-        return;
-    }
-    constexpr qint64 LONGEST_NAME = 256; // the module's name is all that is read here [bytes]
-    const QByteArray head = file.read(LONGEST_NAME);
-    file.close();
-    CByteReader reader(head);
-    QString sModule;
-    if (!reader.Read(sModule))
-        return;
-    for (qint32 nId = 0; nId <= CModuleRegistry::HIGHEST_ID; ++nId) {
-        IModuleInterface* const pModule = CModuleRegistry::Instance().FindById(nId);
-        if (!pModule || !pModule->CanOpen() || pModule->GetName() != sModule)
-            continue;
-        pModule->Open(sFileName, -1);
-        return;
-    }
+    m_pFileCommands->SlotOpenSimulation(sFileName);
 }
 
-void CMainWindow::SlotSimulationNameChanged(qlonglong) { UpdateActions(); }
+void CMainWindow::SlotActiveSimulationChanged()
+{
+    const qint64 nViewId = GetActiveViewId();
+    m_pTabs->Fill(nViewId);
+    ForEachModule([nViewId](IModuleInterface& module) {
+        module.HideModuleWidgets();
+        module.ShowModuleWidgets(nViewId);
+    });
+    ShowItemPanel();
+    m_pToolBars->ShowActiveSimulation();
+    emit SignalActiveSimulationChanged();
+    emit SignalRefreshDockWidgets();
+    UpdateActions();
+}
+
+void CMainWindow::ShowItemPanel()
+{
+    const ISimulation* const pSimulation = GetActiveSimulation(GetActiveViewId());
+    CItemPanel* const pPanel =
+        pSimulation ? CSimulationManager::Instance().GetItemPanel(GetActiveViewId(), pSimulation->GetId())
+                    : nullptr;
+    QStackedWidget* const pStack = m_pUi->m_pPanelStack;
+    if (!pPanel) {
+        pStack->setCurrentWidget(m_pUi->m_pEmptyItemPanel);
+        return;
+    }
+    if (pStack->indexOf(pPanel) < 0) {
+        pStack->addWidget(pPanel);
+        ApplyFontIncrement(pPanel);
+        connect(pPanel, &CItemPanel::SignalPopupMenu, this, &CMainWindow::SlotPopupMenu);
+    }
+    pStack->setCurrentWidget(pPanel);
+}
+
+void CMainWindow::SlotSimulationNameChanged(qlonglong)
+{
+    m_pTabs->Fill(GetActiveViewId());
+    UpdateActions();
+}
+
+void CMainWindow::SlotPreferences() {}
+
+void CMainWindow::SlotUpdatePreferences()
+{
+    ApplyTheme();
+    ApplyFontIncrement(this);
+    m_pViewArea->SetHandleWidth(
+        static_cast<int>(Get(CPreferences::Instance(), PreferenceKey::SPLITTER_WIDTH)));
+    m_pViewArea->RefreshAll();
+}
+
+void CMainWindow::SlotDefaultView() { ApplyLayout(*this, m_defaultLayout); }
+void CMainWindow::SlotExit() { close(); }
+
+void CMainWindow::SlotPopupMenu()
+{
+    const ISimulation* const pSimulation = GetActiveSimulation(GetActiveViewId());
+    IModuleInterface* const pModule =
+        pSimulation ? CModuleRegistry::Instance().FindById(pSimulation->GetModuleId()) : nullptr;
+    if (!pModule)
+        return;
+    QMenu menu;
+    pModule->FillPopupMenu(&menu, GetActiveViewId());
+    if (!menu.isEmpty())
+        menu.exec(QCursor::pos());
+}
+
+void CMainWindow::on_m_pSimulationTabList_currentChanged(int nIndex)
+{
+    if (m_pTabs) // not while the window is built
+        m_pTabs->Choose(nIndex);
+}
+
+void CMainWindow::on_m_pSimulationTabList_tabCloseRequested(int nIndex) { m_pTabs->Close(nIndex); }
+
+void CMainWindow::dragEnterEvent(QDragEnterEvent* pEvent)
+{
+    if (!LocalFiles(pEvent->mimeData()).isEmpty())
+        pEvent->acceptProposedAction();
+}
+
+void CMainWindow::dropEvent(QDropEvent* pEvent)
+{
+    pEvent->acceptProposedAction();
+    for (const QString& sFile : LocalFiles(pEvent->mimeData()))
+        SlotOpenSimulation(sFile);
+}
 
 void CMainWindow::closeEvent(QCloseEvent* pEvent)
 {

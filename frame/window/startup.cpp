@@ -8,6 +8,7 @@
 #include "frame/ui/progressdialog.h"
 #include "frame/window/commandline.h"
 #include "frame/window/mainwindow.h"
+#include "frame/window/startuptimings.h"
 #include "simulation/simulationcases.h"
 
 #include <QApplication>
@@ -53,7 +54,9 @@ int RunInteractive(const QString& sFileName)
 {
     const CUserScope user;
     CMainWindow window;
+    StartupTimings::PrintAfterFirstPaint(&window);
     window.ShowAsStored();
+    StartupTimings::Note("shown");
     if (!sFileName.isEmpty())
         window.SlotOpenSimulation(sFileName);
     return QApplication::exec();
@@ -93,6 +96,7 @@ int Run(const SCommandLine& commandLine, QApplication& application, int argc, ch
 
 int RunApplication(int argc, char** argv)
 {
+    StartupTimings::Note("main");
     QStringList sArgumentList;
     for (int n = 0; n < argc; ++n)
         sArgumentList.append(QString::fromLocal8Bit(argv[n]));
@@ -107,6 +111,7 @@ int RunApplication(int argc, char** argv)
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QSurfaceFormat::setDefaultFormat(DefaultSurfaceFormat());
     QApplication application(argc, argv);
+    StartupTimings::Note("application");
     // Fixes the size that the platform reports, so that a later change of the desktop's font leaves it.
     QFont font = QApplication::font();
     font.setPointSize(font.pointSize());

@@ -44,6 +44,8 @@ public:
     void UpdateActions() override { ++m_nActionUpdates; }
     void RefreshDocks(qint64 nViewId, bool, bool) override { m_refreshed.append(nViewId); }
     void UpdateActiveViewer(qint64) override {}
+    IViewer* GetViewer(qint64) const override { return nullptr; }
+    IViewer* GetViewerById(qint64) const override { return nullptr; }
     void SetStatusText(const QString&) override {}
     void RunInTerminal() override {}
     void CloseAll() override {}

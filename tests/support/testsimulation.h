@@ -1,6 +1,7 @@
 #pragma once
 
 #include "scene/iselectable.h"
+#include "scene/selectablemanager.h"
 #include "simulation/iselectablefactory.h"
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
@@ -80,11 +81,19 @@ public:
     bool IsSameDataFile(const QByteArray& key) const override { return !key.isEmpty() && key == m_dataKey; }
     void SelectAdjacent(qint64) override {}
     void ActivateSelection(qint64) override {}
-    void DeleteSelection(qint64) override {}
+    /** Deletes the items whose selectables are selected in the view. */
+    void DeleteSelection(qint64 nViewId) override
+    {
+        for (const ISelectable* const p : CSelectableManager::Instance().GetSelected(nViewId, GetId()))
+            DeleteItem(p->itemId());
+    }
     void DuplicateSelection(qint64) override {}
     void TransformSelection(const QVector<qint64>&, const STransform&, bool) override {}
     bool CanActivateSelection(qint64) const override { return false; }
-    bool CanDelete(qint64) const override { return false; }
+    bool CanDelete(qint64 nViewId) const override
+    {
+        return !CSelectableManager::Instance().GetSelected(nViewId, GetId()).isEmpty();
+    }
     bool CanDuplicate(qint64) const override { return false; }
     bool CanTransform(qint64) const override { return false; }
 

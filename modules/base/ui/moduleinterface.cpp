@@ -21,8 +21,11 @@ void CModuleInterface::SetAllVisible(bool bVisible)
 {
     for (QMenu* const pMenu : std::as_const(m_menus))
         pMenu->menuAction()->setVisible(bVisible);
-    for (QToolBar* const pToolBar : std::as_const(m_toolBars))
-        pToolBar->setVisible(bVisible);
+    for (QToolBar* const pToolBar : std::as_const(m_toolBars)) {
+        const QVariant wanted = pToolBar->property(TOOLBAR_WANTED);
+        pToolBar->toggleViewAction()->setVisible(bVisible);
+        pToolBar->setVisible(bVisible && (!wanted.isValid() || wanted.toBool()));
+    }
     for (QAction* const pAction : std::as_const(m_actions))
         pAction->setVisible(bVisible);
     for (CDockWidget* const pDock : std::as_const(m_docks))

@@ -12,6 +12,9 @@ class QObject;
 class CModuleInterface : public IModuleInterface
 {
 public:
+    /** Property of a toolbar: false once the user has hidden it, so that it stays hidden. */
+    static constexpr const char* TOOLBAR_WANTED = "zentoWanted";
+
     CModuleInterface(qint32 nId, const QString& sName) : m_nId(nId), m_sName(sName) {}
     CModuleInterface(const CModuleInterface&) = delete;
     CModuleInterface& operator=(const CModuleInterface&) = delete;
@@ -23,7 +26,7 @@ public:
     QString GetName() const override { return m_sName; }
     void HideModuleWidgets() override;
     void OnViewChanged() override {}
-    void AddMainMenus(CMainWindow*) override {}
+    void AddMainMenus(IMainMenus&) override {}
     bool CanCreateSimulationFromFile() const override { return false; }
     QWidget* CreatePreferencesWidget(QWidget*) override { return nullptr; }
     bool ValidatePreferences(QWidget*) override { return true; }

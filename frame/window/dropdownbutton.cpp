@@ -1,0 +1,39 @@
+#include "frame/window/dropdownbutton.h"
+
+#include <QAction>
+#include <QMenu>
+
+CDropDownButton::CDropDownButton(const QString& sText, const QString& sToolTip, const QIcon& icon,
+                                 const QVector<QAction*>& actions, QWidget* pParent)
+    : QToolButton(pParent), m_icon(icon)
+{
+    auto* const pMenu = new QMenu(this);
+    for (QAction* const pAction : actions) {
+        pMenu->addAction(pAction);
+        connect(pAction, &QAction::changed, this, &CDropDownButton::ShowEnabled);
+    }
+    setText(sText);
+    setToolTip(sToolTip);
+    setAccessibleName(sText);
+    setPopupMode(MenuButtonPopup);
+    setFocusPolicy(Qt::TabFocus);
+    setMenu(pMenu);
+    connect(pMenu, &QMenu::triggered, this, &CDropDownButton::SlotInitializeToolButton);
+    // Not setDefaultAction: an action that can't be used would take the arrow to the others with it.
+    connect(this, &QToolButton::clicked, this, [this] { m_pLast->trigger(); });
+    SlotInitializeToolButton(actions.first());
+    ShowEnabled();
+}
+
+void CDropDownButton::SlotInitializeToolButton(QAction* pAction)
+{
+    m_pLast = pAction;
+    setIcon(pAction->icon().isNull() ? m_icon : pAction->icon());
+    setToolButtonStyle(icon().isNull() ? Qt::ToolButtonTextOnly : Qt::ToolButtonIconOnly);
+}
+
+void CDropDownButton::ShowEnabled()
+{
+    const QList<QAction*> actions = menu()->actions();
+    setEnabled(std::any_of(actions.begin(), actions.end(), [](QAction* p) { return p->isEnabled(); }));
+}

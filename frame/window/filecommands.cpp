@@ -1,0 +1,124 @@
+#include "frame/window/filecommands.h"
+
+#include "frame/bytestream.h"
+#include "frame/messagesink.h"
+#include "frame/moduleregistry.h"
+#include "frame/userprompt.h"
+#include "frame/widgetmanager.h"
+#include "frame/window/windowactions.h"
+#include "simulation/simulationmanager.h"
+
+#include <QDir>
+#include <QFile>
+#include <QMenu>
+
+namespace {
+
+constexpr const char* OPEN_TITLE = "Open Simulation";
+
+/** The first field of a simulation file, its module's name; empty if there is none. */
+QString ReadModuleName(QFile& file)
+{
+    constexpr qint64 LONGEST_NAME = 256; // [bytes]
+    const QByteArray head = file.read(LONGEST_NAME);
+    CByteReader reader(head);
+    QString sModule;
+    return reader.Read(sModule) ? sModule : QString();
+}
+
+IModuleInterface* FindOpeningModule(const QString& sName)
+{
+    for (qint32 nId = 0; nId <= CModuleRegistry::HIGHEST_ID; ++nId) {
+        IModuleInterface* const pModule = CModuleRegistry::Instance().FindById(nId);
+        if (pModule && pModule->CanOpen() && pModule->GetName() == sName)
+            return pModule;
+    }
+    return nullptr;
+}
+
+void TellUnknown(const QString& sFileName)
+{
+    const QString sText = QString("%1 is not a file of any kind of case known here").arg(sFileName);
+    CMessageSink::Instance().Log(sText);
+    CWidgetManager::Instance().SetStatusText(sText);
+}
+
+void ShowInActiveView(qint64 nSimulationId)
+{
+    if (nSimulationId == -1)
+        return;
+    const qint64 nViewId = CWidgetManager::Instance().GetActiveViewId();
+    CSimulationManager::Instance().SetActiveSimulation(nViewId, nSimulationId);
+    CWidgetManager::Instance().RefreshDocks(nViewId);
+    CWidgetManager::Instance().UpdateActiveViewer();
+}
+
+IModuleInterface* ModuleOf(const QAction* pAction)
+{
+    return CModuleRegistry::Instance().FindById(pAction->data().toLongLong());
+}
+
+} // namespace
+
+CFileCommands::CFileCommands(CWindowActions& actions, QMenu* pNewMenu, QMenu* pAnalyzeMenu,
+                             QMenu* pRecentMenu)
+    : m_recentFiles(pRecentMenu, actions)
+{
+    FillModuleMenu(pNewMenu, &IModuleInterface::CanCreateNew);
+    FillModuleMenu(pAnalyzeMenu, &IModuleInterface::CanAnalyze);
+    actions.BindWithoutSlot(ActionNewSimulation);
+    actions.BindWithoutSlot(ActionAnalyze);
+    connect(pNewMenu, &QMenu::triggered, this, &CFileCommands::SlotNewSimulation);
+    connect(pAnalyzeMenu, &QMenu::triggered, this, &CFileCommands::SlotAnalyzeSimulation);
+    actions.Bind(ActionOpen, this, [this] { SlotOpenSimulation({}); });
+    connect(&m_recentFiles, &CRecentFiles::SignalOpen, this, &CFileCommands::SlotOpenSimulation);
+}
+
+void CFileCommands::FillModuleMenu(QMenu* pMenu, bool (IModuleInterface::*can)() const)
+{
+    for (qint32 nId = 0; nId <= CModuleRegistry::HIGHEST_ID; ++nId) {
+        const IModuleInterface* const pModule = CModuleRegistry::Instance().FindById(nId);
+        if (pModule && (pModule->*can)())
+            pMenu->addAction(pModule->GetName())->setData(nId);
+    }
+}
+
+void CFileCommands::SlotNewSimulation(QAction* pAction)
+{
+    if (IModuleInterface* const pModule = ModuleOf(pAction))
+        ShowInActiveView(pModule->CreateNew());
+}
+
+void CFileCommands::SlotAnalyzeSimulation(QAction* pAction)
+{
+    if (IModuleInterface* const pModule = ModuleOf(pAction))
+        ShowInActiveView(pModule->Analyze(-1));
+}
+
+void CFileCommands::SlotOpenSimulation(const QString& sFileName)
+{
+    const QString sStart = m_sLastPath.isEmpty() ? QDir::currentPath() : m_sLastPath;
+    const QString sFile =
+        sFileName.isEmpty()
+            ? UserPrompt::AskFile({OPEN_TITLE, sStart, "Simulation File (*.zento);; All Files (*)"})
+            : sFileName;
+    if (sFile.isEmpty())
+        return;
+    m_sLastPath = sFile;
+    QFile file(sFile);
+    if (!file.open(QIODevice::ReadOnly)) {
+        UserPrompt::Tell(PromptCritical, OPEN_TITLE, "Failed to open the selected file");
+        return;
+    }
+    IModuleInterface* const pModule = FindOpeningModule(ReadModuleName(file));
+    file.close();
+    if (!pModule) {
+        TellUnknown(sFile);
+        return;
+    }
+    const qint64 nSimulationId = pModule->Open(sFile, -1);
+    if (nSimulationId == -1)
+        return;
+    ShowInActiveView(nSimulationId);
+    m_recentFiles.Add(sFile);
+}

@@ -1,0 +1,129 @@
+#include "frame/window/selectioncommands.h"
+
+#include "frame/applicationinfo.h"
+#include "frame/preferencekeys.h"
+#include "frame/preferences.h"
+#include "frame/ui/waitcursor.h"
+#include "frame/userprompt.h"
+#include "frame/widgetmanager.h"
+#include "frame/window/windowactions.h"
+#include "scene/iselectable.h"
+#include "scene/selectablemanager.h"
+#include "simulation/isimulation.h"
+#include "simulation/item.h"
+
+#include <QtMath>
+
+namespace {
+
+/** The case on top of the active view, and the view. */
+struct SActivePair
+{
+    ISimulation* pSimulation = CWidgetManager::Instance().GetActiveSimulation();
+    qint64 nViewId = CWidgetManager::Instance().GetActiveViewId();
+
+    QVector<ISelectable*> GetSelectables() const
+    {
+        return pSimulation ? CSelectableManager::Instance().GetSelectables(nViewId, pSimulation->GetId())
+                           : QVector<ISelectable*>();
+    }
+};
+
+/** The selected ones; with bChildren also those of all items below theirs, each once. */
+QVector<ISelectable*> Subjects(const SActivePair& pair, bool bChildren)
+{
+    QSet<qint64> itemIds;
+    for (const ISelectable* const pSelectable : pair.GetSelectables()) {
+        if (!pSelectable->isSelected())
+            continue;
+        itemIds.insert(pSelectable->itemId());
+        const CItem* const pItem = bChildren ? pair.pSimulation->GetItem(pSelectable->itemId()) : nullptr;
+        if (!pItem)
+            continue;
+        for (const qint64 nId : pItem->GetChildIds(-1, true))
+            itemIds.insert(nId);
+    }
+    QVector<ISelectable*> subjects = pair.GetSelectables();
+    subjects.erase(std::remove_if(subjects.begin(), subjects.end(),
+                                  [&](const ISelectable* p) { return !itemIds.contains(p->itemId()); }),
+                   subjects.end());
+    return subjects;
+}
+
+} // namespace
+
+CSelectionCommands::CSelectionCommands(CWindowActions& actions) : m_actions(actions)
+{
+    actions.Bind(ActionSelectAll, this, &CSelectionCommands::SlotSelectAll);
+    actions.Bind(ActionDeselectAll, this, &CSelectionCommands::SlotDeselectAll);
+    actions.Bind(ActionToggleSelection, this, &CSelectionCommands::SlotToggleSelection);
+    actions.Bind(ActionSelectAdjacent, this, &CSelectionCommands::SlotSelectAdjacent);
+    actions.Bind(ActionAngleLimit, this, &CSelectionCommands::SlotAngleLimit);
+    actions.Bind(ActionShow, this, &CSelectionCommands::SlotShow);
+    actions.Bind(ActionHide, this, &CSelectionCommands::SlotHide);
+    actions.BindWithoutSlot(ActionApplyToChildren);
+}
+
+void CSelectionCommands::Select(bool (*select)(const ISelectable&))
+{
+    const SActivePair pair;
+    if (!pair.pSimulation)
+        return;
+    for (ISelectable* const pSelectable : pair.GetSelectables())
+        pSelectable->setSelected(select(*pSelectable));
+    CSelectableManager::Instance().NotifySelectionChanged(pair.nViewId, pair.pSimulation->GetId());
+}
+
+void CSelectionCommands::SlotSelectAll()
+{
+    Select([](const ISelectable&) { return true; });
+}
+
+void CSelectionCommands::SlotDeselectAll()
+{
+    Select([](const ISelectable&) { return false; });
+}
+
+void CSelectionCommands::SlotToggleSelection()
+{
+    Select([](const ISelectable& selectable) { return !selectable.isSelected(); });
+}
+
+void CSelectionCommands::SlotSelectAdjacent()
+{
+    const SActivePair pair;
+    if (!pair.pSimulation)
+        return;
+    const CWaitCursor wait;
+    pair.pSimulation->SelectAdjacent(pair.nViewId);
+}
+
+void CSelectionCommands::SlotAngleLimit()
+{
+    constexpr double LARGEST = 180.0;
+    CPreferences& preferences = CPreferences::Instance();
+    const double dDegrees = qRadiansToDegrees(Get(preferences, PreferenceKey::ANGLE_LIMIT));
+    const auto answer =
+        UserPrompt::AskNumber({"Angle Limit", "Angle limit [deg]:", dDegrees, 0.0, LARGEST, 3});
+    if (!answer)
+        return;
+    Set(preferences, PreferenceKey::ANGLE_LIMIT, qDegreesToRadians(*answer));
+    preferences.Save(ApplicationInfo::ORGANISATION, ApplicationInfo::NAME);
+}
+
+void CSelectionCommands::SetVisible(bool bVisible)
+{
+    const SActivePair pair;
+    if (!pair.pSimulation)
+        return;
+    pair.pSimulation->BeginUndoStep();
+    for (ISelectable* const pSelectable : Subjects(pair, m_actions.Get(ActionApplyToChildren)->isChecked())) {
+        pSelectable->setVisible(bVisible);
+        CSelectableManager::Instance().NotifyMaskChanged(pSelectable);
+    }
+    pair.pSimulation->EndUndoStep(false);
+    CWidgetManager::Instance().UpdateActiveViewer();
+}
+
+void CSelectionCommands::SlotShow() { SetVisible(true); }
+void CSelectionCommands::SlotHide() { SetVisible(false); }

@@ -1,0 +1,67 @@
+#include "frame/window/viewcommands.h"
+
+#include "frame/window/viewarea.h"
+#include "simulation/isimulation.h"
+#include "simulation/simulationmanager.h"
+
+namespace {
+
+constexpr double STATE_VERSION = 1.0; // of what this program writes
+
+void CopyDisplay(qint64 nSimulationId, qint64 nFromView, qint64 nToView)
+{
+    ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(nSimulationId);
+    pSimulation->LoadViewState(pSimulation->SaveViewState(nFromView), nToView, STATE_VERSION);
+}
+
+/** The simulations of the view that stand in no other one. */
+QVector<qint64> OnlyIn(qint64 nViewId)
+{
+    const CSimulationManager& manager = CSimulationManager::Instance();
+    QVector<qint64> ids;
+    for (const qint64 nId : manager.GetSimulationIds(nViewId))
+        if (manager.GetUseCount(nId) == 1)
+            ids.append(nId);
+    return ids;
+}
+
+} // namespace
+
+CViewCommands::CViewCommands(CViewArea& area) : m_area(area)
+{
+    connect(&area, &CViewArea::SignalSplit, this, &CViewCommands::SlotViewerSplit);
+    connect(&area, &CViewArea::SignalClose, this, &CViewCommands::SlotViewerClose);
+    connect(&area, &CViewArea::SignalExpand, this, &CViewCommands::SlotViewerExpand);
+}
+
+void CViewCommands::SlotViewerSplit(qlonglong nViewIndex, Qt::Orientation eOrientation, ViewSplit_e eSplit)
+{
+    CSimulationManager& manager = CSimulationManager::Instance();
+    const qint64 nNewId = m_area.Split(nViewIndex, eOrientation);
+    if (nNewId == -1)
+        return;
+    if (eSplit == SplitInstance || eSplit == SplitCopy) {
+        for (const qint64 nId : manager.GetSimulationIds(nViewIndex)) {
+            manager.AddSimulationToView(nId, nNewId);
+            CopyDisplay(nId, nViewIndex, nNewId);
+        }
+        if (const ISimulation* const pActive = manager.GetSimulationOfView(nViewIndex))
+            manager.SetActiveSimulation(nNewId, pActive->GetId());
+    }
+    m_area.SetActive(nNewId);
+}
+
+void CViewCommands::SlotViewerClose(qlonglong nViewIndex)
+{
+    CSimulationManager& manager = CSimulationManager::Instance();
+    if (!m_area.GetViewer(nViewIndex) || !manager.CloseSimulations(OnlyIn(nViewIndex)))
+        return;
+    manager.RemoveView(nViewIndex);
+    manager.CopyDisplayFiles();
+    m_area.Close(nViewIndex);
+}
+
+void CViewCommands::SlotViewerExpand(qlonglong nViewIndex, bool bExpand)
+{
+    m_area.SetExpanded(nViewIndex, bExpand);
+}

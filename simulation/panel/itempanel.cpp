@@ -1,0 +1,1 @@
+#include "simulation/panel/itempanels.h"

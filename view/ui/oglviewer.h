@@ -1,0 +1,80 @@
+#pragma once
+
+#include "view/camera.h"
+#include "view/cameraoperator.h"
+#include "view/iviewer.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class CViewCanvas;
+
+namespace Ui {
+class COglViewer;
+}
+
+/**
+ * A three-dimensional view: a head line (name, active marker, link, split, maximise, close) around the
+ * canvas in which the cases of the view are drawn. A view index in its signals is its id.
+ */
+class COglViewer : public QWidget, public IViewer
+{
+    Q_OBJECT
+
+public:
+    explicit COglViewer(qint64 nViewId, QWidget* pParent = nullptr);
+    ~COglViewer() override;
+
+    QWidget* GetWidget() override { return this; }
+    qint64 GetViewId() const override { return m_nViewId; }
+    void SetActive(bool bActive) override;
+    void SetExpanded(bool bExpanded) override;
+    void SetExpandable(bool bExpandable) override;
+    void Refresh() override;
+
+    /** What the head line calls the view. */
+    void SetName(const QString& sName);
+    /** Whether its camera follows and leads those of all other linked views. */
+    bool IsLinked() const;
+
+    const SCamera& GetCamera() const { return m_camera; }
+    void SetCamera(const SCamera& camera) { m_camera = camera; }
+
+signals:
+    void SignalSplit(qlonglong nViewIndex, Qt::Orientation eOrientation, ViewSplit_e eSplit, qlonglong nType);
+    void SignalSplit(qlonglong nViewIndex, Qt::Orientation eOrientation, ViewSplit_e eSplit);
+    void SignalExpand(qlonglong nViewIndex, bool bExpand);
+    void SignalActivated(qlonglong nViewIndex);
+    void SignalClose(qlonglong nViewIndex);
+    /** A linked view's camera has changed: this one does the same. */
+    void SignalCameraChangeIn(CameraOperator_e eOperator, SCameraOperator camera);
+    void SignalCameraChangeOut(qlonglong nViewIndex, CameraOperator_e eOperator, SCameraOperator camera);
+    void SignalModeIn(OglMouseMode_e eMode);
+    void SignalModeOut(OglMouseMode_e eMode);
+    void SignalPopupMenu();
+    void SignalPointSelected(DVector3D dXYZ, IVector3D nIJK);
+
+public slots:
+    void SlotCameraChangeOut(CameraOperator_e eOperator, SCameraOperator camera);
+    void SlotActivated();
+
+private slots:
+    void on_m_pLinkViewB_clicked();
+    void on_m_pExpandViewB_clicked();
+    void on_m_pCloseViewB_clicked();
+    void on_actionHEmpty_triggered();
+    void on_actionVEmpty_triggered();
+    void on_actionHInstance_triggered();
+    void on_actionVInstance_triggered();
+    void on_actionHCopy_triggered();
+    void on_actionVCopy_triggered();
+
+private:
+    void ShowLink();
+
+    const qint64 m_nViewId;
+    const std::unique_ptr<Ui::COglViewer> m_pUi;
+    CViewCanvas* m_pCanvas;
+    SCamera m_camera;
+};
