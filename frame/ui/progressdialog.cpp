@@ -1,10 +1,10 @@
 #include "frame/ui/progressdialog.h"
 
 #include "frame/task.h"
+#include "frame/themeicon.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QIcon>
 #include <QProgressBar>
 
 CProgressDialog::CProgressDialog(std::function<void()> fnCancelled, QWidget* pParent)
@@ -14,7 +14,7 @@ CProgressDialog::CProgressDialog(std::function<void()> fnCancelled, QWidget* pPa
 {
     // A bar of our own: QProgressDialog::setValue handles events, in which the task could end.
     setBar(m_pBar);
-    setWindowIcon(QIcon(":/Icons/sandglass.ico"));
+    setWindowIcon(ThemeIcon(":/Icons/sandglass.ico"));
     setWindowModality(Qt::ApplicationModal);
     setAutoReset(false);
     setAutoClose(false);

@@ -150,8 +150,10 @@ void CMainWindow::BuildToolBars()
 void CMainWindow::ApplyTheme()
 {
     const qint64 nTheme = Get(CPreferences::Instance(), PreferenceKey::THEME);
-    if (nTheme >= 0 && nTheme < m_styleSheets.size())
-        setStyleSheet(m_styleSheets[nTheme]);
+    if (nTheme < 0 || nTheme >= m_styleSheets.size())
+        return;
+    ApplyThemeColors(int(nTheme));
+    setStyleSheet(m_styleSheets[int(nTheme)]);
 }
 
 void CMainWindow::ShowAsStored()
