@@ -105,7 +105,7 @@ static constexpr SActionRow s_rows[] = {
     {ActionDemotionNone, "Shaded", ":/Icons/display-shade.ico", "", "Draw in full while the view moves"},
     {ActionDemotionWireframe, "Wireframe", ":/Icons/display-wire.ico", "",
      "Draw wireframes while the view moves"},
-    {ActionDemotionBoundingBox, "Bounding Box", ":/Icons/display-outline.png", "",
+    {ActionDemotionBoundingBox, "Bounding Box", ":/Icons/display-box.png", "",
      "Draw bounding boxes while the view moves"},
 
     {ActionBrowseScalar, "Browse", ":/Icons/change.png", "", "Choose the scalar variable", false,
