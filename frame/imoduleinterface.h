@@ -18,7 +18,9 @@ class QWidget;
 /** One category of the item panel. */
 struct SItemCategory
 {
-    qint64 nType = -1; ///< item type; its name and icon are the module's GetItemTypeName and GetItemIcon
+    /** ISelectable::typeId of what stands under it. GetItemIcon gives its icon; its name is at its place in
+     * GetCategoryNames, or GetItemTypeName where that has none. */
+    qint64 nType = -1;
 };
 
 /**

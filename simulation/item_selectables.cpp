@@ -70,6 +70,7 @@ void CItem::OnParentChanged(CItem* pOld)
         }
         UpdateSelectableParent(nView);
     }
+    RefreshSelectable(-1); // its place in the tree is part of what is shown
 }
 
 void CItem::UpdateSelectableParent(qint64 nViewId)

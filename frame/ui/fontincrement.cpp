@@ -3,13 +3,28 @@
 #include "frame/preferencekeys.h"
 #include "frame/preferences.h"
 
+#include <QTableWidget>
+#include <QTreeWidget>
 #include <QWidget>
 
 namespace {
 
 constexpr const char* BASE_SIZE = "zentoBasePointSize"; // dynamic property: size before any increment
+constexpr int BASE_SIZE_ROLE = Qt::UserRole + 1000;     // the same of an item
 
 using BaseSizes = QVector<QPair<QWidget*, int>>;
+
+int Incremented(int nBase)
+{
+    const qint64 nIncrement = Get(CPreferences::Instance(), PreferenceKey::FONT_INCREMENT);
+    return static_cast<int>(std::max<qint64>(1, nBase + nIncrement));
+}
+
+QFont WithSize(QFont font, int nSize)
+{
+    font.setPointSize(nSize);
+    return font;
+}
 
 // All sizes are read before the first is set: a child that has no font of its own follows its parent.
 void CollectBaseSizes(QWidget* pWidget, BaseSizes& sizes)
@@ -27,11 +42,28 @@ void ApplyFontIncrement(QWidget* pWidget)
 {
     BaseSizes sizes;
     CollectBaseSizes(pWidget, sizes);
-    const int nIncrement = static_cast<int>(Get(CPreferences::Instance(), PreferenceKey::FONT_INCREMENT));
     for (const auto& [pTarget, nBase] : sizes) {
         pTarget->setProperty(BASE_SIZE, nBase);
-        QFont font = pTarget->font();
-        font.setPointSize(std::max(1, nBase + nIncrement));
-        pTarget->setFont(font);
+        pTarget->setFont(WithSize(pTarget->font(), Incremented(nBase)));
     }
+}
+
+void ApplyItemFont(QTreeWidgetItem* pItem, int nColumn)
+{
+    const QVariant base = pItem->data(nColumn, BASE_SIZE_ROLE);
+    const int nBase = base.isValid() ? base.toInt() : pItem->font(nColumn).pointSize();
+    pItem->setData(nColumn, BASE_SIZE_ROLE, nBase);
+    pItem->setFont(nColumn, WithSize(pItem->font(nColumn), Incremented(nBase)));
+}
+
+void ApplyTableFont(QTableWidgetItem* pItem, int nColumn)
+{
+    if (nColumn >= 0)
+        pItem = pItem->tableWidget() ? pItem->tableWidget()->item(pItem->row(), nColumn) : nullptr;
+    if (!pItem)
+        return;
+    const QVariant base = pItem->data(BASE_SIZE_ROLE);
+    const int nBase = base.isValid() ? base.toInt() : pItem->font().pointSize();
+    pItem->setData(BASE_SIZE_ROLE, nBase);
+    pItem->setFont(WithSize(pItem->font(), Incremented(nBase)));
 }

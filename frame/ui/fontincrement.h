@@ -1,5 +1,7 @@
 #pragma once
 
+class QTableWidgetItem;
+class QTreeWidgetItem;
 class QWidget;
 
 /**
@@ -8,3 +10,9 @@ class QWidget;
  * called again after the preference has changed.
  */
 void ApplyFontIncrement(QWidget* pWidget);
+
+/** The same for one column of a tree item; it counts from the font that the column had at its first call. */
+void ApplyItemFont(QTreeWidgetItem* pItem, int nColumn);
+
+/** The same for a table item (-1), or for the item of that column in its row, if there is one. */
+void ApplyTableFont(QTableWidgetItem* pItem, int nColumn = -1);

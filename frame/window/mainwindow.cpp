@@ -248,7 +248,8 @@ void CMainWindow::ShowItemPanel()
     if (pStack->indexOf(pPanel) < 0) {
         pStack->addWidget(pPanel);
         ApplyFontIncrement(pPanel);
-        connect(pPanel, &CItemPanel::SignalPopupMenu, this, &CMainWindow::SlotPopupMenu);
+        connect(pPanel, &CItemPanel::SignalPopupMenu, this,
+                [this, pPanel] { ShowPopupMenu(pPanel->GetPopupPosition(), pPanel->GetViewActions()); });
     }
     pStack->setCurrentWidget(pPanel);
 }
@@ -273,7 +274,10 @@ void CMainWindow::SlotUpdatePreferences()
 void CMainWindow::SlotDefaultView() { ApplyLayout(*this, m_defaultLayout); }
 void CMainWindow::SlotExit() { close(); }
 
-void CMainWindow::SlotPopupMenu()
+void CMainWindow::SlotPopupMenu() { ShowPopupMenu(QCursor::pos(), {}); }
+
+/** The module's entries, then further ones of the place where the menu opens. */
+void CMainWindow::ShowPopupMenu(const QPoint& position, const QList<QAction*>& further)
 {
     const ISimulation* const pSimulation = GetActiveSimulation(GetActiveViewId());
     IModuleInterface* const pModule =
@@ -282,8 +286,10 @@ void CMainWindow::SlotPopupMenu()
         return;
     QMenu menu;
     pModule->FillPopupMenu(&menu, GetActiveViewId());
+    menu.addSeparator();
+    menu.addActions(further);
     if (!menu.isEmpty())
-        menu.exec(QCursor::pos());
+        menu.exec(position);
 }
 
 void CMainWindow::on_m_pSimulationTabList_currentChanged(int nIndex)

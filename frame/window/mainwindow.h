@@ -80,7 +80,7 @@ public slots:
     void SlotUpdatePreferences();
     void SlotDefaultView();
     void SlotExit();
-    /** The context menu of the view and of the item panel, at the mouse. */
+    /** The context menu of the view, at the mouse. */
     void SlotPopupMenu();
     void on_m_pSimulationTabList_currentChanged(int nIndex);
     void on_m_pSimulationTabList_tabCloseRequested(int nIndex);
@@ -97,6 +97,7 @@ private:
     void BuildToolBars();
     void ApplyTheme();
     void ShowItemPanel();
+    void ShowPopupMenu(const QPoint& position, const QList<QAction*>& further);
 
     const std::unique_ptr<Ui::CMainWindow> m_pUi;
     QStringList m_styleSheets; // 4, by the preference "GUI.Theme"

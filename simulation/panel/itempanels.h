@@ -1,9 +1,15 @@
 #pragma once
+
 #include "simulation/iitempanels.h"
-#include "simulation/panel/itempanel.h"
+
+/**
+ * Makes the item panels of the program with a window, for CSimulationManager::SetItemPanels. A panel has no
+ * parent until somebody embeds it.
+ */
 class CItemPanels : public IItemPanels
 {
 public:
-    CItemPanel* Create(qint64, qint64) override { return new CItemPanel; }
-    void Delete(CItemPanel* p) override { delete p; }
+    CItemPanel* Create(qint64 nViewId, qint64 nSimulationId) override;
+    /** Hides it and cuts it off at once; it goes with the event loop, since its own slot may be running. */
+    void Delete(CItemPanel* pPanel) override;
 };

@@ -118,7 +118,7 @@ public:
     qint64 simulationId() const override { return m_nSimulationId; }
     qint64 viewId() const override { return m_nViewId; }
     qint64 itemId() const override { return m_nItemId; }
-    qint64 typeId() const override { return 0; }
+    qint64 typeId() const override { return m_nTypeId; }
     QString name() const override { return m_sName.isNull() ? QString::number(m_nItemId) : m_sName; }
     qint64 childCount() const override { return m_children.size(); }
     void addChild(ISelectable* pChild) override { m_children.append(pChild); }
@@ -134,6 +134,7 @@ public:
     void setDimension(int nDimension) override { m_nDimension = nDimension; }
 
     QString m_sName; // null: the item's id
+    qint64 m_nTypeId = 0;
     QVector<ISelectable*> m_children;
     QVector<ISelectable*> m_parents;
     int m_nDimension = 0;

@@ -54,6 +54,7 @@ private:
     {
         auto* const pSelectable = new CTestSelectable(1, simulation.GetId(), item.GetId());
         pSelectable->m_sName = item.GetName();
+        pSelectable->m_nTypeId = item.GetType();
         pSelectable->setVisible(item.GetId() % 7 != 0);
         CSelectableManager::Instance().Add(pSelectable);
     }
