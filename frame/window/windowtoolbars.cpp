@@ -87,7 +87,7 @@ struct SToolBarRow
     QVector<SToolBarEntry> entries;
 };
 
-/** The toolbars that hold only actions; those with boxes are classes of their own. */
+/** The toolbars that hold only actions, as they follow each other; those with boxes are classes. */
 QVector<SToolBarRow> ToolBarTable()
 {
     return {
@@ -100,14 +100,14 @@ QVector<SToolBarRow> ToolBarTable()
         {"Zoom Toolbar",
          {ActionZoomIn, ActionZoomOut, ActionZoomToFit, ActionZoomToSelection, ActionZoomBox,
           ActionResetView}},
-        {"Align Toolbar",
-         {ActionXPositive, ActionXNegative, ActionYPositive, ActionYNegative, ActionZPositive,
-          ActionZNegative, SEPARATOR, ActionRotatePlus90, ActionRotateMinus90, SEPARATOR, SAVE_CAMERA,
-          LOAD_CAMERA, ROTATION_AXIS}},
         {"Display Toolbar",
          {ActionSelectAll, ActionSelectAdjacent, ActionApplyToChildren, SEPARATOR, SHOW_HIDE, DISPLAY_MODE,
           DISPLAY_METHOD, COLOR, ActionGlobalTransparency, SHOW_HIDE_NODES, GRID_DISPLAY, HOLES, SEPARATOR,
           MIRROR_DISPLAY, ActionDisplayExtension, DEMOTION}},
+        {"Align Toolbar",
+         {ActionXPositive, ActionXNegative, ActionYPositive, ActionYNegative, ActionZPositive,
+          ActionZNegative, SEPARATOR, ActionRotatePlus90, ActionRotateMinus90, SEPARATOR, SAVE_CAMERA,
+          LOAD_CAMERA, ROTATION_AXIS}},
         {"Mask Toolbar", {ActionToggleMasks}},
     };
 }
@@ -151,12 +151,12 @@ CWindowToolBars::CWindowToolBars(QMainWindow* pWindow, CWindowActions& actions) 
     m_pAnalyzeToolBar = CVariableToolBar::MakeAnalyzeToolBar(actions, pWindow);
     m_pThresholdToolBar = CVariableToolBar::MakeThresholdToolBar(actions, pWindow);
     const int nMask = m_toolBars.size() - 1;
-    m_toolBars.insert(nMask, m_pAnalyzeToolBar);
     m_toolBars.insert(nMask, m_pMirrorToolBar);
+    m_toolBars.insert(nMask, m_pAnalyzeToolBar);
     m_toolBars.append(m_pThresholdToolBar);
     for (QToolBar* const pToolBar : std::as_const(m_toolBars)) {
         pToolBar->setObjectName(pToolBar->windowTitle()); // by which the layout is kept
-        if (pToolBar == m_pMirrorToolBar || pToolBar->windowTitle() == "Display Toolbar")
+        if (pToolBar == m_pAnalyzeToolBar || pToolBar->windowTitle() == "Display Toolbar")
             pWindow->addToolBarBreak();
         pWindow->addToolBar(pToolBar);
     }

@@ -38,4 +38,9 @@ void ViewHeadline::SetSplitMenu(QToolButton* pButton, const QVector<QAction*>& a
     for (QAction* const pAction : actions)
         pMenu->addAction(pAction);
     pButton->setMenu(pMenu);
+    // A split moves the button away from under the mouse, which no event tells it.
+    QObject::connect(pMenu, &QMenu::aboutToHide, pButton, [pButton] {
+        pButton->setAttribute(Qt::WA_UnderMouse, false);
+        pButton->update();
+    });
 }
