@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QMap>
+#include <QVector>
+
+#include <utility>
+
+class IDrawable;
+
+/** Finds the drawables of a view and a simulation. It owns none of them. Main thread only. */
+class CDrawableManager
+{
+public:
+    static CDrawableManager& Instance();
+
+    void Add(qint64 nViewId, qint64 nSimulationId, IDrawable* pDrawable);
+    void Remove(IDrawable* pDrawable);
+    /** In the order in which they were added; the reference is good until the next Add or Remove. */
+    const QVector<IDrawable*>& GetDrawables(qint64 nViewId, qint64 nSimulationId) const;
+
+private:
+    using Pair = std::pair<qint64, qint64>;
+
+    CDrawableManager() = default;
+
+    QMap<Pair, QVector<IDrawable*>> m_pairs;
+    const QVector<IDrawable*> m_none;
+};
