@@ -1,5 +1,7 @@
 #include "scene/drawablemanager.h"
 
+#include "scene/idrawable.h"
+
 CDrawableManager& CDrawableManager::Instance()
 {
     static CDrawableManager* const pManager = new CDrawableManager; // never destroyed, see CMessageSink
@@ -20,6 +22,15 @@ void CDrawableManager::Remove(IDrawable* pDrawable)
                 m_pairs.erase(it);
             return;
         }
+}
+
+IDrawable* CDrawableManager::Find(qint64 nSerial) const
+{
+    for (const QVector<IDrawable*>& drawables : m_pairs)
+        for (IDrawable* const pDrawable : drawables)
+            if (nSerial != -1 && pDrawable->serial() == nSerial)
+                return pDrawable;
+    return nullptr;
 }
 
 const QVector<IDrawable*>& CDrawableManager::GetDrawables(qint64 nViewId, qint64 nSimulationId) const

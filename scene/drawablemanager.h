@@ -15,6 +15,8 @@ public:
 
     void Add(qint64 nViewId, qint64 nSimulationId, IDrawable* pDrawable);
     void Remove(IDrawable* pDrawable);
+    /** The drawable with this serial, in whatever view; null for -1 and one that is gone. */
+    IDrawable* Find(qint64 nSerial) const;
     /** In the order in which they were added; the reference is good until the next Add or Remove. */
     const QVector<IDrawable*>& GetDrawables(qint64 nViewId, qint64 nSimulationId) const;
 

@@ -1,0 +1,51 @@
+#include "view/annotations/annotation.h"
+
+#include "frame/bytestream.h"
+
+#include <QDataStream>
+
+namespace {
+constexpr char VISIBLE[] = "visible", SOLID[] = "backgroundSolid", OUTLINE[] = "backgroundOutline",
+               COLOR[] = "backgroundColor", X[] = "x", Y[] = "y";
+}
+
+QByteArray CAnnotation::toBinary() const
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    PrepareStream(stream);
+    stream << m_state.bVisible << m_state.bHot << m_state.bSolid << m_state.bOutline << m_state.brush
+           << m_state.position << m_state.size << m_state.bKeep;
+    return bytes;
+}
+
+bool CAnnotation::fromBinary(const QByteArray& bytes)
+{
+    QDataStream stream(bytes);
+    PrepareStream(stream);
+    SState state;
+    stream >> state.bVisible >> state.bHot >> state.bSolid >> state.bOutline >> state.brush >>
+        state.position >> state.size >> state.bKeep;
+    if (stream.status() != QDataStream::Ok)
+        return false;
+    state.bHot = false; // no pointer is over what has just been read
+    m_state = state;
+    return true;
+}
+
+QJsonObject CAnnotation::toJson() const
+{
+    return {{VISIBLE, m_state.bVisible}, {SOLID, m_state.bSolid},
+            {OUTLINE, m_state.bOutline}, {COLOR, m_state.brush.color().name(QColor::HexArgb)},
+            {X, m_state.position.x()},   {Y, m_state.position.y()}};
+}
+
+void CAnnotation::fromJson(const QJsonObject& object)
+{
+    m_state.bVisible = object[VISIBLE].toBool(m_state.bVisible);
+    m_state.bSolid = object[SOLID].toBool(m_state.bSolid);
+    m_state.bOutline = object[OUTLINE].toBool(m_state.bOutline);
+    if (const QColor color(object[COLOR].toString()); color.isValid())
+        m_state.brush = QBrush(color);
+    setPosition({object[X].toInt(position().x()), object[Y].toInt(position().y())});
+}
