@@ -114,6 +114,15 @@ public:
     virtual double GetFreeStreamDensity() const { return 1.0; }
     virtual double GetFreeStreamVelocity() const { return 1.0; }
     virtual bool FreeStreamAssumed() const { return false; }
+    // What the views ask.
+    /** Makes the selectables that stand in a view when the case comes into it. */
+    virtual void CreateDefaultSelectables(qint64) {}
+    /** Whether selection and highlight are drawn on the items themselves. */
+    virtual bool ShowsSelection() const { return true; }
+    /** Selected lines are drawn at twice their width. */
+    virtual bool UsesDoubleLineWidth() const { return false; }
+    /** Where an item of a moving grid stands at a time. */
+    virtual QMatrix4x4 GetModelMatrix(qint64, double) const { return {}; }
     /** Gives the selectable the dimension of its item's grid. */
     virtual void SetSelectableDimension(ISelectable* pSelectable) const;
 

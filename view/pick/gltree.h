@@ -1,0 +1,8 @@
+#pragma once
+
+/** The tree of all that can be picked of a drawable. */
+class CGLTree
+{
+public:
+    CGLTree() = default;
+};

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "view/drawable.h"
+#include "view/rawmodel.h"
+#include "view/surfacearrays.h"
+#include "view/surfaceindexbuffer.h"
+
+#include <array>
+
+class CSurfaceShaderProgram;
+
+/**
+ * A drawable of elements in rows and columns: the edges, the grid lines, the filled surface, contour lines
+ * and arrows of it. Derived classes say where its elements are and what values they have, a whole surface at
+ * a time. Arrays are built without OpenGL; draw uploads what has changed.
+ */
+class CSurface : public CDrawable
+{
+    Q_OBJECT
+
+public:
+    CSurface(qint64 nSimulationId, qint64 nViewId, qint64 nBlockId);
+    ~CSurface() override;
+
+    bool needsBuild() const override;
+    void build() override;
+    void draw(bool bOverlay) override;
+    void addBounds(DVector3D& minimum, DVector3D& maximum, const QMatrix4x4& view) const override;
+    SPickedPoint minimumRecord() const override { return m_minimum; }
+    SPickedPoint maximumRecord() const override { return m_maximum; }
+    void pointInformation(SPickedPoint& point) const override;
+    CGLTree& pickTree() override;
+    int shaderKey() const override;
+    SMeshStatistics meshStatistics() const override;
+
+    SSurfaceSize size() const { return m_size; }
+    /** Positions of the elements that were built last [m]. */
+    std::span<const DVector3D> positions() const { return m_positions; }
+
+protected:
+    bool AllowsDisplayType(DisplayType_e) const override { return true; }
+
+    // What derived classes say. All are asked while build runs; an empty surface is a valid answer.
+    /** Whether elements are cells; decided once a build, before all else. */
+    virtual bool ElementsAreCells() const = 0;
+    virtual SSurfaceSize ReadSize() = 0;
+    /** Positions of all elements; false if there are no data. */
+    virtual bool ReadPositions(std::span<DVector3D> positions) = 0;
+    /** Values of a variable; what has none is NO_VALUE. False if there are no data. */
+    virtual bool ReadValues(qint64 nVariableId, std::span<double> values) = 0;
+    virtual bool ReadVectors(qint64 nVariableId, std::span<DVector3D> vectors) = 0;
+    /** 1.0 for live elements; false if the block has no blanking. */
+    virtual bool ReadMask(std::span<double> mask) = 0;
+    /** Address in the block, one-based. */
+    virtual IVector3D AddressOf(qint64 nElement) const = 0;
+    /** The level that the view shows now. */
+    virtual double CurrentTime() const = 0;
+    virtual QMatrix4x4 CurrentModelMatrix() const { return {}; }
+    virtual QString ItemName() const = 0;
+
+private:
+    // surface_build.cpp
+    void BuildGeometry();
+    void BuildValues();
+    void BuildThresholds();
+    void BuildVectors();
+    void BuildContourLines();
+    void RecordExtremes(std::span<const double> values);
+    void Clear();
+    void ForgetPickTree();
+    bool NeedsNormals() const;
+    bool IsHole(qint64 nElement) const;
+
+    // surface_draw.cpp
+    void Upload();
+    void UploadMain();
+    void UploadVectors();
+    void UploadContours();
+    void SetUniforms(CSurfaceShaderProgram& program) const;
+    void DrawWith(CSurfaceShaderProgram& program, const QMatrix4x4& model, bool bOverlay);
+    void DrawShaded(CSurfaceShaderProgram& program);
+    void DrawIndices(SurfaceIndices_e eIndices, GLenum eMode);
+    void DrawVectors(CSurfaceShaderProgram& program);
+    void DrawContours(CSurfaceShaderProgram& program);
+
+    enum Stale_e { StaleGeometry, StaleValues, StaleThresholds, StaleVectors, StaleContours, STALE_COUNT };
+
+    SSurfaceSize m_size;
+    std::vector<DVector3D> m_positions;
+    std::vector<float> m_normals;    // three an element; empty until something shades
+    std::vector<float> m_values;     // one an element, for the GPU; empty without a scalar
+    std::vector<float> m_thresholds; // three an element
+    std::vector<char> m_holes;       // empty without blanking
+    std::vector<DVector3D> m_vectors;
+    SurfaceArrays::SContours m_contours;
+    bool m_bThresholdThere = false;
+    bool m_bMaskThere = false;
+    SPickedPoint m_minimum;
+    SPickedPoint m_maximum;
+    std::unique_ptr<CGLTree> m_pPickTree; // of the elements that stand; null until it is asked for
+
+    CRawModel m_model;
+    CRawModel m_contourModel;
+    CRawModel m_vectorModel;
+    std::array<std::shared_ptr<CSurfaceIndexBuffer>, SURFACE_INDICES_COUNT> m_pIndices;
+    int m_nVectorIndices = 0; // on the GPU
+    int m_nContourVertices = 0;
+    std::array<bool, STALE_COUNT> m_bStale = {}; // built, not uploaded
+};

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "frame/vector3d.h"
+
+#include <QVector>
+
+#include <span>
+
+/**
+ * The arrays of a surface of nRows x nColumns elements. Element (r, c), counted from 0, stands at
+ * r * nColumns + c in every array; r runs along the first, c along the second direction of the surface.
+ */
+struct SSurfaceSize
+{
+    qint64 nRows = 0;
+    qint64 nColumns = 0;
+
+    constexpr qint64 Count() const { return nRows * nColumns; }
+    constexpr bool HasCells() const { return nRows >= 2 && nColumns >= 2; }
+    constexpr qint64 Index(qint64 nRow, qint64 nColumn) const { return nRow * nColumns + nColumn; }
+
+    friend constexpr bool operator==(const SSurfaceSize&, const SSurfaceSize&) = default;
+};
+
+/** Loops over surfaces, for plain arrays; main thread or any other. */
+namespace SurfaceArrays {
+
+/**
+ * Normals of the elements: of the two triangles A B C and D C B of the element's cell, with the element at A
+ * and, in the last row and column, in the cell before. Each counts as a unit vector, a degenerate one as the
+ * other; the result is a unit vector, or zero where both are degenerate.
+ *
+ * @param normals  three floats an element; all (0, 0, 1) without cells
+ */
+void BuildNormals(const SSurfaceSize& size, std::span<const DVector3D> positions, std::span<float> normals);
+
+/** 1.0 on the first and last row and column, else 0.0. */
+void BuildOutlineFlags(const SSurfaceSize& size, std::span<float> flags);
+
+/** Two triangles a cell, 6 entries; nothing without cells. */
+QVector<quint32> TriangleIndices(const SSurfaceSize& size);
+
+/** One line strip over all grid lines, 2 * elements - 1 entries: to and fro along rows, then along columns.
+ */
+QVector<quint32> WireframeIndices(const SSurfaceSize& size);
+
+/** One line strip round the edge, 2 * (rows + columns) - 3 entries, closed. */
+QVector<quint32> OutlineIndices(const SSurfaceSize& size);
+
+/** Line segments of a contour: two vertices each, both with the value of their level. */
+struct SContours
+{
+    std::vector<float> positions; ///< three floats a vertex
+    std::vector<float> values;
+};
+
+/**
+ * Contour lines by marching squares. Cells with a hole or without a value at a corner are left out.
+ *
+ * @param values  one an element; 1e30 and above, or NaN, where there is none
+ * @param holes   true where the element is blanked; may be empty
+ * @param nCount  n gives n + 1 levels from dMinimum to dMaximum, both included
+ */
+SContours BuildContours(const SSurfaceSize& size, std::span<const DVector3D> positions,
+                        std::span<const float> values, std::span<const char> holes, qint64 nCount,
+                        double dMinimum, double dMaximum);
+
+/** The values that go to the GPU: what is no number, or no value, becomes 1e36, which the shaders don't
+ * colour.
+ */
+float ToGpuValue(double dValue);
+
+} // namespace SurfaceArrays

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "view/surfacearrays.h"
+
+#include <qopengl.h>
+
+#include <memory>
+
+class QOpenGLContextGroup;
+
+enum SurfaceIndices_e { WireframeIndices, TriangleIndices, OutlineIndices, SURFACE_INDICES_COUNT };
+
+/**
+ * The index list of all surfaces of one size, on the GPU. Surfaces of a case are often of one size; they
+ * share it, in all views, and it goes with the last of them.
+ */
+class CSurfaceIndexBuffer
+{
+public:
+    /** For the share group of the current context. */
+    static std::shared_ptr<CSurfaceIndexBuffer> Of(const SSurfaceSize& size, SurfaceIndices_e eIndices);
+    CSurfaceIndexBuffer(const CSurfaceIndexBuffer&) = delete;
+    CSurfaceIndexBuffer& operator=(const CSurfaceIndexBuffer&) = delete;
+    ~CSurfaceIndexBuffer();
+
+    /** Draws the vertex array that is bound. */
+    void Draw(GLenum eMode) const;
+
+private:
+    explicit CSurfaceIndexBuffer(const QVector<quint32>& indices);
+
+    QOpenGLContextGroup* const m_pGroup;
+    GLuint m_nBuffer = 0;
+    int m_nCount;
+};
