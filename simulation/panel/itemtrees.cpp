@@ -118,12 +118,17 @@ CItemNode* CItemTrees::MakeNode(ISelectable* pSelectable) const
     return pNode;
 }
 
+bool CItemTrees::IsToBeSeen(const ISelectable* pSelectable) const
+{
+    const CItem* const pItem = FindItem(m_nSimulationId, pSelectable->itemId());
+    return !pItem || pItem->IsVisibleInPanel();
+}
+
 bool CItemTrees::Add(ISelectable* pSelectable)
 {
-    const qint64 nItemId = pSelectable->itemId();
-    const CItem* const pItem = FindItem(m_nSimulationId, nItemId);
-    if (Contains(pSelectable) || (pItem && !pItem->IsVisibleInPanel()))
+    if (Contains(pSelectable) || !IsToBeSeen(pSelectable))
         return false;
+    const qint64 nItemId = pSelectable->itemId();
     const SCategory category = m_categories.value(pSelectable->typeId());
     SNodes& nodes = m_nodes[pSelectable];
     if (category.pNode) {
@@ -162,7 +167,9 @@ bool CItemTrees::Remove(ISelectable* pSelectable)
 bool CItemTrees::Update(ISelectable* pSelectable)
 {
     if (!Contains(pSelectable))
-        return false;
+        return Add(pSelectable);
+    if (!IsToBeSeen(pSelectable))
+        return !Remove(pSelectable);
     const SNodes nodes = m_nodes.value(pSelectable);
     nodes.pHierarchy->Read();
     PlaceInHierarchy(*nodes.pHierarchy);
@@ -226,6 +233,15 @@ void CItemTrees::UpdateVisible(qint64 nType)
                            QString("%1 (%2 / %3)")
                                .arg(it->sName, QString::number(count.nShown), QString::number(count.nAll)));
     }
+}
+
+void CItemTrees::Clear()
+{
+    m_nodes.clear();
+    m_ofItem.clear();
+    m_categories.clear();
+    m_categoryTree.clear();
+    m_hierarchyTree.clear();
 }
 
 void CItemTrees::ApplyFonts()

@@ -29,7 +29,8 @@ public:
     bool Add(ISelectable* pSelectable);
     /** Deletes its nodes; those below find another place. False for an unknown one. */
     bool Remove(ISelectable* pSelectable);
-    /** Reads the texts and the place anew; false for an unknown one. */
+    /** Reads texts and place anew, and whether it is to be seen at all; false if it is in no tree afterwards.
+     */
     bool Update(ISelectable* pSelectable);
     bool Contains(ISelectable* pSelectable) const { return m_nodes.contains(pSelectable); }
     /** In no order. */
@@ -37,6 +38,8 @@ public:
 
     /** Counts what is shown and what there is, and shades what isn't shown; -1: of all types. */
     void UpdateVisible(qint64 nType);
+    /** Empties both trees. Selectables may go then without a word. */
+    void Clear();
     /** All nodes take over the size of the preferences. */
     void ApplyFonts();
 
@@ -53,6 +56,7 @@ private:
         QIcon icon;
     };
 
+    bool IsToBeSeen(const ISelectable* pSelectable) const;
     CItemNode* MakeNode(ISelectable* pSelectable) const;
     QTreeWidgetItem* FindHierarchyParent(const CItemNode& node) const;
     void PlaceInHierarchy(CItemNode& node);

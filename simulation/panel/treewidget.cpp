@@ -41,14 +41,17 @@ void CTreeWidget::mousePressEvent(QMouseEvent* pEvent)
 void CTreeWidget::mouseReleaseEvent(QMouseEvent* pEvent)
 {
     QTreeWidget::mouseReleaseEvent(pEvent);
+    m_menuPosition = pEvent->globalPos();
     emit SignalMouseRelease(pEvent->button(), IdOf(itemAt(pEvent->pos())));
 }
 
 void CTreeWidget::contextMenuEvent(QContextMenuEvent* pEvent)
 {
     pEvent->accept(); // the mouse has its signal by its release
-    if (pEvent->reason() == QContextMenuEvent::Keyboard)
-        emit SignalMouseRelease(Qt::RightButton, IdOf(currentItem()));
+    if (pEvent->reason() != QContextMenuEvent::Keyboard)
+        return;
+    m_menuPosition = pEvent->globalPos(); // the current node
+    emit SignalMouseRelease(Qt::RightButton, IdOf(currentItem()));
 }
 
 void CTreeWidget::keyPressEvent(QKeyEvent* pEvent)

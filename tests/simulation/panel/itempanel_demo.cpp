@@ -1,6 +1,7 @@
 // A panel to look at: 40 items in three categories and a hierarchy, some of them hidden.
 #include "simulation/panel/itempanel.h"
 #include "simulation/panel/itempanels.h"
+#include "simulation/panel/treewidget.h"
 #include "tests/support/panelcase.h"
 
 #include <QApplication>
@@ -31,6 +32,19 @@ void ShowMenu(CItemPanel& panel)
     menu.exec(panel.GetPopupPosition());
 }
 
+/** What is dropped on an item goes below it. */
+void ConnectMoves(CPanelSimulation& simulation, CItemPanel& panel)
+{
+    QObject::connect(panel.GetHierarchyTree(), &CTreeWidget::SignalItemsMoved,
+                     [&](const QList<QTreeWidgetItem*>& dragged, qlonglong nId) {
+                         QVector<qint64> ids;
+                         for (const QTreeWidgetItem* const pNode : dragged)
+                             ids.append(CTreeWidget::IdOf(pNode));
+                         for (CItem* const pItem : simulation.GetItemsFromSelection(ids))
+                             pItem->SetParentId(nId, true);
+                     });
+}
+
 } // namespace
 
 /** @param argv  a style sheet to look at it under, or none */
@@ -51,6 +65,7 @@ int main(int argc, char** argv)
         application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
     CItemPanel* const pPanel = manager.GetItemPanel(1, pSimulation->GetId());
     QObject::connect(pPanel, &CItemPanel::SignalPopupMenu, [pPanel] { ShowMenu(*pPanel); });
+    ConnectMoves(*pSimulation, *pPanel);
     pPanel->setWindowTitle("Item panel");
     pPanel->resize(320, 700);
     pPanel->show();

@@ -7,6 +7,7 @@
 #include "simulation/itemkeys.h"
 
 #include <QAction>
+#include <QContextMenuEvent>
 #include <QTemporaryDir>
 
 namespace {
@@ -161,6 +162,10 @@ TEST_F(ItemPanel, TheMouseOpensMenusDocksAndHovers)
     QTest::mouseClick(pViewport, Qt::RightButton, {}, outer);
     EXPECT_EQ(menu.size(), 1);
     EXPECT_TRUE(Selectable(m_pOuter)->isSelected());
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {3, 4});
+    QCoreApplication::sendEvent(m_pCategories, &key);
+    EXPECT_EQ(menu.size(), 2);
+    EXPECT_EQ(m_pPanel->GetPopupPosition(), QPoint(3, 4));
     QTest::mouseDClick(pViewport, Qt::LeftButton, {}, outer);
     EXPECT_EQ(opened, QVector<ISelectable*>{Selectable(m_pOuter)});
 }
