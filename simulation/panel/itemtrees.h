@@ -12,9 +12,9 @@ class QTreeWidgetItem;
 
 /**
  * What stands in the two trees of an item panel. Each selectable has a node under the category of its type
- * (none if there is no such category) and one in the hierarchy, under the node of its item's parent. Several
- * selectables of one item: the first stands for the item, the others stand below it, unless their kind has
- * its place at the top level (SelectableKey::IS_MAIN).
+ * (none if there is no such category) and one in the hierarchy, under the node of its item's parent, or at
+ * the top level. Several selectables of one item: the first stands for the item, the others below it, or
+ * beside it if they are of a main kind (SelectableKey::IS_MAIN).
  *
  * The selection of the trees is the caller's: nodes that move or go change it.
  */
@@ -58,6 +58,7 @@ private:
 
     bool IsToBeSeen(const ISelectable* pSelectable) const;
     CItemNode* MakeNode(ISelectable* pSelectable) const;
+    CItemNode* OwnNode(qint64 nItemId) const;
     QTreeWidgetItem* FindHierarchyParent(const CItemNode& node) const;
     void PlaceInHierarchy(CItemNode& node);
     void PlaceChildrenOfItem(qint64 nItemId);
@@ -67,5 +68,5 @@ private:
     const qint64 m_nSimulationId;
     QHash<qint64, SCategory> m_categories; // by type
     QHash<ISelectable*, SNodes> m_nodes;
-    QHash<qint64, QVector<CItemNode*>> m_ofItem; // hierarchy nodes by item id; the first stands for the item
+    QHash<qint64, QVector<CItemNode*>> m_ofItem; // hierarchy nodes by item; the first stands for it
 };

@@ -70,6 +70,22 @@ TEST_F(ItemPanel, AParentThatComesLaterGathersItsChildren)
     EXPECT_EQ(m_pHierarchy->findItems("*", Qt::MatchWildcard | Qt::MatchRecursive).size(), 5);
 }
 
+TEST_F(ItemPanel, OtherSelectablesOfAnItemStandBelowItAndThoseOfNoneAtTheTop)
+{
+    CSelectableManager& manager = CSelectableManager::Instance();
+    QVector<CTestSelectable*> added;
+    for (const qint64 nItemId : {m_pInner->GetId(), m_pInner->GetId(), qint64(-1), qint64(-1)}) {
+        added.append(new CTestSelectable(1, m_pSimulation->GetId(), nItemId));
+        added.last()->m_sName = QString("extra %1").arg(added.size());
+        added.last()->m_nTypeId = 99; // no category
+        Set(*added.last(), SelectableKey::IS_MAIN, added.size() == 2);
+        manager.Add(added.last());
+    }
+    EXPECT_EQ(Hierarchy(), "extra 3\nextra 4\nWing\n inner\n  extra 1\n extra 2\n outer\nTail\nUnnamed\n");
+    m_pInner->DeleteSelectable(-1); // the next one stands for the item now
+    EXPECT_EQ(Hierarchy(), "extra 3\nextra 4\nWing\n extra 2\n extra 1\n outer\nTail\nUnnamed\n");
+}
+
 TEST_F(ItemPanel, OrdersByTheKindAndShowsItsColumns)
 {
     Set(*Selectable(m_pWing), SelectableKey::ITEM_ORDER, 7);
