@@ -63,8 +63,8 @@ void CItemPanel::PrepareWidgets()
     pGroup->addAction(m_pUi->actionCategory_View);
     pGroup->addAction(m_pUi->actionHierarchy_View);
     const bool bHierarchy = pModule && pModule->ShowsHierarchy(m_nSimulationId);
-    for (QWidget* const pWidget : std::initializer_list<QWidget*>{
-             m_pUi->m_pViewLabel, m_pUi->m_pCategoryViewCB, m_pUi->m_pHierarchyViewCB})
+    for (QWidget* const pWidget :
+         std::initializer_list<QWidget*>{m_pUi->label, m_pUi->m_pCategoryViewCB, m_pUi->m_pHierarchyViewCB})
         pWidget->setVisible(bHierarchy); // with a single view there is nothing to choose
 
     ConnectTree(m_pUi->m_pCategoryTreeList);

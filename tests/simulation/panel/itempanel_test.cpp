@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QContextMenuEvent>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 
 namespace {
@@ -84,6 +85,45 @@ TEST_F(ItemPanel, OtherSelectablesOfAnItemStandBelowItAndThoseOfNoneAtTheTop)
     EXPECT_EQ(Hierarchy(), "extra 3\nextra 4\nWing\n inner\n  extra 1\n extra 2\n outer\nTail\nUnnamed\n");
     m_pInner->DeleteSelectable(-1); // the next one stands for the item now
     EXPECT_EQ(Hierarchy(), "extra 3\nextra 4\nWing\n extra 2\n extra 1\n outer\nTail\nUnnamed\n");
+}
+
+TEST_F(ItemPanel, WhateverHappensItIsAsOneMadeAnew)
+{
+    QRandomGenerator random(7);
+    const auto pick = [&] {
+        return m_pSimulation->GetItems()[random.bounded(int(m_pSimulation->GetItemCount()))];
+    };
+    const std::function<void()> deeds[] = {
+        [&] { m_pSimulation->MakeShown(random.bounded(4), "new", pick()->GetId()); },
+        [&] { m_pSimulation->MakeShown(random.bounded(4), "single"); },
+        [&] {
+            if (CItem* const pItem = pick(), * const pParent = pick(); pParent->GetId() < pItem->GetId())
+                pItem->SetParentId(pParent->GetId(), true);
+        },
+        [&] { pick()->RemoveFromParent(); },
+        [&] { pick()->DeleteSelectable(-1); },
+        [&] { pick()->CreateSelectable(-1); },
+        [&] {
+            if (m_pSimulation->GetItemCount() > 5)
+                m_pSimulation->DeleteItem(pick()->GetId());
+        },
+        [&] {
+            if (ISelectable* const pSelectable = Selectable(pick())) {
+                pSelectable->setVisible(random.bounded(2));
+                CSelectableManager::Instance().NotifyMaskChanged(pSelectable);
+                pick()->SelectInView(1);
+            }
+        },
+    };
+    for (int n = 0; n < 1000; ++n) {
+        deeds[random.bounded(int(std::size(deeds)))]();
+        if (n % 50 != 0)
+            continue;
+        QCoreApplication::processEvents();
+        CItemPanel fresh(1, m_pSimulation->GetId());
+        EXPECT_EQ(Categories(), Shown(*fresh.GetCategoryTree()->invisibleRootItem()));
+        EXPECT_EQ(Hierarchy(), Shown(*fresh.GetHierarchyTree()->invisibleRootItem()));
+    }
 }
 
 TEST_F(ItemPanel, OrdersByTheKindAndShowsItsColumns)
