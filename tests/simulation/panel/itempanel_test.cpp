@@ -60,6 +60,18 @@ TEST_F(ItemPanel, FollowsHidingDeletingAndMoving)
     EXPECT_EQ(Hierarchy(), "Wing\nouter\nUnnamed\n");
 }
 
+TEST_F(ItemPanel, WhatMovesStaysSelected)
+{
+    m_pOuter->SelectInView(1);
+    QSignalSpy spy(&CSelectableManager::Instance(), &CSelectableManager::SignalSelectionChanged);
+    m_pOuter->SetParentId(m_pTail->GetId(), true);
+    m_pSimulation->DeleteItem(m_pInner->GetId());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Hierarchy(), "Wing\nTail\n outer*\nUnnamed\n");
+    EXPECT_TRUE(Selectable(m_pOuter)->isSelected());
+    EXPECT_EQ(spy.size(), 0);
+}
+
 TEST_F(ItemPanel, AParentThatComesLaterGathersItsChildren)
 {
     m_pWing->DeleteSelectable(-1);
