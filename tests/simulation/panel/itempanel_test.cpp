@@ -6,7 +6,6 @@
 
 #include "simulation/itemkeys.h"
 
-#include <QAction>
 #include <QContextMenuEvent>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -261,18 +260,6 @@ TEST_F(ItemPanel, ButtonsAskTheModuleAndTheUser)
     user.ChooseEntry("Skip");
     Click("m_pDispFilesB");
     EXPECT_EQ(m_pSimulation->m_sDisplayFile, "");
-}
-
-TEST_F(ItemPanel, ViewsAreChosenByBoxAndByAction)
-{
-    auto* const pStack = m_pPanel->findChild<QWidget*>("m_pTreeStack");
-    ASSERT_TRUE(pStack);
-    Click("m_pHierarchyViewCB");
-    EXPECT_TRUE(m_pHierarchy->isVisible());
-    EXPECT_TRUE(m_pPanel->GetViewActions()[1]->isChecked());
-    m_pPanel->GetViewActions()[0]->trigger();
-    EXPECT_TRUE(m_pCategories->isVisible());
-    EXPECT_FALSE(Find<QAbstractButton>("m_pHierarchyViewCB")->isChecked());
 }
 
 TEST_F(ItemPanel, EachPairHasItsOwnAndNoneIsDeletedTwice)
