@@ -20,9 +20,11 @@ int Incremented(int nBase)
     return static_cast<int>(std::max<qint64>(1, nBase + nIncrement));
 }
 
-QFont WithSize(QFont font, int nSize)
+/** A font whose size is set in pixels has no points (-1) to add to, and stays. */
+QFont WithIncrement(QFont font, int nBase)
 {
-    font.setPointSize(nSize);
+    if (nBase > 0)
+        font.setPointSize(Incremented(nBase));
     return font;
 }
 
@@ -44,7 +46,7 @@ void ApplyFontIncrement(QWidget* pWidget)
     CollectBaseSizes(pWidget, sizes);
     for (const auto& [pTarget, nBase] : sizes) {
         pTarget->setProperty(BASE_SIZE, nBase);
-        pTarget->setFont(WithSize(pTarget->font(), Incremented(nBase)));
+        pTarget->setFont(WithIncrement(pTarget->font(), nBase));
     }
 }
 
@@ -53,7 +55,7 @@ void ApplyItemFont(QTreeWidgetItem* pItem, int nColumn)
     const QVariant base = pItem->data(nColumn, BASE_SIZE_ROLE);
     const int nBase = base.isValid() ? base.toInt() : pItem->font(nColumn).pointSize();
     pItem->setData(nColumn, BASE_SIZE_ROLE, nBase);
-    pItem->setFont(nColumn, WithSize(pItem->font(nColumn), Incremented(nBase)));
+    pItem->setFont(nColumn, WithIncrement(pItem->font(nColumn), nBase));
 }
 
 void ApplyTableFont(QTableWidgetItem* pItem, int nColumn)
@@ -65,5 +67,5 @@ void ApplyTableFont(QTableWidgetItem* pItem, int nColumn)
     const QVariant base = pItem->data(BASE_SIZE_ROLE);
     const int nBase = base.isValid() ? base.toInt() : pItem->font().pointSize();
     pItem->setData(BASE_SIZE_ROLE, nBase);
-    pItem->setFont(WithSize(pItem->font(), Incremented(nBase)));
+    pItem->setFont(WithIncrement(pItem->font(), nBase));
 }

@@ -7,9 +7,6 @@ void CItemDelegate::initStyleOption(QStyleOptionViewItem* pOption, const QModelI
     QStyledItemDelegate::initStyleOption(pOption, index);
     if (!index.sibling(index.row(), 0).data(TreeShadeRole).toBool())
         return;
-    QPalette& palette = pOption->palette;
-    palette.setBrush(QPalette::Text, palette.brush(QPalette::PlaceholderText));
-    QColor selected = palette.color(QPalette::HighlightedText);
-    selected.setAlpha(palette.color(QPalette::PlaceholderText).alpha());
-    palette.setColor(QPalette::HighlightedText, selected);
+    pOption->palette.setBrush(QPalette::Text, pOption->palette.brush(QPalette::PlaceholderText));
+    pOption->font.setItalic(true); // seen on a selected row too, whose colour is that of the selection
 }

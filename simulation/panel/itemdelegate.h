@@ -2,7 +2,7 @@
 
 #include <QStyledItemDelegate>
 
-/** Draws nodes with TreeShadeRole in the muted text colour of whatever theme is in use. */
+/** Draws nodes with TreeShadeRole in italics and the muted text colour of whatever theme is in use. */
 class CItemDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -15,7 +15,6 @@
 #include "ui_itempanel.h"
 
 #include <QActionGroup>
-#include <QCursor>
 #include <QHeaderView>
 #include <QScopedValueRollback>
 
@@ -39,8 +38,17 @@ CItemPanel::CItemPanel(qint64 nViewId, qint64 nSimulationId, QWidget* pParent)
 
 CItemPanel::~CItemPanel()
 {
+    Detach();
     emit SignalDeleted(m_nViewId, m_nSimulationId);
-    m_bUpdating = true; // the trees go next, and their selection with them
+}
+
+void CItemPanel::Detach()
+{
+    CSelectableManager::Instance().disconnect(this);
+    m_refreshTimer.stop();
+    SlotItemHover(nullptr, -1);
+    m_bUpdating = true; // for good: what goes now isn't deselected by the user
+    m_pTrees->Clear();
 }
 
 void CItemPanel::PrepareWidgets()
@@ -55,8 +63,8 @@ void CItemPanel::PrepareWidgets()
     pGroup->addAction(m_pUi->actionCategory_View);
     pGroup->addAction(m_pUi->actionHierarchy_View);
     const bool bHierarchy = pModule && pModule->ShowsHierarchy(m_nSimulationId);
-    for (QWidget* const pWidget : std::initializer_list<QWidget*>{
-             m_pUi->m_pViewLabel, m_pUi->m_pCategoryViewCB, m_pUi->m_pHierarchyViewCB})
+    for (QWidget* const pWidget :
+         std::initializer_list<QWidget*>{m_pUi->label, m_pUi->m_pCategoryViewCB, m_pUi->m_pHierarchyViewCB})
         pWidget->setVisible(bHierarchy); // with a single view there is nothing to choose
 
     ConnectTree(m_pUi->m_pCategoryTreeList);
@@ -93,6 +101,12 @@ QList<QAction*> CItemPanel::GetViewActions() const
     if (m_pUi->m_pHierarchyViewCB->isHidden())
         return {};
     return {m_pUi->actionCategory_View, m_pUi->actionHierarchy_View};
+}
+
+QPoint CItemPanel::GetPopupPosition() const
+{
+    const bool bHierarchy = m_pUi->m_pTreeStack->currentWidget() == m_pUi->m_pHierarchyPage;
+    return (bHierarchy ? GetHierarchyTree() : GetCategoryTree())->GetMenuPosition();
 }
 
 ISimulation* CItemPanel::GetSimulation() const
@@ -137,9 +151,11 @@ void CItemPanel::SlotSelectableMaskChanged(ISelectable* pSelectable)
 
 void CItemPanel::SlotSelectableChanged(ISelectable* pSelectable)
 {
+    if (!IsMine(pSelectable))
+        return;
     const QScopedValueRollback<bool> guard(m_bUpdating, true);
-    if (m_pTrees->Update(pSelectable))
-        ScheduleRefresh(pSelectable->typeId());
+    m_pTrees->Update(pSelectable);
+    ScheduleRefresh(pSelectable->typeId());
 }
 
 void CItemPanel::SlotRefreshAll()
@@ -148,8 +164,7 @@ void CItemPanel::SlotRefreshAll()
         const QScopedValueRollback<bool> guard(m_bUpdating, true);
         for (ISelectable* const pSelectable :
              CSelectableManager::Instance().GetSelectables(m_nViewId, m_nSimulationId))
-            if (!m_pTrees->Update(pSelectable))
-                m_pTrees->Add(pSelectable);
+            m_pTrees->Update(pSelectable);
     }
     m_staleTypes = {-1};
     Refresh();
@@ -280,10 +295,8 @@ void CItemPanel::on_m_pHierarchyTreeList_itemDoubleClicked(QTreeWidgetItem* pIte
 
 void CItemPanel::SlotMouseRelease(Qt::MouseButton eMouseButton, qlonglong)
 {
-    if (eMouseButton != Qt::RightButton)
-        return;
-    m_popupPosition = QCursor::pos();
-    emit SignalPopupMenu();
+    if (eMouseButton == Qt::RightButton)
+        emit SignalPopupMenu();
 }
 
 void CItemPanel::SlotEnterPressed()

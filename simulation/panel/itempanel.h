@@ -37,6 +37,9 @@ public:
     /** Emits SignalDeleted. */
     ~CItemPanel() override;
 
+    /** Empties the panel and makes it follow nothing any more, for one that is about to go. */
+    void Detach();
+
     qint64 GetViewId() const { return m_nViewId; }
     qint64 GetSimulationId() const { return m_nSimulationId; }
     /** Owned by the panel; whoever wants to know about moved items connects to SignalItemsMoved of them. */
@@ -45,7 +48,7 @@ public:
     /** "Category View" and "Hierarchy View" for a menu; empty where no hierarchy is offered. */
     QList<QAction*> GetViewActions() const;
     /** Where a menu belongs that SignalPopupMenu asks for, on the screen. */
-    QPoint GetPopupPosition() const { return m_popupPosition; }
+    QPoint GetPopupPosition() const;
 
     /** Counts the items of a category, or of all (-1), and rebuilds its text at once. */
     void UpdateCategoryText(qint64 nCategory = -1);
@@ -106,5 +109,4 @@ private:
     QTimer m_refreshTimer;          // runs Refresh when the event loop does
     QSet<qint64> m_staleTypes;      // whose counts and shades have to be read; -1: all
     QPointer<ISelectable> m_pHover; // what the pointer is over in a tree
-    QPoint m_popupPosition;
 };

@@ -1,6 +1,5 @@
 #include "simulation/panel/itempanels.h"
 
-#include "scene/selectablemanager.h"
 #include "simulation/panel/itempanel.h"
 #include "simulation/simulationmanager.h"
 
@@ -15,7 +14,7 @@ CItemPanel* CItemPanels::Create(qint64 nViewId, qint64 nSimulationId)
 void CItemPanels::Delete(CItemPanel* pPanel)
 {
     pPanel->disconnect(&CSimulationManager::Instance());
-    CSelectableManager::Instance().disconnect(pPanel);
+    pPanel->Detach();
     pPanel->hide();
     pPanel->deleteLater();
 }

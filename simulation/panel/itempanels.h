@@ -10,6 +10,6 @@ class CItemPanels : public IItemPanels
 {
 public:
     CItemPanel* Create(qint64 nViewId, qint64 nSimulationId) override;
-    /** Hides it and cuts it off at once; it goes with the event loop, since its own slot may be running. */
+    /** Empties it at once; the widget goes with the event loop, since its own slot may be running. */
     void Delete(CItemPanel* pPanel) override;
 };

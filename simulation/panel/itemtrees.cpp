@@ -1,6 +1,7 @@
 #include "simulation/panel/itemtrees.h"
 
 #include "frame/imoduleinterface.h"
+#include "frame/novalue.h"
 #include "frame/ui/fontincrement.h"
 #include "scene/iselectable.h"
 #include "scene/selectablekeys.h"
@@ -118,12 +119,17 @@ CItemNode* CItemTrees::MakeNode(ISelectable* pSelectable) const
     return pNode;
 }
 
+bool CItemTrees::IsToBeSeen(const ISelectable* pSelectable) const
+{
+    const CItem* const pItem = FindItem(m_nSimulationId, pSelectable->itemId());
+    return !pItem || pItem->IsVisibleInPanel();
+}
+
 bool CItemTrees::Add(ISelectable* pSelectable)
 {
-    const qint64 nItemId = pSelectable->itemId();
-    const CItem* const pItem = FindItem(m_nSimulationId, nItemId);
-    if (Contains(pSelectable) || (pItem && !pItem->IsVisibleInPanel()))
+    if (Contains(pSelectable) || !IsToBeSeen(pSelectable))
         return false;
+    const qint64 nItemId = pSelectable->itemId();
     const SCategory category = m_categories.value(pSelectable->typeId());
     SNodes& nodes = m_nodes[pSelectable];
     if (category.pNode) {
@@ -132,10 +138,10 @@ bool CItemTrees::Add(ISelectable* pSelectable)
     }
     nodes.pHierarchy = MakeNode(pSelectable);
     nodes.pHierarchy->setIcon(0, category.icon);
-    QVector<CItemNode*>& ofItem = m_ofItem[nItemId];
-    ofItem.append(nodes.pHierarchy);
+    if (nItemId != NO_ID)
+        m_ofItem[nItemId].append(nodes.pHierarchy);
     PlaceInHierarchy(*nodes.pHierarchy);
-    if (ofItem.size() == 1)
+    if (OwnNode(nItemId) == nodes.pHierarchy)
         PlaceChildrenOfItem(nItemId); // those that came ahead of it
     return true;
 }
@@ -147,22 +153,25 @@ bool CItemTrees::Remove(ISelectable* pSelectable)
     const SNodes nodes = m_nodes.take(pSelectable);
     const qint64 nItemId = pSelectable->itemId();
     const QList<QTreeWidgetItem*> below = nodes.pHierarchy->takeChildren();
-    m_ofItem[nItemId].removeOne(nodes.pHierarchy);
+    QVector<CItemNode*>& ofItem = m_ofItem[nItemId];
+    ofItem.removeOne(nodes.pHierarchy);
+    if (ofItem.isEmpty())
+        m_ofItem.remove(nItemId);
     delete nodes.pCategory;
     delete nodes.pHierarchy;
     for (QTreeWidgetItem* const pNode : below)
         PlaceInHierarchy(*CItemNode::From(pNode));
-    if (m_ofItem[nItemId].isEmpty())
-        m_ofItem.remove(nItemId);
-    else
-        PlaceInHierarchy(*m_ofItem[nItemId].first());
+    if (CItemNode* const pNext = OwnNode(nItemId))
+        PlaceInHierarchy(*pNext);
     return true;
 }
 
 bool CItemTrees::Update(ISelectable* pSelectable)
 {
     if (!Contains(pSelectable))
-        return false;
+        return Add(pSelectable);
+    if (!IsToBeSeen(pSelectable))
+        return !Remove(pSelectable);
     const SNodes nodes = m_nodes.value(pSelectable);
     nodes.pHierarchy->Read();
     PlaceInHierarchy(*nodes.pHierarchy);
@@ -173,18 +182,20 @@ bool CItemTrees::Update(ISelectable* pSelectable)
     return true;
 }
 
+/** The node that stands for the item; null if it has none. */
+CItemNode* CItemTrees::OwnNode(qint64 nItemId) const { return m_ofItem.value(nItemId).value(0); }
+
 /** The invisible root for a node of the top level. */
 QTreeWidgetItem* CItemTrees::FindHierarchyParent(const CItemNode& node) const
 {
-    QTreeWidgetItem* const pRoot = m_hierarchyTree.invisibleRootItem();
     const qint64 nItemId = node.Selectable()->itemId();
-    QTreeWidgetItem* pParent = m_ofItem.value(nItemId).first();
-    if (pParent == &node || Get(*node.Selectable(), SelectableKey::IS_MAIN)) {
+    QTreeWidgetItem* pParent = OwnNode(nItemId);
+    if (!pParent || pParent == &node || Get(*node.Selectable(), SelectableKey::IS_MAIN)) {
         const CItem* const pItem = FindItem(m_nSimulationId, nItemId);
-        pParent = pItem ? m_ofItem.value(pItem->GetParentId()).value(0) : nullptr;
+        pParent = pItem ? OwnNode(pItem->GetParentId()) : nullptr;
     }
     // In a damaged case items may stand below each other in a ring.
-    return pParent && !IsBelow(pParent, &node) ? pParent : pRoot;
+    return pParent && !IsBelow(pParent, &node) ? pParent : m_hierarchyTree.invisibleRootItem();
 }
 
 void CItemTrees::PlaceInHierarchy(CItemNode& node) { PlaceUnder(*FindHierarchyParent(node), node); }
@@ -226,6 +237,15 @@ void CItemTrees::UpdateVisible(qint64 nType)
                            QString("%1 (%2 / %3)")
                                .arg(it->sName, QString::number(count.nShown), QString::number(count.nAll)));
     }
+}
+
+void CItemTrees::Clear()
+{
+    m_nodes.clear();
+    m_ofItem.clear();
+    m_categories.clear();
+    m_categoryTree.clear();
+    m_hierarchyTree.clear();
 }
 
 void CItemTrees::ApplyFonts()

@@ -15,6 +15,7 @@ CTreeWidget::CTreeWidget(QWidget* pParent) : QTreeWidget(pParent)
     setUniformRowHeights(true); // thousands of rows are laid out without asking each
     setMouseTracking(true);
     setDragDropMode(DragDrop);
+    setDragDropOverwriteMode(true);       // the mark of the place is a node, never a gap
     setDefaultDropAction(Qt::CopyAction); // a move would make Qt delete the dragged nodes
     setItemDelegate(new CItemDelegate(this));
     connect(this, &QTreeWidget::itemEntered, this,
@@ -41,14 +42,17 @@ void CTreeWidget::mousePressEvent(QMouseEvent* pEvent)
 void CTreeWidget::mouseReleaseEvent(QMouseEvent* pEvent)
 {
     QTreeWidget::mouseReleaseEvent(pEvent);
+    m_menuPosition = pEvent->globalPos();
     emit SignalMouseRelease(pEvent->button(), IdOf(itemAt(pEvent->pos())));
 }
 
 void CTreeWidget::contextMenuEvent(QContextMenuEvent* pEvent)
 {
     pEvent->accept(); // the mouse has its signal by its release
-    if (pEvent->reason() == QContextMenuEvent::Keyboard)
-        emit SignalMouseRelease(Qt::RightButton, IdOf(currentItem()));
+    if (pEvent->reason() != QContextMenuEvent::Keyboard)
+        return;
+    m_menuPosition = pEvent->globalPos(); // the current node
+    emit SignalMouseRelease(Qt::RightButton, IdOf(currentItem()));
 }
 
 void CTreeWidget::keyPressEvent(QKeyEvent* pEvent)
@@ -98,7 +102,10 @@ QTreeWidgetItem* CTreeWidget::FindTarget(const QDropEvent* pEvent) const
         !isSignalConnected(QMetaMethod::fromSignal(&CTreeWidget::SignalItemsMoved)))
         return nullptr;
     QTreeWidgetItem* const pTarget = itemAt(pEvent->pos());
-    return pTarget && !pTarget->isSelected() ? pTarget : nullptr;
+    for (const QTreeWidgetItem* pAbove = pTarget; pAbove; pAbove = pAbove->parent())
+        if (pAbove->isSelected())
+            return nullptr; // nothing goes into itself
+    return pTarget;
 }
 
 void CTreeWidget::dragEnterEvent(QDragEnterEvent* pEvent)

@@ -29,6 +29,9 @@ public:
     /** @param pSupplier  not owned; null: nothing can be dragged */
     void SetSupplier(const IMimeDataSupplier* pSupplier) { m_pSupplier = pSupplier; }
 
+    /** Where a menu belongs after a release of the right button, on the screen. */
+    QPoint GetMenuPosition() const { return m_menuPosition; }
+
     /** Id of the node; -1 for none. */
     static qint64 IdOf(const QTreeWidgetItem* pItem);
     static bool IsInner(const QTreeWidgetItem* pItem);
@@ -63,4 +66,5 @@ private:
     QTreeWidgetItem* FindTarget(const QDropEvent* pEvent) const;
 
     const IMimeDataSupplier* m_pSupplier = nullptr;
+    QPoint m_menuPosition;
 };

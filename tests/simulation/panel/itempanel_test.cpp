@@ -6,7 +6,8 @@
 
 #include "simulation/itemkeys.h"
 
-#include <QAction>
+#include <QContextMenuEvent>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 
 namespace {
@@ -58,6 +59,18 @@ TEST_F(ItemPanel, FollowsHidingDeletingAndMoving)
     EXPECT_EQ(Hierarchy(), "Wing\nouter\nUnnamed\n");
 }
 
+TEST_F(ItemPanel, WhatMovesStaysSelected)
+{
+    m_pOuter->SelectInView(1);
+    QSignalSpy spy(&CSelectableManager::Instance(), &CSelectableManager::SignalSelectionChanged);
+    m_pOuter->SetParentId(m_pTail->GetId(), true);
+    m_pSimulation->DeleteItem(m_pInner->GetId());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Hierarchy(), "Wing\nTail\n outer*\nUnnamed\n");
+    EXPECT_TRUE(Selectable(m_pOuter)->isSelected());
+    EXPECT_EQ(spy.size(), 0);
+}
+
 TEST_F(ItemPanel, AParentThatComesLaterGathersItsChildren)
 {
     m_pWing->DeleteSelectable(-1);
@@ -67,6 +80,61 @@ TEST_F(ItemPanel, AParentThatComesLaterGathersItsChildren)
     Set(*m_pWing, ItemKey::PARENT_ID, m_pInner->GetId()); // a damaged file: a ring
     m_pPanel->SlotRefreshAll();
     EXPECT_EQ(m_pHierarchy->findItems("*", Qt::MatchWildcard | Qt::MatchRecursive).size(), 5);
+}
+
+TEST_F(ItemPanel, OtherSelectablesOfAnItemStandBelowItAndThoseOfNoneAtTheTop)
+{
+    CSelectableManager& manager = CSelectableManager::Instance();
+    QVector<CTestSelectable*> added;
+    for (const qint64 nItemId : {m_pInner->GetId(), m_pInner->GetId(), qint64(-1), qint64(-1)}) {
+        added.append(new CTestSelectable(1, m_pSimulation->GetId(), nItemId));
+        added.last()->m_sName = QString("extra %1").arg(added.size());
+        added.last()->m_nTypeId = 99; // no category
+        Set(*added.last(), SelectableKey::IS_MAIN, added.size() == 2);
+        manager.Add(added.last());
+    }
+    EXPECT_EQ(Hierarchy(), "extra 3\nextra 4\nWing\n inner\n  extra 1\n extra 2\n outer\nTail\nUnnamed\n");
+    m_pInner->DeleteSelectable(-1); // the next one stands for the item now
+    EXPECT_EQ(Hierarchy(), "extra 3\nextra 4\nWing\n extra 2\n extra 1\n outer\nTail\nUnnamed\n");
+}
+
+TEST_F(ItemPanel, WhateverHappensItIsAsOneMadeAnew)
+{
+    QRandomGenerator random(7);
+    const auto pick = [&] {
+        return m_pSimulation->GetItems()[random.bounded(int(m_pSimulation->GetItemCount()))];
+    };
+    const std::function<void()> deeds[] = {
+        [&] { m_pSimulation->MakeShown(random.bounded(4), "new", pick()->GetId()); },
+        [&] { m_pSimulation->MakeShown(random.bounded(4), "single"); },
+        [&] {
+            if (CItem* const pItem = pick(), * const pParent = pick(); pParent->GetId() < pItem->GetId())
+                pItem->SetParentId(pParent->GetId(), true);
+        },
+        [&] { pick()->RemoveFromParent(); },
+        [&] { pick()->DeleteSelectable(-1); },
+        [&] { pick()->CreateSelectable(-1); },
+        [&] {
+            if (m_pSimulation->GetItemCount() > 5)
+                m_pSimulation->DeleteItem(pick()->GetId());
+        },
+        [&] {
+            if (ISelectable* const pSelectable = Selectable(pick())) {
+                pSelectable->setVisible(random.bounded(2));
+                CSelectableManager::Instance().NotifyMaskChanged(pSelectable);
+                pick()->SelectInView(1);
+            }
+        },
+    };
+    for (int n = 0; n < 1000; ++n) {
+        deeds[random.bounded(int(std::size(deeds)))]();
+        if (n % 50 != 0)
+            continue;
+        QCoreApplication::processEvents();
+        CItemPanel fresh(1, m_pSimulation->GetId());
+        EXPECT_EQ(Categories(), Shown(*fresh.GetCategoryTree()->invisibleRootItem()));
+        EXPECT_EQ(Hierarchy(), Shown(*fresh.GetHierarchyTree()->invisibleRootItem()));
+    }
 }
 
 TEST_F(ItemPanel, OrdersByTheKindAndShowsItsColumns)
@@ -161,6 +229,10 @@ TEST_F(ItemPanel, TheMouseOpensMenusDocksAndHovers)
     QTest::mouseClick(pViewport, Qt::RightButton, {}, outer);
     EXPECT_EQ(menu.size(), 1);
     EXPECT_TRUE(Selectable(m_pOuter)->isSelected());
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {3, 4});
+    QCoreApplication::sendEvent(m_pCategories, &key);
+    EXPECT_EQ(menu.size(), 2);
+    EXPECT_EQ(m_pPanel->GetPopupPosition(), QPoint(3, 4));
     QTest::mouseDClick(pViewport, Qt::LeftButton, {}, outer);
     EXPECT_EQ(opened, QVector<ISelectable*>{Selectable(m_pOuter)});
 }
@@ -188,18 +260,6 @@ TEST_F(ItemPanel, ButtonsAskTheModuleAndTheUser)
     user.ChooseEntry("Skip");
     Click("m_pDispFilesB");
     EXPECT_EQ(m_pSimulation->m_sDisplayFile, "");
-}
-
-TEST_F(ItemPanel, ViewsAreChosenByBoxAndByAction)
-{
-    auto* const pStack = m_pPanel->findChild<QWidget*>("m_pTreeStack");
-    ASSERT_TRUE(pStack);
-    Click("m_pHierarchyViewCB");
-    EXPECT_TRUE(m_pHierarchy->isVisible());
-    EXPECT_TRUE(m_pPanel->GetViewActions()[1]->isChecked());
-    m_pPanel->GetViewActions()[0]->trigger();
-    EXPECT_TRUE(m_pCategories->isVisible());
-    EXPECT_FALSE(Find<QAbstractButton>("m_pHierarchyViewCB")->isChecked());
 }
 
 TEST_F(ItemPanel, EachPairHasItsOwnAndNoneIsDeletedTwice)

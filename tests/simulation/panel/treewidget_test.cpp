@@ -34,7 +34,6 @@ public:
     {
         WriteItemDrag(data, {1, 2, itemIds});
     }
-    QTreeWidgetItem* At(int n) { return topLevelItem(0)->child(n); }
     QMimeData* Drag() const { return mimeData(selectedItems()); }
 };
 
@@ -63,7 +62,7 @@ bool DropOn(QWidget& widget, QMimeData* pData)
 
 } // namespace
 
-TEST(TreeWidget, ItemsAreDraggedAndNothingIsMoved)
+TEST(TreeWidget, ADragHoldsTheItemsButNoCategory)
 {
     CDragTree tree;
     tree.selectAll();
