@@ -20,6 +20,7 @@
 #include <QListWidget>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QProgressBar>
@@ -121,9 +122,10 @@ QTreeWidgetItem* TreeItem(const QString& sText, const QString& sIcon, const QStr
 QTreeWidget* Tree()
 {
     QTreeWidget* const pTree = new QTreeWidget;
+    pTree->setObjectName("tree");
     pTree->setHeaderLabels({"Item", "Value"});
     pTree->setAlternatingRowColors(true);
-    pTree->setSortingEnabled(true);
+    pTree->setSelectionMode(QAbstractItemView::ExtendedSelection);
     for (const char* const sGroup : {"A Surfaces", "B Zones", "C Streamlines"}) {
         QTreeWidgetItem* const pGroup = TreeItem(sGroup, "surface.png", "group");
         for (int n = 0; n < 3; ++n) {
@@ -134,9 +136,12 @@ QTreeWidget* Tree()
         pTree->addTopLevelItem(pGroup);
         pGroup->setDisabled(*sGroup == 'B');
     }
-    pTree->expandItem(pTree->topLevelItem(0));
+    pTree->setSortingEnabled(true);
     pTree->sortItems(0, Qt::AscendingOrder);
+    pTree->expandItem(pTree->topLevelItem(0));
+    pTree->setColumnWidth(0, 220);
     pTree->topLevelItem(0)->child(1)->setSelected(true);
+    pTree->topLevelItem(2)->setSelected(true);
     pTree->topLevelItem(0)->child(2)->setForeground(
         1, pTree->palette().brush(QPalette::Disabled, QPalette::Text));
     return pTree;
@@ -335,6 +340,25 @@ QPixmap MenuPicture(QMainWindow& window)
     return pMenu->grab();
 }
 
+QPixmap DialogPicture(QMainWindow& window)
+{
+    QMessageBox box(QMessageBox::Question, "Periodic Mirror", "This may slow down rendering. Proceed anyway?",
+                    QMessageBox::Yes | QMessageBox::No, &window);
+    box.setDefaultButton(QMessageBox::No);
+    box.show();
+    QApplication::processEvents();
+    return box.grab();
+}
+
+QPixmap Picture(QMainWindow& window, const QString& sKind)
+{
+    if (sKind == "icons")
+        return IconSheet();
+    if (sKind == "menu")
+        return MenuPicture(window);
+    return sKind == "dialog" ? DialogPicture(window) : window.grab();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -351,10 +375,10 @@ int main(int argc, char** argv)
     FillWindow(window);
     window.setStyleSheet(LoadStyleSheets("").value(nTheme));
     window.show();
-    window.findChild<QLineEdit*>("focus")->setFocus();
+    window.findChild<QWidget*>(sKind == "tree" ? "tree" : "focus")->setFocus();
     QPixmap picture;
     QTimer::singleShot(500, [&] {
-        picture = sKind == "icons" ? IconSheet() : sKind == "menu" ? MenuPicture(window) : window.grab();
+        picture = Picture(window, sKind);
         application.quit();
     });
     application.exec();
