@@ -4,6 +4,7 @@
 #include "frame/moduleregistry.h"
 #include "frame/preferences.h"
 #include "frame/task.h"
+#include "frame/themeicon.h"
 #include "frame/ui/messageboxprompt.h"
 #include "frame/ui/progressdialog.h"
 #include "frame/window/commandline.h"
@@ -107,6 +108,8 @@ int RunApplication(int argc, char** argv)
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QSurfaceFormat::setDefaultFormat(DefaultSurfaceFormat());
     QApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName("zento"); // a desktop finds the name and the large icon by it
+    QApplication::setWindowIcon(ThemeIcon(":/Icons/zento.svg"));
     // Fixes the size that the platform reports, so that a later change of the desktop's font leaves it.
     QFont font = QApplication::font();
     font.setPointSize(font.pointSize());
