@@ -104,6 +104,12 @@ void AddToolBars(QMainWindow& window)
     pScalar->addItems({"M[Q]", "P[Q]"});
     pScalar->setEditable(true);
     pDisplay->addWidget(pScalar);
+    QToolBar* const pMirror = new QToolBar("Mirror Toolbar");
+    window.addToolBar(Qt::LeftToolBarArea, pMirror);
+    pMirror->addAction(Icon("mirror.png"), "Mirror");
+    pMirror->addSeparator();
+    pMirror->addAction("Text only");
+    pMirror->addWidget(MenuButton("visible.png", QToolButton::MenuButtonPopup, pMirror));
     QToolBar* const pCameras = window.addToolBar("Camera Toolbar");
     for (int n = 1; n <= 9; ++n)
         pCameras->addAction(Icon(QString("camera%1.ico").arg(n)), "Camera");
@@ -167,7 +173,11 @@ QListWidget* List()
     for (const char* const sIcon :
          {"nodes.png", "cellcenter.png", "const.png", "warning.png", "time.png", "flux.png"})
         pList->addItem(new QListWidgetItem(Icon(sIcon), sIcon));
+    for (int n = 0; n < 20; ++n)
+        pList->addItem(QString("a variable with a long name, number %1, for the scroll bars").arg(n));
     pList->setCurrentRow(1);
+    pList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    pList->setTextElideMode(Qt::ElideNone);
     return pList;
 }
 
@@ -237,6 +247,9 @@ QWidget* Controls()
         pSlider->setEnabled(bEnabled);
         pInner->addWidget(pSlider);
     }
+    QSlider* const pUpright = new QSlider(Qt::Vertical);
+    pUpright->setValue(30);
+    pInner->addWidget(pUpright);
     QProgressBar* const pBar = new QProgressBar;
     pBar->setValue(45);
     pInner->addWidget(pBar);
@@ -269,11 +282,12 @@ QTabWidget* Tabs(QTabWidget::TabPosition ePosition)
     return pTabs;
 }
 
-void AddDock(QMainWindow& window, const QString& sTitle, Qt::DockWidgetArea eArea, QWidget* pContents)
+QDockWidget* AddDock(QMainWindow& window, const QString& sTitle, Qt::DockWidgetArea eArea, QWidget* pContents)
 {
     QDockWidget* const pDock = new QDockWidget(sTitle, &window);
     pDock->setWidget(pContents);
     window.addDockWidget(eArea, pDock);
+    return pDock;
 }
 
 void FillWindow(QMainWindow& window)
@@ -290,7 +304,8 @@ void FillWindow(QMainWindow& window)
     window.setCentralWidget(pSplitter);
     AddDock(window, "Simulations' Items", Qt::LeftDockWidgetArea, Fields());
     AddDock(window, "Display", Qt::RightDockWidgetArea, Controls());
-    AddDock(window, "Variables", Qt::RightDockWidgetArea, List());
+    QDockWidget* const pVariables = AddDock(window, "Variables", Qt::RightDockWidgetArea, List());
+    window.tabifyDockWidget(AddDock(window, "Mask", Qt::RightDockWidgetArea, new QLabel("Mask")), pVariables);
     window.statusBar()->showMessage("65 x 33 x 49 points");
     window.resize(1180, 860);
 }
