@@ -4,6 +4,7 @@
 #include "frame/moduleregistry.h"
 #include "frame/preferences.h"
 #include "frame/task.h"
+#include "frame/themeicon.h"
 #include "frame/ui/messageboxprompt.h"
 #include "frame/ui/progressdialog.h"
 #include "frame/window/commandline.h"
@@ -112,6 +113,8 @@ int RunApplication(int argc, char** argv)
     QSurfaceFormat::setDefaultFormat(DefaultSurfaceFormat());
     QApplication application(argc, argv);
     StartupTimings::Note("application");
+    QGuiApplication::setDesktopFileName("zento"); // a desktop finds the name and the large icon by it
+    QApplication::setWindowIcon(ThemeIcon(":/Icons/zento.svg"));
     // Fixes the size that the platform reports, so that a later change of the desktop's font leaves it.
     QFont font = QApplication::font();
     font.setPointSize(font.pointSize());

@@ -20,6 +20,7 @@
 #include <QListWidget>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QProgressBar>
@@ -103,6 +104,12 @@ void AddToolBars(QMainWindow& window)
     pScalar->addItems({"M[Q]", "P[Q]"});
     pScalar->setEditable(true);
     pDisplay->addWidget(pScalar);
+    QToolBar* const pMirror = new QToolBar("Mirror Toolbar");
+    window.addToolBar(Qt::LeftToolBarArea, pMirror);
+    pMirror->addAction(Icon("mirror.png"), "Mirror");
+    pMirror->addSeparator();
+    pMirror->addAction("Text only");
+    pMirror->addWidget(MenuButton("visible.png", QToolButton::MenuButtonPopup, pMirror));
     QToolBar* const pCameras = window.addToolBar("Camera Toolbar");
     for (int n = 1; n <= 9; ++n)
         pCameras->addAction(Icon(QString("camera%1.ico").arg(n)), "Camera");
@@ -121,9 +128,10 @@ QTreeWidgetItem* TreeItem(const QString& sText, const QString& sIcon, const QStr
 QTreeWidget* Tree()
 {
     QTreeWidget* const pTree = new QTreeWidget;
+    pTree->setObjectName("tree");
     pTree->setHeaderLabels({"Item", "Value"});
     pTree->setAlternatingRowColors(true);
-    pTree->setSortingEnabled(true);
+    pTree->setSelectionMode(QAbstractItemView::ExtendedSelection);
     for (const char* const sGroup : {"A Surfaces", "B Zones", "C Streamlines"}) {
         QTreeWidgetItem* const pGroup = TreeItem(sGroup, "surface.png", "group");
         for (int n = 0; n < 3; ++n) {
@@ -134,9 +142,12 @@ QTreeWidget* Tree()
         pTree->addTopLevelItem(pGroup);
         pGroup->setDisabled(*sGroup == 'B');
     }
-    pTree->expandItem(pTree->topLevelItem(0));
+    pTree->setSortingEnabled(true);
     pTree->sortItems(0, Qt::AscendingOrder);
+    pTree->expandItem(pTree->topLevelItem(0));
+    pTree->setColumnWidth(0, 220);
     pTree->topLevelItem(0)->child(1)->setSelected(true);
+    pTree->topLevelItem(2)->setSelected(true);
     pTree->topLevelItem(0)->child(2)->setForeground(
         1, pTree->palette().brush(QPalette::Disabled, QPalette::Text));
     return pTree;
@@ -162,7 +173,11 @@ QListWidget* List()
     for (const char* const sIcon :
          {"nodes.png", "cellcenter.png", "const.png", "warning.png", "time.png", "flux.png"})
         pList->addItem(new QListWidgetItem(Icon(sIcon), sIcon));
+    for (int n = 0; n < 20; ++n)
+        pList->addItem(QString("a variable with a long name, number %1, for the scroll bars").arg(n));
     pList->setCurrentRow(1);
+    pList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    pList->setTextElideMode(Qt::ElideNone);
     return pList;
 }
 
@@ -232,6 +247,9 @@ QWidget* Controls()
         pSlider->setEnabled(bEnabled);
         pInner->addWidget(pSlider);
     }
+    QSlider* const pUpright = new QSlider(Qt::Vertical);
+    pUpright->setValue(30);
+    pInner->addWidget(pUpright);
     QProgressBar* const pBar = new QProgressBar;
     pBar->setValue(45);
     pInner->addWidget(pBar);
@@ -264,11 +282,12 @@ QTabWidget* Tabs(QTabWidget::TabPosition ePosition)
     return pTabs;
 }
 
-void AddDock(QMainWindow& window, const QString& sTitle, Qt::DockWidgetArea eArea, QWidget* pContents)
+QDockWidget* AddDock(QMainWindow& window, const QString& sTitle, Qt::DockWidgetArea eArea, QWidget* pContents)
 {
     QDockWidget* const pDock = new QDockWidget(sTitle, &window);
     pDock->setWidget(pContents);
     window.addDockWidget(eArea, pDock);
+    return pDock;
 }
 
 void FillWindow(QMainWindow& window)
@@ -285,7 +304,8 @@ void FillWindow(QMainWindow& window)
     window.setCentralWidget(pSplitter);
     AddDock(window, "Simulations' Items", Qt::LeftDockWidgetArea, Fields());
     AddDock(window, "Display", Qt::RightDockWidgetArea, Controls());
-    AddDock(window, "Variables", Qt::RightDockWidgetArea, List());
+    QDockWidget* const pVariables = AddDock(window, "Variables", Qt::RightDockWidgetArea, List());
+    window.tabifyDockWidget(AddDock(window, "Mask", Qt::RightDockWidgetArea, new QLabel("Mask")), pVariables);
     window.statusBar()->showMessage("65 x 33 x 49 points");
     window.resize(1180, 860);
 }
@@ -335,6 +355,25 @@ QPixmap MenuPicture(QMainWindow& window)
     return pMenu->grab();
 }
 
+QPixmap DialogPicture(QMainWindow& window)
+{
+    QMessageBox box(QMessageBox::Question, "Periodic Mirror", "This may slow down rendering. Proceed anyway?",
+                    QMessageBox::Yes | QMessageBox::No, &window);
+    box.setDefaultButton(QMessageBox::No);
+    box.show();
+    QApplication::processEvents();
+    return box.grab();
+}
+
+QPixmap Picture(QMainWindow& window, const QString& sKind)
+{
+    if (sKind == "icons")
+        return IconSheet();
+    if (sKind == "menu")
+        return MenuPicture(window);
+    return sKind == "dialog" ? DialogPicture(window) : window.grab();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -351,10 +390,10 @@ int main(int argc, char** argv)
     FillWindow(window);
     window.setStyleSheet(LoadStyleSheets("").value(nTheme));
     window.show();
-    window.findChild<QLineEdit*>("focus")->setFocus();
+    window.findChild<QWidget*>(sKind == "tree" ? "tree" : "focus")->setFocus();
     QPixmap picture;
     QTimer::singleShot(500, [&] {
-        picture = sKind == "icons" ? IconSheet() : sKind == "menu" ? MenuPicture(window) : window.grab();
+        picture = Picture(window, sKind);
         application.quit();
     });
     application.exec();

@@ -4,6 +4,22 @@
 #include <QSet>
 #include <QStringList>
 
+namespace {
+
+/** @return false when the words aren't a row */
+bool ReadRow(const QStringList& words, SDrawingRow& row)
+{
+    if (words.size() < 2 || words.size() > 3)
+        return false;
+    const QString sExtra = words.value(2);
+    row = {words[0], words[1], sExtra.startsWith('#') ? sExtra : QString(), 0};
+    if (sExtra.endsWith("px"))
+        row.nSide = sExtra.chopped(2).toInt();
+    return sExtra.isEmpty() || !row.sColor.isEmpty() || row.nSide > 0;
+}
+
+} // namespace
+
 SDrawingTable ReadDrawingTable(const QString& sPath)
 {
     SDrawingTable table;
@@ -15,13 +31,13 @@ SDrawingTable ReadDrawingTable(const QString& sPath)
         const QString sLine = QString::fromUtf8(file.readLine()).simplified();
         if (sLine.isEmpty() || sLine.startsWith('#'))
             continue;
-        const QStringList words = sLine.split(' ');
-        if (words.size() < 2 || words.size() > 3)
-            return {{}, QString(":%1: expected a name, a source and perhaps a colour").arg(nLine)};
-        if (names.contains(words[0]))
-            return {{}, QString(":%1: %2 stands twice").arg(nLine).arg(words[0])};
-        names.insert(words[0]);
-        table.rows.append({words[0], words[1], words.value(2)});
+        SDrawingRow row;
+        if (!ReadRow(sLine.split(' '), row))
+            return {{}, QString(":%1: expected a name, a source and perhaps a colour or a size").arg(nLine)};
+        if (names.contains(row.sName))
+            return {{}, QString(":%1: %2 stands twice").arg(nLine).arg(row.sName)};
+        names.insert(row.sName);
+        table.rows.append(row);
     }
     return table;
 }

@@ -9,6 +9,7 @@ struct SDrawingRow
     QString sName;   ///< behind the prefix of the resource, for example "save.png"
     QString sSource; ///< NAME for the file NAME.svg
     QString sColor;  ///< "#rrggbb" for a drawing of one colour; empty where the drawing's own count
+    int nSide = 0;   ///< where one image of a size of its own is wanted [pixels]
 };
 
 struct SDrawingTable
@@ -18,7 +19,7 @@ struct SDrawingTable
 };
 
 /**
- * Reads lines of a name, a source and perhaps a colour. Empty lines, and those that begin with #, count for
- * nothing; a name that stands twice is an error.
+ * Reads lines of a name, a source and perhaps a colour or a size, for example "128px". Empty lines, and those
+ * that begin with #, count for nothing; a name that stands twice is an error.
  */
 SDrawingTable ReadDrawingTable(const QString& sPath);

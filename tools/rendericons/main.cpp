@@ -87,6 +87,8 @@ bool WriteVariants(CResourceWriter& writer, const QString& sName, const CSvgPain
 
 bool WriteRow(CResourceWriter& writer, const SDrawingRow& row, const CSvgPainter& painter)
 {
+    if (row.nSide > 0)
+        return writer.Write(row.sName, PngFile(CSvgPainter::Draw(painter.Svg(LightIcons), row.nSide)));
     if (!row.sColor.isEmpty())
         return WritePng(writer, row.sName, painter.Svg(row.sColor), painter.Side());
     return WriteBare(writer, row.sName, painter.Svg(LightIcons), painter.Side()) &&
