@@ -19,6 +19,7 @@ QVector<QWidget*> DocksOf(const IModuleInterface& module)
 
 CDockLogic::CDockLogic(CMainWindow& window)
 {
+    connect(this, &CDockLogic::SignalCloseExcept, &window, &CMainWindow::SignalCloseExcept);
     for (qint32 nId = 0; nId <= CModuleRegistry::HIGHEST_ID; ++nId)
         if (const IModuleInterface* const pModule = CModuleRegistry::Instance().FindById(nId))
             for (QWidget* const pWidget : DocksOf(*pModule))
@@ -30,7 +31,7 @@ void CDockLogic::AddDock(CMainWindow& window, CDockWidget* pDock)
 {
     window.addDockWidget(Qt::RightDockWidgetArea, pDock);
     pDock->hide();
-    connect(pDock, &CDockWidget::SignalCloseExcept, &window, &CMainWindow::SignalCloseExcept);
+    connect(pDock, &CDockWidget::SignalCloseExcept, this, &CDockLogic::SignalCloseExcept);
     connect(&window, &CMainWindow::SignalCloseExcept, pDock, &CDockWidget::SlotCloseExcept);
     connect(&window, &CMainWindow::SignalRefreshDockWidgets, pDock, &CDockWidget::SlotRefreshAll);
     connect(pDock, &CDockWidget::SignalMouseClickReceiver, this, &CDockLogic::SlotMouseClickReceiver);

@@ -19,6 +19,10 @@ public:
     /** Who has taken over the clicks of the views; null for nobody. */
     IMouseClickReceiver* GetMouseClickReceiver() const { return m_pMouseClickReceiver; }
 
+signals:
+    /** A dock has been opened. Blocked while a module shows all of its docks. */
+    void SignalCloseExcept(QWidget* pRequestingWidget);
+
 public slots:
     void SlotMouseClickReceiver(IMouseClickReceiver* pMouseClickReceiver);
 

@@ -182,7 +182,15 @@ void CMainWindow::UpdateActions()
     ForEachModule([&](IModuleInterface& module) { module.UpdateActions(state.nViewId, nSimulationId); });
 }
 
-void CMainWindow::RefreshDocks(qint64, bool, bool) { emit SignalRefreshDockWidgets(); }
+void CMainWindow::RefreshDocks(qint64 nViewId, bool, bool)
+{
+    // Items that an undo step has changed tell nobody.
+    CSimulationManager& manager = CSimulationManager::Instance();
+    for (const qint64 nSimulationId : manager.GetSimulationIds(nViewId))
+        if (CItemPanel* const pPanel = manager.GetItemPanel(nViewId, nSimulationId))
+            pPanel->SlotRefreshAll();
+    emit SignalRefreshDockWidgets();
+}
 
 void CMainWindow::UpdateActiveViewer(qint64)
 {
@@ -223,10 +231,13 @@ void CMainWindow::SlotActiveSimulationChanged()
 {
     const qint64 nViewId = GetActiveViewId();
     m_pTabs->Fill(nViewId);
-    ForEachModule([nViewId](IModuleInterface& module) {
-        module.HideModuleWidgets();
-        module.ShowModuleWidgets(nViewId);
-    });
+    {
+        const QSignalBlocker oneAtATime(m_pDocks.get()); // docks that a module shows don't close each other
+        ForEachModule([nViewId](IModuleInterface& module) {
+            module.HideModuleWidgets();
+            module.ShowModuleWidgets(nViewId);
+        });
+    }
     ShowItemPanel();
     m_pToolBars->ShowActiveSimulation();
     emit SignalActiveSimulationChanged();
@@ -266,6 +277,8 @@ void CMainWindow::SlotUpdatePreferences()
 {
     ApplyTheme();
     ApplyFontIncrement(this);
+    for (CItemPanel* const pPanel : findChildren<CItemPanel*>())
+        pPanel->ApplyFonts();
     m_pViewArea->SetHandleWidth(
         static_cast<int>(Get(CPreferences::Instance(), PreferenceKey::SPLITTER_WIDTH)));
     m_pViewArea->RefreshAll();

@@ -9,7 +9,7 @@ CViewCanvas::CViewCanvas(QWidget* pParent) : QWidget(pParent)
 {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setCursor(QCursor(QPixmap(":/Icons/arrow.png"), 0, 0));
+    setCursor(QCursor(QPixmap(":/Icons/arrow.png"), 4, 2));
 }
 
 void CViewCanvas::paintEvent(QPaintEvent*)
