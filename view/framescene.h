@@ -1,0 +1,64 @@
+#pragma once
+
+#include "scene/displaytype.h"
+
+#include <QMatrix4x4>
+#include <QVector>
+
+#include <array>
+#include <vector>
+
+class IDrawable;
+
+enum FramePass_e { PassAll, PassSelected, PassHighlighted, PASS_COUNT };
+
+/** The drawables of one case, sorted by when they are drawn. */
+struct SCaseScene
+{
+    static constexpr int TYPES = 7;
+    using Bucket = std::vector<IDrawable*>;
+
+    qint64 nSimulationId = -1;
+    bool bDoubleWidth = false;
+    QVector<QMatrix4x4> views; ///< the view matrix with each display transform
+    /** Of the first pass: by shader key (1, 2), opaque or not, display type. */
+    std::array<std::array<std::array<Bucket, TYPES>, 2>, 2> buckets;
+    /** Of the passes in front, by shader key. */
+    std::array<std::array<Bucket, PASS_COUNT>, 2> marked;
+    Bucket visible; ///< all of them
+
+    const Bucket& At(int nKey, bool bOpaque, DisplayType_e eType) const
+    {
+        return buckets[nKey - 1][bOpaque ? 0 : 1][eType];
+    }
+    const Bucket& Marked(int nKey, FramePass_e ePass) const { return marked[nKey - 1][ePass]; }
+};
+
+/** Everything that is visible in a view, sorted once a frame. */
+class CFrameScene
+{
+public:
+    /** @param bSilhouette  selection is shown by the silhouette: nothing is left out of the first pass */
+    CFrameScene(qint64 nViewId, const QMatrix4x4& view, bool bSilhouette);
+
+    const std::vector<SCaseScene>& Cases() const { return m_cases; }
+    bool IsEmpty() const;
+
+    /**
+     * Least and greatest z of all boxes in view coordinates; x > y without any. Positive z is towards the
+     * eye.
+     */
+    QPointF DepthRange() const;
+
+private:
+    void Sort(IDrawable* pDrawable, bool bSilhouette, SCaseScene& scene) const;
+
+    std::vector<SCaseScene> m_cases;
+};
+
+/** Whether the drawable has something to draw inside of the rectangle; a box that isn't known has. */
+bool IsInRectangle(const IDrawable& drawable, const QMatrix4x4& view, double dLeft, double dRight,
+                   double dTop, double dBottom);
+
+/** The eight corners of its box in the coordinates of the matrix; empty while the box isn't known. */
+QVector<QVector3D> BoxCorners(const IDrawable& drawable, const QMatrix4x4& view);

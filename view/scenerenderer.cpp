@@ -1,0 +1,193 @@
+#include "view/scenerenderer.h"
+
+#include "frame/preferences.h"
+#include "scene/drawablemanager.h"
+#include "scene/idrawable.h"
+#include "simulation/simulationmanager.h"
+#include "view/abandonednames.h"
+#include "view/drawcontext.h"
+#include "view/shadermanager.h"
+#include "view/surfaceshaderprogram.h"
+
+#include <QOpenGLContext>
+#include <QOpenGLFramebufferObject>
+#include <QOpenGLFunctions>
+
+namespace {
+
+constexpr DisplayType_e DRAW_ORDER[] = {DisplayNodes,     DisplayVector,  DisplayOutline,
+                                        DisplayWireframe, DisplayContour, DisplayShadedWireframe,
+                                        DisplayShaded};
+constexpr double DEPTH_MARGIN = 0.05; // of the depth of what is shown
+
+QOpenGLFunctions& Gl() { return *QOpenGLContext::currentContext()->functions(); }
+
+} // namespace
+
+CSceneRenderer::CSceneRenderer() = default;
+CSceneRenderer::~CSceneRenderer() = default;
+
+void CSceneRenderer::Initialize()
+{
+    AbandonedNames::Watch();
+    m_colormap.Create();
+    glShadeModel(GL_SMOOTH);
+    Gl().glEnable(GL_DEPTH_TEST);
+    Gl().glEnable(GL_LINE_SMOOTH);
+    glEdgeFlag(GL_FALSE);
+}
+
+void CSceneRenderer::Release()
+{
+    m_pMask.reset();
+    m_colormap.Delete();
+}
+
+void CSceneRenderer::BuildDrawables(const CFrameScene& scene)
+{
+    for (const SCaseScene& one : scene.Cases())
+        for (IDrawable* const pDrawable : one.visible)
+            if (pDrawable->alwaysRebuild() || pDrawable->needsBuild())
+                pDrawable->build();
+}
+
+/** The depth is that of what is shown: a fixed one would cut large cases and blur small ones. */
+QMatrix4x4 CSceneRenderer::Projection(const SFrameSettings& frame, const CFrameScene& scene) const
+{
+    const QPointF depth = scene.DepthRange();
+    double dNear = -1.0, dFar = 1.0;
+    if (depth.x() <= depth.y()) {
+        const double dMargin =
+            std::max((depth.y() - depth.x()) * DEPTH_MARGIN, (frame.dRight - frame.dLeft) * 1e-3);
+        dNear = -depth.y() - dMargin;
+        dFar = -depth.x() + dMargin;
+    }
+    QMatrix4x4 projection;
+    projection.ortho(float(frame.dLeft), float(frame.dRight), float(frame.dBottom), float(frame.dTop),
+                     float(dNear), float(dFar));
+    return projection;
+}
+
+void CSceneRenderer::Render(const SFrameSettings& frame)
+{
+    AbandonedNames::Delete();
+    const bool bSilhouette = CPreferences::Instance().Draw().bHighlightOutline;
+    const CFrameScene scene(frame.nViewId, frame.view, bSilhouette);
+    Gl().glClear(GL_DEPTH_BUFFER_BIT);
+    Gl().glEnable(GL_DEPTH_TEST);
+    Gl().glEnable(GL_BLEND);
+    Gl().glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+    if (frame.bCheckDrawables)
+        BuildDrawables(scene);
+    DrawContext().pColormap = &m_colormap;
+    DrawContext().fLineScale = frame.fScale;
+    glPointSize(CPreferences::Instance().Draw().fPointSize * frame.fScale);
+    const QMatrix4x4 projection = Projection(frame, scene);
+    if (frame.bBoundingBoxes) {
+        DrawBoundingBoxes(scene, projection);
+        return;
+    }
+    for (const int nKey : {CShaderManager::SURFACE, CShaderManager::VECTOR})
+        DrawProgram(nKey, frame, scene, projection);
+    if (bSilhouette)
+        DrawSilhouette(frame, scene, projection);
+}
+
+void CSceneRenderer::DrawProgram(int nKey, const SFrameSettings& frame, const CFrameScene& scene,
+                                 const QMatrix4x4& projection)
+{
+    CSurfaceShaderProgram* const pProgram = CShaderManager::Instance().GetSurfaceProgram(nKey);
+    if (!pProgram || !pProgram->bind())
+        return;
+    m_colormap.Bind();
+    const bool bSilhouette = CPreferences::Instance().Draw().bHighlightOutline;
+    pProgram->Set(UniformProjectionMatrix, projection);
+    pProgram->Set(UniformOutlineSelectMode, bSilhouette ? 1.0F : 0.0F);
+    Gl().glEnable(GL_DEPTH_TEST);
+    DrawPass(*pProgram, scene, frame, PassAll);
+    if (!bSilhouette) {
+        Gl().glDisable(GL_DEPTH_TEST);
+        DrawPass(*pProgram, scene, frame, PassSelected);
+        DrawPass(*pProgram, scene, frame, PassHighlighted);
+    }
+    pProgram->release();
+}
+
+namespace {
+
+/** Draws some drawables of a case with each of its transforms. */
+void DrawBucket(CSurfaceShaderProgram& program, const SCaseScene& scene, const SCaseScene::Bucket& bucket,
+                const SFrameSettings& frame, bool bOverlay)
+{
+    if (bucket.empty())
+        return;
+    SDrawContext& context = DrawContext();
+    context.fLineScale = frame.fScale * (bOverlay && scene.bDoubleWidth ? 2.0F : 1.0F);
+    for (const QMatrix4x4& view : scene.views) {
+        context.view = view;
+        context.normal = view.normalMatrix();
+        program.Set(UniformViewMatrix, view);
+        for (IDrawable* const pDrawable : bucket)
+            if (IsInRectangle(*pDrawable, view, frame.dLeft, frame.dRight, frame.dTop, frame.dBottom))
+                pDrawable->draw(bOverlay);
+    }
+}
+
+} // namespace
+
+void CSceneRenderer::DrawPass(CSurfaceShaderProgram& program, const CFrameScene& scene,
+                              const SFrameSettings& frame, FramePass_e ePass)
+{
+    const int nKey = &program == CShaderManager::Instance().GetSurfaceProgram(CShaderManager::VECTOR)
+                         ? CShaderManager::VECTOR
+                         : CShaderManager::SURFACE;
+    if (ePass != PassAll) {
+        for (const SCaseScene& one : scene.Cases())
+            DrawBucket(program, one, one.Marked(nKey, ePass), frame, true);
+        return;
+    }
+    for (const bool bOpaque : {true, false})
+        for (const DisplayType_e eType : DRAW_ORDER)
+            for (const SCaseScene& one : scene.Cases())
+                DrawBucket(program, one, one.At(nKey, bOpaque, eType), frame, false);
+}
+
+void CSceneRenderer::DrawBoundingBoxes(const CFrameScene& scene, const QMatrix4x4& projection)
+{
+    CSurfaceShaderProgram* const pProgram =
+        CShaderManager::Instance().GetSurfaceProgram(CShaderManager::SURFACE);
+    if (!pProgram || !pProgram->bind())
+        return;
+    constexpr int EDGES[12][2] = {{0, 1}, {2, 3}, {4, 5}, {6, 7}, {0, 2}, {1, 3},
+                                  {4, 6}, {5, 7}, {0, 4}, {1, 5}, {2, 6}, {3, 7}};
+    Gl().glEnable(GL_DEPTH_TEST);
+    glLineWidth(1.0F);
+    pProgram->Set(UniformProjectionMatrix, projection);
+    pProgram->Set(UniformEnableLight, 0.0F);
+    pProgram->Set(UniformColorMap, QVector3D());
+    pProgram->Set(UniformViewMatrix, QMatrix4x4());
+    pProgram->Set(UniformModelMatrix, QMatrix4x4());
+    pProgram->Set(UniformAlphaValue, 1.0F);
+    QMatrix3x3 off;
+    off.fill(0.0F);
+    pProgram->Set(UniformThresholdMatrix, off);
+    pProgram->Set(UniformSelected, 0.0F);
+    pProgram->Set(UniformHighlighted, 0.0F);
+    pProgram->enableAttributeArray(AttributePosition);
+    for (const SCaseScene& one : scene.Cases())
+        for (const QMatrix4x4& view : one.views)
+            for (const IDrawable* const pDrawable : one.visible) {
+                const QVector<QVector3D> corners = BoxCorners(*pDrawable, view);
+                if (corners.isEmpty())
+                    continue;
+                QVector<QVector3D> lines;
+                for (const auto& edge : EDGES)
+                    lines << corners[edge[0]] << corners[edge[1]];
+                pProgram->Set(UniformConstColor, pDrawable->wireframeColor());
+                pProgram->setAttributeArray(AttributePosition, lines.constData());
+                Gl().glDrawArrays(GL_LINES, 0, lines.size());
+            }
+    pProgram->disableAttributeArray(AttributePosition);
+    pProgram->Set(UniformEnableLight, 1.0F);
+    pProgram->release();
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "view/colormaptexture.h"
+#include "view/framescene.h"
+
+#include <QMatrix4x4>
+#include <QRectF>
+#include <QSize>
+
+#include <memory>
+
+class CSurfaceShaderProgram;
+class QOpenGLFramebufferObject;
+
+/** What a frame is drawn with. */
+struct SFrameSettings
+{
+    qint64 nViewId = -1;
+    QMatrix4x4 view;
+    double dLeft = -2.0, dRight = 2.0, dTop = 2.0, dBottom = -2.0; ///< visible rectangle [world units]
+    QSize viewport;                                                ///< [device pixels]
+    bool bBoundingBoxes = false; ///< demoted: the boxes instead of the items
+    bool bCheckDrawables = true; ///< false: only the camera has moved, nothing can need building
+    float fScale = 1.0F;         ///< of lines, points and the silhouette
+};
+
+/**
+ * Draws the cases of a view into the framebuffer that is bound, over what is there: first what has to be
+ * built is built, then follow the passes of the surface and the vector program, then the silhouette of what
+ * is selected. One for each view, used with the view's context current.
+ */
+class CSceneRenderer
+{
+public:
+    CSceneRenderer();
+    ~CSceneRenderer();
+
+    /** Sets the fixed state of the context and makes what the renderer keeps in it. */
+    void Initialize();
+    /** Frees it. */
+    void Release();
+    void Render(const SFrameSettings& frame);
+
+private:
+    void BuildDrawables(const CFrameScene& scene);
+    QMatrix4x4 Projection(const SFrameSettings& frame, const CFrameScene& scene) const;
+    void DrawProgram(int nKey, const SFrameSettings& frame, const CFrameScene& scene,
+                     const QMatrix4x4& projection);
+    void DrawPass(CSurfaceShaderProgram& program, const CFrameScene& scene, const SFrameSettings& frame,
+                  FramePass_e ePass);
+    void DrawBoundingBoxes(const CFrameScene& scene, const QMatrix4x4& projection);
+    // scenerenderer_silhouette.cpp
+    void DrawSilhouette(const SFrameSettings& frame, const CFrameScene& scene, const QMatrix4x4& projection);
+    bool DrawMask(const SFrameSettings& frame, const CFrameScene& scene, const QMatrix4x4& projection);
+
+    CColormapTexture m_colormap;
+    std::unique_ptr<QOpenGLFramebufferObject> m_pMask;
+};
