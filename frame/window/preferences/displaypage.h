@@ -1,0 +1,29 @@
+#pragma once
+
+#include "frame/window/preferences/preferencespage.h"
+
+#include <memory>
+
+namespace Ui {
+class CDisplayPage;
+}
+
+/** "Display": colours, what views show, mouse and keyboard, the look of the program. */
+class CDisplayPage : public CPreferencesPage
+{
+    Q_OBJECT
+
+public:
+    CDisplayPage(CDataPack& pack, QWidget* pParent);
+    ~CDisplayPage() override;
+
+private:
+    void FillLists();
+    void BindColors();
+    void BindViews();
+    void BindInput();
+    void BindProgram();
+    void ResetColors();
+
+    std::unique_ptr<Ui::CDisplayPage> m_pUi;
+};
