@@ -17,6 +17,10 @@ signals:
     /** The user has chosen another colour. */
     void SignalColorChanged(const QColor& color);
 
+protected:
+    /** The exact colour inside of what the style makes of it. */
+    void paintEvent(QPaintEvent* pEvent) override;
+
 private:
     void Ask();
 

@@ -206,6 +206,22 @@ TEST_F(PreferencesDialog, TheWheelTurnsOnlyTheFieldWithTheFocus)
     EXPECT_EQ(turn(), 9);
 }
 
+TEST_F(PreferencesDialog, TabGoesFromTheListOverThePageToTheButtons)
+{
+    CPreferencesDialog dialog;
+    dialog.show();
+    QStringList sNameList;
+    const QWidget* pWidget = Find<QListWidget>(dialog, "m_pListWidget");
+    do {
+        if ((pWidget->focusPolicy() & Qt::TabFocus) && pWidget->isVisible() && pWidget->isEnabled())
+            sNameList.append(pWidget->objectName());
+        pWidget = pWidget->nextInFocusChain();
+    } while (pWidget->objectName() != "m_pListWidget");
+    EXPECT_EQ(sNameList.mid(0, 3), QStringList({"m_pListWidget", "m_pDefaultColormapCB", "m_pBGColorB1"}));
+    EXPECT_EQ(sNameList.mid(sNameList.size() - 4),
+              QStringList({"m_pFlipZoomCB", "m_pOKB", "m_pApplyB", "m_pCancelB"}));
+}
+
 TEST_F(PreferencesDialog, SettingsThatCanNotBeSavedAreToldOnce)
 {
     const QString sFileName = Settings().fileName();

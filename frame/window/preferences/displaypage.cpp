@@ -6,6 +6,9 @@
 
 #include <QtMath>
 
+#include <algorithm>
+#include <numeric>
+
 namespace {
 
 constexpr const SKey<QColor>* COLOR_KEYS[] = {
@@ -31,6 +34,32 @@ CDisplayPage::CDisplayPage(CDataPack& pack, QWidget* pParent)
 }
 
 CDisplayPage::~CDisplayPage() = default;
+
+QVector<int> CDisplayPage::ColumnWidths() const
+{
+    QVector<int> widths;
+    for (int n = 0; n < m_pUi->columnsLayout->count(); ++n)
+        widths.append(m_pUi->columnsLayout->itemAt(n)->minimumSize().width());
+    return widths;
+}
+
+QSize CDisplayPage::minimumSizeHint() const
+{
+    const QVector<int> widths = ColumnWidths();
+    const QMargins margins = m_pUi->columnsLayout->contentsMargins();
+    return {*std::max_element(widths.begin(), widths.end()) + margins.left() + margins.right(),
+            m_pUi->columnsLayout->minimumSize().height()};
+}
+
+void CDisplayPage::resizeEvent(QResizeEvent* pEvent)
+{
+    const QVector<int> widths = ColumnWidths();
+    const QMargins margins = m_pUi->columnsLayout->contentsMargins();
+    const int nNeeded = std::accumulate(widths.begin(), widths.end(), margins.left() + margins.right()) +
+                        m_pUi->columnsLayout->spacing();
+    m_pUi->columnsLayout->setDirection(width() < nNeeded ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    CPreferencesPage::resizeEvent(pEvent);
+}
 
 void CDisplayPage::FillLists()
 {

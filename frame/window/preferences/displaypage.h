@@ -17,7 +17,15 @@ public:
     CDisplayPage(CDataPack& pack, QWidget* pParent);
     ~CDisplayPage() override;
 
+    /** That of the groups below each other. */
+    QSize minimumSizeHint() const override;
+
+protected:
+    /** Two columns where there is room for them, one where the page would have to be moved sideways. */
+    void resizeEvent(QResizeEvent* pEvent) override;
+
 private:
+    QVector<int> ColumnWidths() const;
     void FillLists();
     void BindColors();
     void BindViews();

@@ -2,6 +2,7 @@
 
 #include "frame/applicationinfo.h"
 #include "frame/moduleregistry.h"
+#include "frame/preferencekeys.h"
 #include "frame/preferences.h"
 #include "frame/themeicon.h"
 #include "frame/ui/fontincrement.h"
@@ -29,6 +30,16 @@ QWidget* LastTabStop(const QWidget* pWindow)
     while (pLast != pWindow && !(pLast->focusPolicy() & Qt::TabFocus))
         pLast = pLast->previousInFocusChain();
     return pLast;
+}
+
+/** Makes size hints follow a change of fonts at once; by itself it reaches the outer layouts event by event.
+ */
+void RefreshSizeHints(QWidget* pWidget)
+{
+    for (QWidget* const pChild : pWidget->findChildren<QWidget*>())
+        pChild->updateGeometry();
+    for (QLayout* const pLayout : pWidget->findChildren<QLayout*>())
+        pLayout->invalidate();
 }
 
 } // namespace
@@ -105,6 +116,7 @@ bool CPreferencesDialog::Apply()
     if (!ValidateModules())
         return false;
     CPreferences& preferences = CPreferences::Instance();
+    const qint64 nFormerIncrement = Get(preferences, PreferenceKey::FONT_INCREMENT);
     for (const SModulePage& page : m_modulePages)
         page.pModule->ApplyPreferences(&preferences, page.pPage);
     // Only what was changed here: the modules have just written theirs, and files may have been opened.
@@ -115,6 +127,8 @@ bool CPreferencesDialog::Apply()
     for (CPreferencesPage* const pPage : m_ownPages)
         pPage->Fill();
     ApplyFont();
+    if (Get(preferences, PreferenceKey::FONT_INCREMENT) != nFormerIncrement)
+        resize(size().expandedTo(PreferredSize()));
     emit SignalPreferencesChanged();
     if (!bSaved)
         TellUnsaved();
@@ -154,6 +168,7 @@ void CPreferencesDialog::ApplyFont()
     ApplyFontIncrement(this);
     for (CPreferencesPage* const pPage : m_ownPages)
         AlignFormLabels(pPage);
+    RefreshSizeHints(this);
     QListWidget* const pList = m_pUi->m_pListWidget;
     pList->setFixedWidth(pList->sizeHintForColumn(0) + 2 * pList->frameWidth() + pList->spacing() +
                          pList->verticalScrollBar()->sizeHint().width());

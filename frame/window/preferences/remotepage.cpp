@@ -13,6 +13,7 @@ CRemotePage::CRemotePage(CDataPack& pack, QWidget* pParent)
     : CPreferencesPage(pack, pParent), m_pUi(std::make_unique<Ui::CRemotePage>())
 {
     m_pUi->setupUi(this);
+    m_pUi->m_pComputerTable->horizontalHeader()->setStretchLastSection(false);
     m_pUi->m_pComputerTable->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_pUi->m_pComputerTable->horizontalHeader()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     m_pUi->m_pComputerTable->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
