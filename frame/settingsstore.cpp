@@ -3,10 +3,13 @@
 #include "frame/messagesink.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QRandomGenerator>
 #include <QSettings>
+#include <QThread>
 
 namespace {
 
@@ -18,15 +21,23 @@ constexpr const char* VARIABLE_LOCATION_KEY = "variable/position";
 constexpr const char* VARIABLE_USED_KEY = "variable/usedvar%1";
 
 constexpr int LOCK_WAIT = 1000;  // [ms] that a save waits for another instance
+constexpr int LOCK_PAUSE = 10;   // [ms] at most between two tries
 constexpr int LOCK_STALE = 5000; // [ms] after which a lock is left over: nobody holds one for so long
 
 void Log(const QString& sText) { CMessageSink::Instance().Log("Settings: " + sText); }
 
-/** Takes the lock of that name, if it can be had soon. */
+/** Takes the lock if it can be had soon. Not QLockFile's own wait: its pauses grow, and others go ahead. */
 bool TryLock(QLockFile& lock)
 {
     lock.setStaleLockTime(LOCK_STALE);
-    return lock.tryLock(LOCK_WAIT);
+    QElapsedTimer timer;
+    timer.start();
+    while (!lock.tryLock(0)) {
+        if (lock.error() != QLockFile::LockFailedError || timer.hasExpired(LOCK_WAIT))
+            return false;
+        QThread::msleep(QRandomGenerator::global()->bounded(1, LOCK_PAUSE));
+    }
+    return true;
 }
 
 QVector<SStoredVariable> ReadVariables(const QSettings& settings)
