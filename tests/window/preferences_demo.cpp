@@ -46,7 +46,7 @@ int main(int argc, char** argv)
     Set(preferences, PreferenceKey::REMOTE_NAME, 2, "A workstation with a rather long name of its own");
     Set(preferences, PreferenceKey::REMOTE_AUTHENTICATION, 2, 1);
     Set(preferences, PreferenceKey::FONT_INCREMENT, sArgumentList.value(2).toInt());
-    if (QFile sheet(sArgumentList.value(3)); sheet.open(QIODevice::ReadOnly))
+    if (QFile sheet(sArgumentList.value(3)); sArgumentList.size() > 3 && sheet.open(QIODevice::ReadOnly))
         application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
     CPreferencesDialog dialog;
     dialog.findChild<QListWidget*>("m_pListWidget")->setCurrentRow(sArgumentList.value(1).toInt());

@@ -95,6 +95,9 @@ int CPreferencesDialog::AddPage(const QString& sTitle, QWidget* pPage)
     pArea->setFocusPolicy(Qt::NoFocus);
     pArea->setWidgetResizable(true);
     pArea->setWidget(pPage);
+    // The dialog's own background shows through, so that the sheets of themes need no rule for this.
+    pArea->viewport()->setAutoFillBackground(false);
+    pPage->setAutoFillBackground(false);
     new QListWidgetItem(ThemeIcon(PAGE_ICON), sTitle, m_pUi->m_pListWidget);
     return m_pUi->m_pStack->addWidget(pArea);
 }
