@@ -48,7 +48,7 @@ constexpr Qt::MouseButton LEFT = Qt::LeftButton;
 constexpr Qt::MouseButton MIDDLE = Qt::MiddleButton;
 constexpr Qt::MouseButton RIGHT = Qt::RightButton;
 
-constexpr CKeyList STEP_KEYS(CTRL, int(Qt::Key_PageUp), int(Qt::Key_PageDown));
+constexpr CKeyList STEP_KEYS(CTRL, Qt::Key_PageUp, Qt::Key_PageDown);
 constexpr int OPTION_KEY = 0x10000E1; // of remote controls and some keyboards
 
 using Each = std::array<SAccelerator, KEY_PRESET_COUNT>;
@@ -56,15 +56,15 @@ using Each = std::array<SAccelerator, KEY_PRESET_COUNT>;
 // The order of the rows is MouseAction_e. Of the presets, "Fast" has the drag and the click of Ctrl + Left
 // for two actions, and in "Tecplot" a plain left drag rotates, so that a box takes Ctrl there.
 constexpr SActionRow ACTION_ROWS[] = {
-    {"Toggle Hover", Key(int(Qt::Key_Space))},
-    {"Zoom In", Each{Key(int(Qt::Key_Plus)), Key(int(Qt::Key_Plus)), Key(int(Qt::Key_Plus)),
-                     Key(int(Qt::Key_Plus)), Drag(MIDDLE, {}, {}, DragUp)}},
-    {"Zoom Out", Each{Key(int(Qt::Key_Minus)), Key(int(Qt::Key_Minus)), Key(int(Qt::Key_Minus)),
-                      Key(int(Qt::Key_Minus)), Drag(MIDDLE, {}, {}, DragDown)}},
+    {"Toggle Hover", Key(Qt::Key_Space)},
+    {"Zoom In", Each{Key(Qt::Key_Plus), Key(Qt::Key_Plus), Key(Qt::Key_Plus), Key(Qt::Key_Plus),
+                     Drag(MIDDLE, {}, {}, DragUp)}},
+    {"Zoom Out", Each{Key(Qt::Key_Minus), Key(Qt::Key_Minus), Key(Qt::Key_Minus), Key(Qt::Key_Minus),
+                      Drag(MIDDLE, {}, {}, DragDown)}},
     {"Panning", Each{Drag(RIGHT, SHIFT), Drag(LEFT), Drag(LEFT), Drag(RIGHT), Drag(RIGHT)}},
     {"Rotate", Each{Drag(RIGHT, CTRL), Drag(MIDDLE), Drag(LEFT, CTRL), Drag(LEFT), Drag(LEFT)}},
     {"Change Axis", Each{Click(RIGHT, {CTRL, SHIFT}), Click(RIGHT, {CTRL, SHIFT}), Click(LEFT, CTRL),
-                         Click(LEFT, CTRL), Key(int(Qt::Key_O))}},
+                         Click(LEFT, CTRL), Key(Qt::Key_O)}},
     {"Select On Box", Each{Drag(LEFT, {}, CTRL), Drag(LEFT, ALT, CTRL), Drag(RIGHT, {}, CTRL),
                            Drag(RIGHT, ALT, CTRL), Drag(LEFT, CTRL)}},
     {"Select In Box", Each{Drag(LEFT, SHIFT, CTRL), Drag(LEFT, {ALT, SHIFT}, CTRL), Drag(RIGHT, SHIFT, CTRL),
@@ -75,26 +75,25 @@ constexpr SActionRow ACTION_ROWS[] = {
     {"Select", Each{Click(LEFT, {}, CTRL), Click(LEFT, {}, CTRL), Click(RIGHT, {}, CTRL),
                     Click(LEFT, {}, CTRL), Click(LEFT, {}, CTRL)}},
     {"Popup Menu", Each{Click(RIGHT), Click(RIGHT), Click(RIGHT, ALT), Click(RIGHT), Click(RIGHT)}},
-    {"Zoom To Fit",
-     Each{Click(MIDDLE), Click(MIDDLE), Click(MIDDLE), Click(MIDDLE), Key({CTRL, int(Qt::Key_F)})}},
-    {"Zoom To Selection", Key({SHIFT, int(Qt::Key_F2)})},
-    {"Reset View", Key({OPTION_KEY, int(Qt::Key_R)})},
+    {"Zoom To Fit", Each{Click(MIDDLE), Click(MIDDLE), Click(MIDDLE), Click(MIDDLE), Key({CTRL, Qt::Key_F})}},
+    {"Zoom To Selection", Key({SHIFT, Qt::Key_F2})},
+    {"Reset View", Key({OPTION_KEY, Qt::Key_R})},
     {"Point Information", Key(ALT)},
     {"Rotate Around Screen",
      Each{Drag(MIDDLE, CTRL), Drag(MIDDLE, CTRL), Drag(MIDDLE, CTRL), Drag(LEFT, CTRL), Drag(MIDDLE, CTRL)}},
-    {"Rotate Screen X", Key(int(Qt::Key_7), STEP_KEYS)},
-    {"Rotate Screen Y", Key(int(Qt::Key_8), STEP_KEYS)},
-    {"Rotate Screen Z", Key(int(Qt::Key_9), STEP_KEYS)},
-    {"Panning Left", Key({CTRL, int(Qt::Key_Left)})},
-    {"Panning Right", Key({CTRL, int(Qt::Key_Right)})},
-    {"Panning Up", Key({CTRL, int(Qt::Key_Up)})},
-    {"Panning Down", Key({CTRL, int(Qt::Key_Down)})},
-    {"Rotate Left", Key({CTRL, SHIFT, int(Qt::Key_Left)})},
-    {"Rotate Right", Key({CTRL, SHIFT, int(Qt::Key_Right)})},
-    {"Rotate Up", Key({CTRL, SHIFT, int(Qt::Key_Up)})},
-    {"Rotate Down", Key({CTRL, SHIFT, int(Qt::Key_Down)})},
+    {"Rotate Screen X", Key(Qt::Key_7, STEP_KEYS)},
+    {"Rotate Screen Y", Key(Qt::Key_8, STEP_KEYS)},
+    {"Rotate Screen Z", Key(Qt::Key_9, STEP_KEYS)},
+    {"Panning Left", Key({CTRL, Qt::Key_Left})},
+    {"Panning Right", Key({CTRL, Qt::Key_Right})},
+    {"Panning Up", Key({CTRL, Qt::Key_Up})},
+    {"Panning Down", Key({CTRL, Qt::Key_Down})},
+    {"Rotate Left", Key({CTRL, SHIFT, Qt::Key_Left})},
+    {"Rotate Right", Key({CTRL, SHIFT, Qt::Key_Right})},
+    {"Rotate Up", Key({CTRL, SHIFT, Qt::Key_Up})},
+    {"Rotate Down", Key({CTRL, SHIFT, Qt::Key_Down})},
     {"Measure Distance", Click(LEFT, ALT)},
-    {"Focus Rotation", Key(int(Qt::Key_F))},
+    {"Focus Rotation", Key(Qt::Key_F)},
 };
 static_assert(std::size(ACTION_ROWS) == MOUSE_ACTION_COUNT);
 

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <array>
+#include <concepts>
 
 /** What mouse and keyboard do in a view. The values are the rows of the accelerator table. */
 enum MouseAction_e {
@@ -51,7 +52,9 @@ enum DragMode_e {
 class CKeyList
 {
 public:
-    template <class... Keys> constexpr CKeyList(Keys... keys) : m_keys{keys...}, m_nCount(sizeof...(keys)) {}
+    template <std::convertible_to<int>... Keys>
+    constexpr CKeyList(Keys... keys) : m_keys{int(keys)...}, m_nCount(sizeof...(keys))
+    {}
 
     constexpr const int* begin() const { return m_keys.data(); }
     constexpr const int* end() const { return m_keys.data() + m_nCount; }
