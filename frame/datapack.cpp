@@ -1,13 +1,11 @@
-#include "frame/datapack.h"
+#include "frame/datapack_tables.h"
 
 #include "frame/packpath.h"
 #include "frame/packtext.h"
 
 #include <algorithm>
 
-// Values compare exactly: Qt's own comparison of real points allows for rounding.
-template <class T> static bool AreEqual(const T& a, const T& b) { return a == b; }
-static bool AreEqual(const QPointF& a, const QPointF& b) { return a.x() == b.x() && a.y() == b.y(); }
+using PackTableDetail::AreEqual;
 
 CDataPack::CDataPack(bool bTextMode) : m_bTextMode(bTextMode) {}
 
@@ -81,36 +79,7 @@ void CDataPack::AdoptChildren()
     }
 }
 
-// Tables
-
-template <class T> int CDataPack::STable<T>::IndexOf(QStringView sKey) const
-{
-    for (int n = 0; n < keys.size(); ++n)
-        if (keys[n] == sKey)
-            return n;
-    return -1;
-}
-
-template <class T> void CDataPack::STable<T>::Store(QStringView sKey, const T& value)
-{
-    const int nIndex = IndexOf(sKey);
-    if (nIndex < 0) {
-        keys.append(sKey.toString());
-        values.append(value);
-    } else { // g++ 12 takes an assignment to values[nIndex] for an overflow
-        values.removeAt(nIndex);
-        values.insert(nIndex, value);
-    }
-}
-
-template <class T> void CDataPack::STable<T>::Remove(QStringView sKey)
-{
-    const int nIndex = IndexOf(sKey);
-    if (nIndex < 0)
-        return;
-    keys.removeAt(nIndex);
-    values.removeAt(nIndex);
-}
+// Values
 
 template <class T> T CDataPack::ReadPlain(QStringView sKey, const T& defaultValue) const
 {

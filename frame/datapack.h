@@ -143,6 +143,13 @@ public:
     void ClampIVector(const QString& sPath, const IVector3D& min, const IVector3D& max,
                       const IVector3D& defaultValue);
 
+    /**
+     * Makes the changes that led from one pack to another here too: each key, whole subtrees included, that
+     * changed differs from base in gets its value of changed or goes, all others stay as they are here. Both
+     * packs and this one are expected in the same text mode.
+     */
+    void MergeChanges(const CDataPack& base, const CDataPack& changed);
+
     /** Whether the last typed write changed what a read with the same default gives; true in a new pack. */
     bool LastSetChanged() const { return m_bLastSetChanged; }
     bool TextMode() const { return m_bTextMode; }
@@ -156,6 +163,7 @@ private:
         int IndexOf(QStringView sKey) const;
         void Store(QStringView sKey, const T& value);
         void Remove(QStringView sKey);
+        void Merge(const STable& base, const STable& changed);
     };
     // In the order of the wire format. A type names its table: std::get<STable<double>>(m_tables).
     using Tables = std::tuple<STable<QString>, STable<double>, STable<qint64>, STable<bool>, STable<QPoint>,
@@ -179,6 +187,7 @@ private:
     int ChildIndex(QStringView sName) const;
     int FindOrAddChild(QStringView sName);
     void RemoveChild(int nIndex);
+    void MergeChild(const QString& sName, const CDataPack& base, const CDataPack& changed);
     /** The pack at the path ("": this one), null if there is none. */
     const CDataPack* FindPack(QStringView sPath) const;
     /**

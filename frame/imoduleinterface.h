@@ -51,8 +51,12 @@ public:
 
     /** A page for the preferences dialog, owned by pParent; null for none. */
     virtual QWidget* CreatePreferencesWidget(QWidget* pParent) = 0;
+    /** False keeps the dialog open, with the page in front; the module has said why. pPage null: no page. */
     virtual bool ValidatePreferences(QWidget* pPage) = 0;
-    /** Writes the page's settings into the pack; nothing for a null page. */
+    /**
+     * Writes the page's settings into the pack; nothing for a null page. What the user has changed on other
+     * pages isn't there yet, and Apply and Save follow.
+     */
     virtual void ApplyPreferences(CPreferences* pPreferences, QWidget* pPage) = 0;
 
     /** The command-line run, with all arguments of the process; gives its exit status. */

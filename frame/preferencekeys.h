@@ -47,7 +47,8 @@ inline constexpr SKey<qint64> DEFAULT_FACE{"Data.DefaultFace", 4};              
 inline constexpr SKey<qint64> THEME{"GUI.Theme", 0};                  // index of the style sheet
 inline constexpr SKey<qint64> SPLITTER_WIDTH{"GUI.SplitterWidth", 2}; // [pixels]
 
-inline const SKey<QStringList> RECENT_FILES{"IO.RecentFiles", {}}; // newest first, at most 10
+inline const SKey<QStringList> RECENT_FILES{"IO.RecentFiles", {}}; // newest first
+inline constexpr int RECENT_FILES_LIMIT = 10;                      // entries that the list has at most
 inline constexpr SKey<const char*> RECENT_DIRECTORY{"IO.RecentDirectory", ""};
 
 /** The remote computers; the ids are the child names of this sub-pack. */

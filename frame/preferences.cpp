@@ -3,20 +3,10 @@
 #include "frame/memorymanager.h"
 #include "frame/messagesink.h"
 #include "frame/preferencekeys.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QSettings>
+#include "frame/preferenceranges.h"
+#include "frame/settingsstore.h"
 
 namespace {
-
-constexpr const char* DATA_KEY = "data";
-constexpr const char* VARIABLE_ID_KEY = "variable/id";
-constexpr const char* VARIABLE_NAME_KEY = "variable/name";
-constexpr const char* VARIABLE_FORMULA_KEY = "variable/formula";
-constexpr const char* VARIABLE_LOCATION_KEY = "variable/position";
-constexpr const char* VARIABLE_USED_KEY = "variable/usedvar%1";
 
 QBrush BackgroundBrush(const QVector<QColor>& colors)
 {
@@ -58,53 +48,6 @@ SDrawPreferences ReadDrawPreferences(const CDataPack& pack)
     return draw;
 }
 
-QVector<SStoredVariable> ReadVariables(const QSettings& settings)
-{
-    const QVariantList ids = settings.value(VARIABLE_ID_KEY).toList();
-    const QStringList sNameList = settings.value(VARIABLE_NAME_KEY).toStringList();
-    const QStringList sFormulaList = settings.value(VARIABLE_FORMULA_KEY).toStringList();
-    const QVariantList locations = settings.value(VARIABLE_LOCATION_KEY).toList();
-    const int nCount = std::min({ids.size(), sNameList.size(), sFormulaList.size(), locations.size()});
-    if (nCount != ids.size())
-        CMessageSink::Instance().Log(
-            QString("Settings: only %1 of %2 stored variables are complete").arg(nCount).arg(ids.size()));
-    QVector<SStoredVariable> variables;
-    for (int n = 0; n < nCount; ++n)
-        variables.append({ids[n].toLongLong(), sNameList[n], sFormulaList[n], locations[n].toLongLong(),
-                          settings.value(QString(VARIABLE_USED_KEY).arg(n)).toStringList()});
-    return variables;
-}
-
-void WriteVariables(QSettings& settings, const QVector<SStoredVariable>& variables)
-{
-    QVariantList ids, locations;
-    QStringList sNameList, sFormulaList;
-    settings.remove("variable"); // no lists of variables that are gone
-    for (const SStoredVariable& variable : variables) {
-        settings.setValue(QString(VARIABLE_USED_KEY).arg(ids.size()), variable.sUsedNameList);
-        ids.append(variable.nId);
-        sNameList.append(variable.sName);
-        sFormulaList.append(variable.sFormula);
-        locations.append(variable.nLocation);
-    }
-    if (ids.isEmpty())
-        return;
-    settings.setValue(VARIABLE_ID_KEY, ids);
-    settings.setValue(VARIABLE_NAME_KEY, sNameList);
-    settings.setValue(VARIABLE_FORMULA_KEY, sFormulaList);
-    settings.setValue(VARIABLE_LOCATION_KEY, locations);
-}
-
-/** The settings hold passwords: makes the file the owner's alone before a word is written to it. */
-void RestrictToOwner(const QString& sFileName)
-{
-    QDir().mkpath(QFileInfo(sFileName).path());
-    QFile file(sFileName);
-    if (!file.exists() && file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        file.close();
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-}
-
 } // namespace
 
 CPreferences& CPreferences::Instance()
@@ -117,28 +60,51 @@ CPreferences::CPreferences() : m_draw(ReadDrawPreferences(*this)) {}
 
 void CPreferences::Load(const QString& sOrganisation, const QString& sApplication)
 {
-    const QSettings settings(QSettings::UserScope, sOrganisation, sApplication);
-    if (settings.status() != QSettings::NoError)
-        CMessageSink::Instance().Log(QString("Settings: %1 can't be read whole").arg(settings.fileName()));
-    if (!FromBytes(settings.value(DATA_KEY, ToBytes()).toByteArray(), -1.0))
-        CMessageSink::Instance().Log(
-            QString("Settings: %1 is damaged; what could be read was kept").arg(settings.fileName()));
-    m_storedVariables = ReadVariables(settings);
+    const SStoredSettings stored = CSettingsStore(sOrganisation, sApplication).Read();
+    if (stored.eState != StoreEmpty)
+        Assign(stored.content.pack);
+    m_storedVariables = stored.content.variables;
     Apply();
+    m_saved = {stored.content.pack, m_storedVariables};
+    // What was out of range is no change of the user: the store keeps it until there is one.
+    BringIntoRange(m_saved.pack);
 }
 
-bool CPreferences::Save(const QString& sOrganisation, const QString& sApplication) const
+bool CPreferences::Save(const QString& sOrganisation, const QString& sApplication)
 {
-    QSettings settings(QSettings::UserScope, sOrganisation, sApplication);
-    RestrictToOwner(settings.fileName());
-    settings.setValue(DATA_KEY, ToBytes());
-    WriteVariables(settings, m_storedVariables);
-    settings.sync();
-    return settings.status() == QSettings::NoError;
+    const SSettings own = Content();
+    SSettings merged;
+    const bool bWritten =
+        CSettingsStore(sOrganisation, sApplication).Update([&](const SStoredSettings& stored) {
+            merged = MergeSettings(stored.eState == StoreWhole ? stored.content : Repaired(stored.content),
+                                   m_saved, own);
+            return merged;
+        });
+    if (!bWritten)
+        return false;
+    Set(*this, PreferenceKey::RECENT_FILES, Get(merged.pack, PreferenceKey::RECENT_FILES));
+    ReplaceSubPack(*this, PreferenceKey::REMOTE_PACK, merged.pack.GetSubPack(PreferenceKey::REMOTE_PACK));
+    BringIntoRange(*this);
+    m_storedVariables = merged.variables;
+    m_saved = Content();
+    return true;
+}
+
+SSettings CPreferences::Content() const { return {*this, m_storedVariables}; }
+
+/** What is left of a store that was lost or damaged, with what this instance knows of it from before. */
+SSettings CPreferences::Repaired(SSettings stored) const
+{
+    stored.pack.MergeChanges(CDataPack(), m_saved.pack);
+    if (stored.variables.isEmpty())
+        stored.variables = m_saved.variables;
+    return stored;
 }
 
 void CPreferences::Apply()
 {
+    for (const QString& sPath : BringIntoRange(*this))
+        CMessageSink::Instance().Log(QString("Settings: %1 was out of range").arg(sPath));
     m_draw = ReadDrawPreferences(*this);
     CMessageSink::Instance().SetDebugLevel(Get(*this, PreferenceKey::DEBUG_LEVEL));
     CMemoryManager::Instance().SetLimit(Get(*this, PreferenceKey::MEMORY_LIMIT));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/datapack.h"
+#include "frame/settingsmerge.h"
 
 #include <QBrush>
 
@@ -31,18 +31,6 @@ struct SDrawPreferences
     QBrush background;                ///< made of the first three, in object-bounding mode
 };
 
-/** A formula of the user that is made again in every case that has its inputs. */
-struct SStoredVariable
-{
-    qint64 nId = -1;
-    QString sName;
-    QString sFormula;
-    qint64 nLocation = 0;      ///< 1 node, 2 cell centre, 0 constant
-    QStringList sUsedNameList; ///< names of the variables that the formula refers to
-
-    friend bool operator==(const SStoredVariable&, const SStoredVariable&) = default;
-};
-
 /**
  * The settings of the user (frame/preferencekeys.h), kept as one pack under one key of the settings
  * store, and the user's variables beside it. Written on the main thread; the draw settings are plain
@@ -56,15 +44,25 @@ public:
     CPreferences();
 
     /**
-     * Reads the settings of that organisation and application. What can't be read has its default (the
-     * message sink says so), what this version doesn't know is kept.
+     * Reads the settings of that organisation and application. What can't be read and what is out of range
+     * has its default (the message sink says so), what this version doesn't know is kept.
      */
     void Load(const QString& sOrganisation, const QString& sApplication);
 
-    /** Writes them; the file can be read by its owner alone. False if the store can't be written. */
-    bool Save(const QString& sOrganisation, const QString& sApplication) const;
+    /**
+     * Writes what has changed here since the last Load or Save into what the store holds now, so that several
+     * instances of the program can share it (see MergeSettings). Recent files, remote computers and user
+     * variables of other instances come in here too.
+     *
+     * @return false if the store can't be written: nothing has changed here then, and the next Save tries
+     *         again. Never waits for more than a few seconds.
+     */
+    bool Save(const QString& sOrganisation, const QString& sApplication);
 
-    /** Takes over changed keys: the draw settings, the memory limit and the level of the message sink. */
+    /**
+     * Takes over changed keys: brings them into range, then sets the draw settings, the memory limit and the
+     * level of the message sink.
+     */
     void Apply();
 
     const SDrawPreferences& Draw() const { return m_draw; }
@@ -73,6 +71,10 @@ public:
     void SetStoredVariables(const QVector<SStoredVariable>& variables) { m_storedVariables = variables; }
 
 private:
+    SSettings Content() const;
+    SSettings Repaired(SSettings stored) const;
+
     SDrawPreferences m_draw;
     QVector<SStoredVariable> m_storedVariables;
+    SSettings m_saved; // as the last Load or Save left them
 };
