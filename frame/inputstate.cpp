@@ -123,7 +123,7 @@ bool Matches(const SAccelerator& accelerator, const SInputState& state)
 
 MouseAction_e FindAction(qint64 nPreset, const SInputState& state)
 {
-    MouseAction_e eBest = ActionNone;
+    MouseAction_e eBest = MouseNone;
     int nBestRequired = -1;
     for (int nAction = 0; nAction < MOUSE_ACTION_COUNT; ++nAction) {
         const SAccelerator& accelerator = GetAccelerator(nPreset, nAction);
@@ -137,5 +137,5 @@ MouseAction_e FindAction(qint64 nPreset, const SInputState& state)
 
 bool IsActionActive(qint64 nPreset, MouseAction_e eAction, const SInputState& state)
 {
-    return eAction != ActionNone && FindAction(nPreset, state) == eAction;
+    return eAction != MouseNone && FindAction(nPreset, state) == eAction;
 }

@@ -51,7 +51,7 @@ private:
 bool Matches(const SAccelerator& accelerator, const SInputState& state);
 
 /**
- * The one action that the state stands for in a preset, ActionNone for none. While something is held, this
+ * The one action that the state stands for in a preset, MouseNone for none. While something is held, this
  * is the action in progress; with the state at a release, what the release completes: a click acts then. With
  * the state after a key press, it is what the key means.
  *

@@ -11,6 +11,7 @@
 #include "frame/window/filecommands.h"
 #include "frame/window/helpcommands.h"
 #include "frame/window/mirrortoolbar.h"
+#include "frame/window/preferences/preferencesdialog.h"
 #include "frame/window/selectioncommands.h"
 #include "frame/window/simulationtabs.h"
 #include "frame/window/startuptimings.h"
@@ -271,7 +272,13 @@ void CMainWindow::SlotSimulationNameChanged(qlonglong)
     UpdateActions();
 }
 
-void CMainWindow::SlotPreferences() {}
+void CMainWindow::SlotPreferences()
+{
+    CPreferencesDialog dialog(this);
+    connect(&dialog, &CPreferencesDialog::SignalPreferencesChanged, this,
+            &CMainWindow::SlotUpdatePreferences);
+    dialog.exec();
+}
 
 void CMainWindow::SlotUpdatePreferences()
 {

@@ -93,26 +93,26 @@ TEST(Accelerators, WhereRowsMeetTheRulingsDecide)
         MouseAction_e eExpected;
     };
     const SCase cases[] = {
-        {Fast, Gesture(Qt::LeftButton, STILL, Qt::ControlModifier), ActionChangeAxis},
-        {Fast, Gesture(Qt::LeftButton, LEVEL, Qt::ControlModifier), ActionRotateAroundScreen},
-        {Tecplot, Gesture(Qt::LeftButton, LEVEL), ActionRotate},
-        {Tecplot, Gesture(Qt::LeftButton, UP, Qt::ControlModifier), ActionSelectOnBox},
-        {Fieldview, Gesture(Qt::LeftButton, UP, Qt::ControlModifier | Qt::AltModifier), ActionZoomBox2},
-        {Fieldview, Gesture(Qt::LeftButton, UP, Qt::AltModifier), ActionSelectOnBox},
-        {Fieldview, Gesture(Qt::LeftButton, STILL, Qt::AltModifier), ActionMeasureDistance},
-        {Gridgen, Gesture(Qt::LeftButton, STILL, Qt::ControlModifier), ActionChangeAxis},
-        {Gridgen, Gesture(Qt::LeftButton, DOWN, Qt::ControlModifier), ActionRotate},
-        {Tecplot, Gesture(Qt::MiddleButton, UP), ActionZoomIn},
-        {Tecplot, Gesture(Qt::MiddleButton, DOWN), ActionZoomOut},
-        {Tecplot, Gesture(Qt::MiddleButton, LEVEL), ActionNone},
-        {Tecplot, KeyDown(Qt::Key_F, Qt::ControlModifier), ActionZoomToFit},
-        {Tecplot, KeyDown(Qt::Key_F), ActionFocusRotation},
-        {Pointwise, Gesture(Qt::LeftButton, LEVEL, Qt::ControlModifier), ActionSelectOnBox},
-        {Pointwise, Gesture(Qt::LeftButton, STILL, Qt::ShiftModifier), ActionNone},
-        {Pointwise, KeyDown(Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier), ActionRotateLeft},
-        {Pointwise, KeyDown(Qt::Key_Plus, Qt::ShiftModifier), ActionZoomIn},
-        {Pointwise, KeyDown(Qt::Key_Plus, Qt::ControlModifier), ActionNone},
-        {Pointwise, KeyDown(Qt::Key_F, Qt::ShiftModifier), ActionNone},
+        {Fast, Gesture(Qt::LeftButton, STILL, Qt::ControlModifier), MouseChangeAxis},
+        {Fast, Gesture(Qt::LeftButton, LEVEL, Qt::ControlModifier), MouseRotateAroundScreen},
+        {Tecplot, Gesture(Qt::LeftButton, LEVEL), MouseRotate},
+        {Tecplot, Gesture(Qt::LeftButton, UP, Qt::ControlModifier), MouseSelectOnBox},
+        {Fieldview, Gesture(Qt::LeftButton, UP, Qt::ControlModifier | Qt::AltModifier), MouseZoomBox2},
+        {Fieldview, Gesture(Qt::LeftButton, UP, Qt::AltModifier), MouseSelectOnBox},
+        {Fieldview, Gesture(Qt::LeftButton, STILL, Qt::AltModifier), MouseMeasureDistance},
+        {Gridgen, Gesture(Qt::LeftButton, STILL, Qt::ControlModifier), MouseChangeAxis},
+        {Gridgen, Gesture(Qt::LeftButton, DOWN, Qt::ControlModifier), MouseRotate},
+        {Tecplot, Gesture(Qt::MiddleButton, UP), MouseZoomIn},
+        {Tecplot, Gesture(Qt::MiddleButton, DOWN), MouseZoomOut},
+        {Tecplot, Gesture(Qt::MiddleButton, LEVEL), MouseNone},
+        {Tecplot, KeyDown(Qt::Key_F, Qt::ControlModifier), MouseZoomToFit},
+        {Tecplot, KeyDown(Qt::Key_F), MouseFocusRotation},
+        {Pointwise, Gesture(Qt::LeftButton, LEVEL, Qt::ControlModifier), MouseSelectOnBox},
+        {Pointwise, Gesture(Qt::LeftButton, STILL, Qt::ShiftModifier), MouseNone},
+        {Pointwise, KeyDown(Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier), MouseRotateLeft},
+        {Pointwise, KeyDown(Qt::Key_Plus, Qt::ShiftModifier), MouseZoomIn},
+        {Pointwise, KeyDown(Qt::Key_Plus, Qt::ControlModifier), MouseNone},
+        {Pointwise, KeyDown(Qt::Key_F, Qt::ShiftModifier), MouseNone},
     };
     for (const SCase& each : cases)
         EXPECT_EQ(FindAction(each.ePreset, each.state), each.eExpected)
@@ -128,19 +128,19 @@ TEST(Accelerators, AClickIsOneOnReleaseUnlessThePointerWentMoreThanThreePixels)
             tracker.MovePointer(QPoint(10, 10) + step);
         return FindAction(Pointwise, tracker.ReleaseButton(Qt::LeftButton));
     };
-    EXPECT_EQ(Released({}), ActionSelect);
-    EXPECT_EQ(Released({{0, 3}}), ActionSelect);
-    EXPECT_EQ(Released({{3, 1}}), ActionSelectOnBox);
-    EXPECT_EQ(Released({{0, 4}, {0, 0}}), ActionSelectOnBox) << "back at the start it is still a drag";
+    EXPECT_EQ(Released({}), MouseSelect);
+    EXPECT_EQ(Released({{0, 3}}), MouseSelect);
+    EXPECT_EQ(Released({{3, 1}}), MouseSelectOnBox);
+    EXPECT_EQ(Released({{0, 4}, {0, 0}}), MouseSelectOnBox) << "back at the start it is still a drag";
 
     CInputTracker tracker;
     tracker.PressButton(Qt::LeftButton, {});
     tracker.PressButton(Qt::RightButton, {});
-    EXPECT_EQ(FindAction(Pointwise, tracker.ReleaseButton(Qt::RightButton)), ActionNone);
-    EXPECT_EQ(FindAction(Pointwise, tracker.ReleaseButton(Qt::LeftButton)), ActionNone)
+    EXPECT_EQ(FindAction(Pointwise, tracker.ReleaseButton(Qt::RightButton)), MouseNone);
+    EXPECT_EQ(FindAction(Pointwise, tracker.ReleaseButton(Qt::LeftButton)), MouseNone)
         << "the end of two buttons is no click";
     tracker.PressButton(Qt::LeftButton, {});
-    EXPECT_EQ(FindAction(Pointwise, tracker.ReleaseButton(Qt::LeftButton)), ActionSelect);
+    EXPECT_EQ(FindAction(Pointwise, tracker.ReleaseButton(Qt::LeftButton)), MouseSelect);
 }
 
 TEST(Accelerators, TheTextNamesKeysButtonsAndDrag)
@@ -148,14 +148,14 @@ TEST(Accelerators, TheTextNamesKeysButtonsAndDrag)
     const auto Text = [](Preset_e ePreset, MouseAction_e eAction) {
         return GetAcceleratorText(GetAccelerator(ePreset, eAction));
     };
-    EXPECT_EQ(Text(Pointwise, ActionPopupMenu), "Right Mouse Button");
-    EXPECT_EQ(Text(Pointwise, ActionChangeAxis), "Ctrl + Shift + Right Mouse Button");
-    EXPECT_EQ(Text(Pointwise, ActionSelectInBox), "(Ctrl) Shift + Left Mouse Button + Drag");
-    EXPECT_EQ(Text(Pointwise, ActionSelect), "(Ctrl) Left Mouse Button");
-    EXPECT_EQ(Text(Tecplot, ActionZoomIn), "Middle Mouse Button + Drag Up");
-    EXPECT_EQ(Text(Tecplot, ActionZoomToFit), "Ctrl + F");
-    EXPECT_EQ(Text(Tecplot, ActionRotateScreenX), "(Ctrl) (PgUp) (PgDown) 7");
-    EXPECT_EQ(Text(Pointwise, ActionPointInformation), "Alt");
-    EXPECT_EQ(GetAcceleratorText(GetAccelerator(17, ActionPanning)), Text(Pointwise, ActionPanning));
+    EXPECT_EQ(Text(Pointwise, MousePopupMenu), "Right Mouse Button");
+    EXPECT_EQ(Text(Pointwise, MouseChangeAxis), "Ctrl + Shift + Right Mouse Button");
+    EXPECT_EQ(Text(Pointwise, MouseSelectInBox), "(Ctrl) Shift + Left Mouse Button + Drag");
+    EXPECT_EQ(Text(Pointwise, MouseSelect), "(Ctrl) Left Mouse Button");
+    EXPECT_EQ(Text(Tecplot, MouseZoomIn), "Middle Mouse Button + Drag Up");
+    EXPECT_EQ(Text(Tecplot, MouseZoomToFit), "Ctrl + F");
+    EXPECT_EQ(Text(Tecplot, MouseRotateScreenX), "(Ctrl) (PgUp) (PgDown) 7");
+    EXPECT_EQ(Text(Pointwise, MousePointInformation), "Alt");
+    EXPECT_EQ(GetAcceleratorText(GetAccelerator(17, MousePanning)), Text(Pointwise, MousePanning));
     EXPECT_FALSE(Matches(GetAccelerator(0, MOUSE_ACTION_COUNT), SInputState()));
 }
