@@ -87,6 +87,13 @@ public:
     virtual void pointInformation(SPickedPoint& point) const = 0;
     /** The tree of all that can be picked, built at its first use after the geometry has changed. */
     virtual CGLTree& pickTree() = 0;
+    /**
+     * All that is known of a corner of a pick item: place, index, value, texts, item.
+     *
+     * @param nPosition  place in the array of positions that the tree stands over
+     * @return without a point where there is no such place
+     */
+    virtual SPickedPoint pickedPoint(qint64) const { return {}; }
 
     virtual SMeshStatistics meshStatistics() const = 0;
     virtual QString description() const = 0;

@@ -30,6 +30,7 @@ public:
     SPickedPoint maximumRecord() const override { return m_maximum; }
     void pointInformation(SPickedPoint& point) const override;
     CGLTree& pickTree() override;
+    SPickedPoint pickedPoint(qint64 nElement) const override;
     int shaderKey() const override;
     SMeshStatistics meshStatistics() const override;
 
@@ -48,6 +49,8 @@ protected:
     virtual bool ReadPositions(std::span<DVector3D> positions) = 0;
     /** Values of a variable; what has none is NO_VALUE. False if there are no data. */
     virtual bool ReadValues(qint64 nVariableId, std::span<double> values) = 0;
+    /** The same of one element, in full precision; for picking. */
+    virtual double ReadValue(qint64 nVariableId, qint64 nElement) const = 0;
     virtual bool ReadVectors(qint64 nVariableId, std::span<DVector3D> vectors) = 0;
     /** 1.0 for live elements; false if the block has no blanking. */
     virtual bool ReadMask(std::span<double> mask) = 0;
@@ -67,7 +70,10 @@ private:
     void BuildContourLines();
     void RecordExtremes(std::span<const double> values);
     void Clear();
+    void MeasureBounds();
+    // surface_pick.cpp
     void ForgetPickTree();
+    void FillPickTree(CGLTree& tree) const;
     bool NeedsNormals() const;
     bool IsHole(qint64 nElement) const;
 

@@ -36,6 +36,7 @@ void CSurface::build()
 
 void CSurface::Clear()
 {
+    ForgetPickTree(); // it looks into the positions
     m_size = {};
     m_positions.clear();
     m_normals.clear();
@@ -63,14 +64,19 @@ void CSurface::BuildGeometry()
         for (std::size_t n = 0; n < mask.size(); ++n)
             m_holes[n] = mask[n] != 1.0; // NaN is a hole too
     }
-    for (qint64 n = 0; n < m_size.Count(); ++n)
-        if (!IsHole(n))
-            AddToBounds(m_positions[n]);
+    MeasureBounds();
     if (NeedsNormals()) {
         m_normals.resize(3 * m_size.Count());
         SurfaceArrays::BuildNormals(m_size, m_positions, m_normals);
     }
-    ForgetPickTree();
+}
+
+void CSurface::MeasureBounds()
+{
+    ResetBounds();
+    for (qint64 n = 0; n < m_size.Count(); ++n)
+        if (!IsHole(n))
+            AddToBounds(m_positions[n]);
 }
 
 bool CSurface::IsHole(qint64 nElement) const { return showHoles() && !m_holes.empty() && m_holes[nElement]; }
@@ -128,6 +134,8 @@ void CSurface::BuildThresholds()
     m_bThresholdsValid = true;
     m_bStale[StaleThresholds] = true;
     m_thresholds.clear();
+    if (!m_holes.empty())
+        MeasureBounds(); // holes that come on show count, those that go don't
     m_bMaskThere = showHoles() && !m_holes.empty();
     std::vector<double> values(m_size.Count(), NO_VALUE);
     m_bThresholdThere =

@@ -154,6 +154,14 @@ bool CSurfaceDrawable::ReadValues(qint64 nVariableId, std::span<double> values)
     return true;
 }
 
+double CSurfaceDrawable::ReadValue(qint64 nVariableId, qint64 nElement) const
+{
+    const auto pField = CSolutionManager::Instance().GetSolution(nVariableId, simulationId(), blockId(),
+                                                                 ANY_SUB_ID, m_dTimeCode);
+    const IVector3D ijk = m_built.AddressOf(nElement);
+    return pField && pField->GetShape().Contains(ijk) ? pField->GetValue(ijk) : NO_VALUE;
+}
+
 bool CSurfaceDrawable::ReadVectors(qint64 nVariableId, std::span<DVector3D> vectors)
 {
     const auto pField = CSolutionManager::Instance().GetSolution(nVariableId, simulationId(), blockId(),

@@ -46,6 +46,7 @@ protected:
     SSurfaceSize ReadSize() override;
     bool ReadPositions(std::span<DVector3D> positions) override;
     bool ReadValues(qint64 nVariableId, std::span<double> values) override;
+    double ReadValue(qint64 nVariableId, qint64 nElement) const override;
     bool ReadVectors(qint64 nVariableId, std::span<DVector3D> vectors) override;
     bool ReadMask(std::span<double> mask) override;
     IVector3D AddressOf(qint64 nElement) const override { return m_built.AddressOf(nElement); }

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "scene/displaytype.h"
+#include "scene/pickedpoint.h"
+#include "view/pick/gltree.h"
+
+#include <QVector>
+
+class IDrawable;
+class ISelectable;
+
+/** What of a view is picked. */
+struct SPickArea
+{
+    qint64 nViewId = -1;
+    DMatrix4x4 view; ///< world to view
+    SPickRect rect;  ///< in view coordinates [world units]
+};
+
+/** A point that was picked, and what it belongs to. */
+struct SPointPick
+{
+    SPickedPoint point;             ///< xyz in the coordinates of the block; without a point if there is none
+    DVector3D displayed;            ///< where it is seen: after model matrix, mirror and sectors
+    IDrawable* pDrawable = nullptr; ///< null without a point
+};
+
+/**
+ * What lies in a rectangle of a view. All visible drawables of the view's simulations are asked, through
+ * every display transform of the pair (mirror, sectors); a preview is passed over. Whether items of blanked
+ * cells count is the drawable's choice: they do while it doesn't show its holes. Main thread only.
+ */
+namespace ViewPicker {
+
+/** The kinds of pick items that a display type lets the user hit, as a mask. */
+int PickKinds(DisplayType_e eType);
+
+/** Whether no part of the drawable can be seen in the rectangle. It looks at the box alone, builds no tree.
+ */
+bool MissesBox(const SPickArea& area, const IDrawable& drawable);
+
+/** The selectables with a drawable that is hit, each once, in the order of drawables. */
+QVector<ISelectable*> Hits(const SPickArea& area);
+
+/**
+ * Those that lie wholly in the rectangle: hits that aren't hit in the rectangles that surround it.
+ *
+ * @param whole  what the view shows; where it ends at the rectangle there is no surrounding one
+ */
+QVector<ISelectable*> HitsInside(const SPickArea& area, const SPickRect& whole);
+
+/**
+ * The first point in the rectangle. What is hovered, or stands below what is hovered, goes ahead of all else.
+ */
+SPointPick FirstPoint(const SPickArea& area);
+
+} // namespace ViewPicker
