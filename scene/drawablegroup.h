@@ -20,66 +20,66 @@ public:
     {
         return Common([](const IDrawable& drawable) { return int(drawable.displayType()); }, -1);
     }
-    void setDisplayType(DisplayType_e eType) { Set(&IDrawable::setDisplayType, eType); }
+    void setDisplayType(DisplayType_e eType) { SetAll(&IDrawable::setDisplayType, eType); }
 
     // Visibility and what is drawn.
-    void setNodeVisible(bool bValue) { Set(&IDrawable::setNodeVisible, bValue); }
+    void setNodeVisible(bool bValue) { SetAll(&IDrawable::setNodeVisible, bValue); }
     bool nodeVisible() const { return Common(&IDrawable::nodeVisible, bool(false)); }
-    void setDisplayOnNodes(bool bValue) { Set(&IDrawable::setDisplayOnNodes, bValue); }
+    void setDisplayOnNodes(bool bValue) { SetAll(&IDrawable::setDisplayOnNodes, bValue); }
     bool displayOnNodes() const { return Common(&IDrawable::displayOnNodes, bool(false)); }
-    void setShowHoles(bool bValue) { Set(&IDrawable::setShowHoles, bValue); }
+    void setShowHoles(bool bValue) { SetAll(&IDrawable::setShowHoles, bValue); }
     bool showHoles() const { return Common(&IDrawable::showHoles, bool(false)); }
-    void setDrawContours(bool bValue) { Set(&IDrawable::setDrawContours, bValue); }
+    void setDrawContours(bool bValue) { SetAll(&IDrawable::setDrawContours, bValue); }
     bool drawContours() const { return Common(&IDrawable::drawContours, bool(false)); }
-    void setContourCount(qint64 nValue) { Set(&IDrawable::setContourCount, nValue); }
+    void setContourCount(qint64 nValue) { SetAll(&IDrawable::setContourCount, nValue); }
     qint64 contourCount() const { return Common(&IDrawable::contourCount, qint64(-1)); }
 
     // Colours.
-    void setGeometricColor(bool bValue) { Set(&IDrawable::setGeometricColor, bValue); }
+    void setGeometricColor(bool bValue) { SetAll(&IDrawable::setGeometricColor, bValue); }
     bool geometricColor() const { return Common(&IDrawable::geometricColor, bool(false)); }
-    void setShadeColor(const QColor& value) { Set(&IDrawable::setShadeColor, value); }
+    void setShadeColor(const QColor& value) { SetAll(&IDrawable::setShadeColor, value); }
     QColor shadeColor() const { return Common(&IDrawable::shadeColor, QColor()); }
-    void setWireframeColor(const QColor& value) { Set(&IDrawable::setWireframeColor, value); }
+    void setWireframeColor(const QColor& value) { SetAll(&IDrawable::setWireframeColor, value); }
     QColor wireframeColor() const { return Common(&IDrawable::wireframeColor, QColor()); }
-    void setLineThickness(double dValue) { Set(&IDrawable::setLineThickness, dValue); }
+    void setLineThickness(double dValue) { SetAll(&IDrawable::setLineThickness, dValue); }
     double lineThickness() const { return Common(&IDrawable::lineThickness, double(NO_VALUE)); }
-    void setAlphaValue(double dValue) { Set(&IDrawable::setAlphaValue, dValue); }
+    void setAlphaValue(double dValue) { SetAll(&IDrawable::setAlphaValue, dValue); }
     double alphaValue() const { return Common(&IDrawable::alphaValue, double(NO_VALUE)); }
 
     // Variables.
-    void setScalarVariable(qint64 nValue) { Set(&IDrawable::setScalarVariable, nValue); }
+    void setScalarVariable(qint64 nValue) { SetAll(&IDrawable::setScalarVariable, nValue); }
     qint64 scalarVariable() const { return Common(&IDrawable::scalarVariable, qint64(-1)); }
-    void setVectorVariable(qint64 nValue) { Set(&IDrawable::setVectorVariable, nValue); }
+    void setVectorVariable(qint64 nValue) { SetAll(&IDrawable::setVectorVariable, nValue); }
     qint64 vectorVariable() const { return Common(&IDrawable::vectorVariable, qint64(-1)); }
-    void setThresholdVariable(qint64 nValue) { Set(&IDrawable::setThresholdVariable, nValue); }
+    void setThresholdVariable(qint64 nValue) { SetAll(&IDrawable::setThresholdVariable, nValue); }
     qint64 thresholdVariable() const { return Common(&IDrawable::thresholdVariable, qint64(-1)); }
-    void setThresholdEnable(bool bValue) { Set(&IDrawable::setThresholdEnable, bValue); }
+    void setThresholdEnable(bool bValue) { SetAll(&IDrawable::setThresholdEnable, bValue); }
     bool thresholdEnable() const { return Common(&IDrawable::thresholdEnable, bool(false)); }
-    void setThresholdRange(const QPointF& value) { Set(&IDrawable::setThresholdRange, value); }
+    void setThresholdRange(const QPointF& value) { SetAll(&IDrawable::setThresholdRange, value); }
     QPointF thresholdRange() const { return Common(&IDrawable::thresholdRange, QPointF(1.0, 0.0)); }
 
     // Vectors.
-    void setVectorPlane(qint64 nValue) { Set(&IDrawable::setVectorPlane, nValue); }
+    void setVectorPlane(qint64 nValue) { SetAll(&IDrawable::setVectorPlane, nValue); }
     qint64 vectorPlane() const { return Common(&IDrawable::vectorPlane, qint64(-1)); }
-    void setVectorSkip(qint64 nValue) { Set(&IDrawable::setVectorSkip, nValue); }
+    void setVectorSkip(qint64 nValue) { SetAll(&IDrawable::setVectorSkip, nValue); }
     qint64 vectorSkip() const { return Common(&IDrawable::vectorSkip, qint64(-1)); }
-    void setVectorHeadScale(double dValue) { Set(&IDrawable::setVectorHeadScale, dValue); }
+    void setVectorHeadScale(double dValue) { SetAll(&IDrawable::setVectorHeadScale, dValue); }
     double vectorHeadScale() const { return Common(&IDrawable::vectorHeadScale, double(NO_VALUE)); }
-    void setVectorBodyScale(double dValue) { Set(&IDrawable::setVectorBodyScale, dValue); }
+    void setVectorBodyScale(double dValue) { SetAll(&IDrawable::setVectorBodyScale, dValue); }
     double vectorBodyScale() const { return Common(&IDrawable::vectorBodyScale, double(NO_VALUE)); }
 
     // The second copy.
-    void setExtended(bool bValue) { Set(&IDrawable::setExtended, bValue); }
+    void setExtended(bool bValue) { SetAll(&IDrawable::setExtended, bValue); }
     bool isExtended() const { return Common(&IDrawable::isExtended, bool(false)); }
-    void setExtensionMatrix(const QMatrix4x4& value) { Set(&IDrawable::setExtensionMatrix, value); }
+    void setExtensionMatrix(const QMatrix4x4& value) { SetAll(&IDrawable::setExtensionMatrix, value); }
     QMatrix4x4 extensionMatrix() const { return Common(&IDrawable::extensionMatrix, QMatrix4x4()); }
 
     // The colormap.
-    void setColormap(const SColormapRecord& value) { Set(&IDrawable::setColormap, value); }
+    void setColormap(const SColormapRecord& value) { SetAll(&IDrawable::setColormap, value); }
     SColormapRecord colormap() const { return Common(&IDrawable::colormap, SColormapRecord()); }
-    void setColormapType(qint32 nValue) { Set(&IDrawable::setColormapType, nValue); }
+    void setColormapType(qint32 nValue) { SetAll(&IDrawable::setColormapType, nValue); }
     qint32 colormapType() const { return Common(&IDrawable::colormapType, qint32(-1)); }
-    void setColormapBindToLocal(bool bValue) { Set(&IDrawable::setColormapBindToLocal, bValue); }
+    void setColormapBindToLocal(bool bValue) { SetAll(&IDrawable::setColormapBindToLocal, bValue); }
     bool colormapBindToLocal() const { return Common(&IDrawable::colormapBindToLocal, bool(false)); }
     void setColormapValues(double dMinimum, double dMaximum)
     {
@@ -111,7 +111,7 @@ protected:
     QVector<IDrawable*> m_drawables; // owned by the derived class
 
 private:
-    template <class Setter, class Value> void Set(Setter setter, const Value& value)
+    template <class Setter, class Value> void SetAll(Setter setter, const Value& value)
     {
         for (IDrawable* const pDrawable : m_drawables)
             (pDrawable->*setter)(value);

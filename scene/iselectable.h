@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/valuerange.h"
 #include "frame/datapack.h"
 #include "scene/drawablegroup.h"
 #include "scene/selectablekind.h"
@@ -69,6 +70,15 @@ public:
     virtual bool isSelected() const = 0;
     virtual void setVisible(bool bVisible) = 0;
     virtual bool isVisible() const = 0;
+
+    // Analysis. Each "can" holds where the kind offers it and the case has the data for it.
+    /** Least and greatest value of a variable over the item at the time on show; empty without data. */
+    virtual SValueRange rangeOfVariable(qint64) const { return {}; }
+    virtual bool CanCalculatePlaneIntersection() const { return false; }
+    virtual bool CanCalculateISOSurface() const { return false; }
+    virtual bool CanCalculateScalarExtreme() const { return false; }
+    virtual bool CanIntegrateScalar() const { return false; }
+    virtual bool CanIntegrateForce() const { return false; }
 
     /** 1: drawn as a line (the item's grid is two-dimensional), 2: as a surface. */
     virtual void setDimension(int nDimension) = 0;

@@ -11,6 +11,7 @@
 #include "frame/window/mainwindow.h"
 #include "frame/window/startuptimings.h"
 #include "simulation/simulationcases.h"
+#include "view/selectables/selectablefactory.h"
 
 #include <QApplication>
 #include <QSurfaceFormat>
@@ -81,6 +82,7 @@ int RunModule(const QString& sModule, QApplication& application, int argc, char*
 int Run(const SCommandLine& commandLine, QApplication& application, int argc, char** argv)
 {
     const CSimulationCases cases;
+    const CSelectableFactory selectables;
     try {
         if (commandLine.eMode == SCommandLine::RunModule)
             return RunModule(commandLine.sModule, application, argc, argv);

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "view/selectables/selectable.h"
+
+/**
+ * An item of the case that isn't a surface. A block (KindBlock) is shown by faces, one drawable each: those
+ * of the preference "Data.DefaultFace" at first, those of the stored state afterwards. Items of other types
+ * have no drawables and stand in the item panel alone.
+ */
+class CItemSelectable : public CSelectable
+{
+    Q_OBJECT
+
+public:
+    CItemSelectable(const CItem& item, qint64 nViewId);
+
+    /** With "surfaces": the blocks of the surfaces under this one, in the order of the tree. */
+    QJsonObject toJsonBlock() const override;
+    /** Entry n of "surfaces" goes to the n-th surface; who reads a file makes missing ones before. */
+    bool fromJsonBlock(const QJsonObject& block) override;
+
+protected:
+    void PrepareDrawables(qint64 nCount) override;
+
+private:
+    void AddFace(const IVector3D& dimensions, int nFace);
+    QVector<ISelectable*> Surfaces() const;
+};

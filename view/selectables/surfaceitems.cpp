@@ -1,0 +1,75 @@
+#include "view/selectables/surfaceitems.h"
+
+#include "scene/selectablekind.h"
+#include "simulation/isimulation.h"
+#include "simulation/item.h"
+#include "simulation/surfacekeys.h"
+
+namespace {
+constexpr int FACE_COUNT = 6;
+constexpr int USUAL_FACE = 4;
+} // namespace
+
+SSurfacePlane PlaneOf(const CDataPack& item)
+{
+    SSurfacePlane plane;
+    const qint64 nDirection = Get(item, SurfaceKey::DIRECTION);
+    if (nDirection >= 0 && nDirection <= 2)
+        plane.nDirection = int(nDirection);
+    plane.constants = Get(item, SurfaceKey::CONSTANTS);
+    plane.start = Get(item, SurfaceKey::START);
+    plane.end = Get(item, SurfaceKey::END);
+    return plane;
+}
+
+void SetPlane(CDataPack& item, const SSurfacePlane& plane)
+{
+    Set(item, SurfaceKey::DIRECTION, plane.nDirection);
+    Set(item, SurfaceKey::CONSTANTS, plane.constants);
+    Set(item, SurfaceKey::START, plane.start);
+    Set(item, SurfaceKey::END, plane.end);
+}
+
+SSurfacePlane InsideBlock(const SSurfacePlane& plane, const IVector3D& dimensions)
+{
+    SSurfacePlane inside = plane;
+    for (int nAxis = 0; nAxis < 3; ++nAxis) {
+        const qint64 nLast = std::max<qint64>(dimensions[nAxis], 1);
+        inside.constants[nAxis] = std::clamp<qint64>(plane.constants[nAxis], 1, nLast);
+        inside.end[nAxis] = std::clamp<qint64>(plane.end[nAxis], 1, nLast);
+        inside.start[nAxis] = std::clamp<qint64>(plane.start[nAxis], 1, inside.end[nAxis]);
+    }
+    return inside;
+}
+
+QVector<int> FacesToShow(const IVector3D& dimensions, qint64 nDefaultFace)
+{
+    for (int nAxis = 0; nAxis < 3; ++nAxis)
+        if (dimensions[nAxis] == 1)
+            return {2 * nAxis}; // all its other faces are lines
+    if (nDefaultFace == FACE_COUNT)
+        return {0, 1, 2, 3, 4, 5};
+    return {nDefaultFace >= 0 && nDefaultFace < FACE_COUNT ? int(nDefaultFace) : USUAL_FACE};
+}
+
+void ApplyFirstDisplay(IDrawable& drawable)
+{
+    drawable.setDisplayType(DisplayShaded);
+    drawable.setDrawOutlines(true); // so that blocks stand apart, and lines are seen at all
+}
+
+CItem* CreateSurfaceItem(ISimulation& simulation, qint64 nBlockId, const SSurfacePlane& plane)
+{
+    const CItem* const pBlock = simulation.GetItem(nBlockId);
+    if (!pBlock)
+        return nullptr;
+    const SSurfacePlane inside = InsideBlock(plane, pBlock->GetSize());
+    CItem* const pItem = simulation.CreateItem(KindSurface, 0, true, simulation.GetItemCount(), NO_ID, 0);
+    if (!pItem)
+        return nullptr;
+    SetPlane(*pItem, inside);
+    pItem->SetName("Surface", 0);
+    pItem->SetParentId(nBlockId, true);
+    pItem->CreateSelectable(-1);
+    return pItem;
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "view/surfacedrawable.h"
+
+class CDataPack;
+class CItem;
+class ISimulation;
+
+/** The plane that an item keeps in its pack (simulation/surfacekeys.h); a direction that isn't one is K. */
+SSurfacePlane PlaneOf(const CDataPack& item);
+void SetPlane(CDataPack& item, const SSurfacePlane& plane);
+
+/** The plane of the same direction inside a block, its begin not behind its end. */
+SSurfacePlane InsideBlock(const SSurfacePlane& plane, const IVector3D& dimensions);
+
+/**
+ * The faces by which a block is shown at first, numbered as FacePlane does.
+ *
+ * @param nDefaultFace  0 to 5 a face, 6 all; anything else is the usual one, K min
+ * @return the one plane of a block that is one point thick, whatever the default
+ */
+QVector<int> FacesToShow(const IVector3D& dimensions, qint64 nDefaultFace);
+
+/** How an item looks when it comes into a view: shaded, with its outline, in its own colour. */
+void ApplyFirstDisplay(IDrawable& drawable);
+
+/**
+ * A new item of the type KindSurface under the block, with its selectables in all views of the case. The
+ * undo bracket is the caller's.
+ *
+ * @return null if there is no such block, or if the case doesn't make surfaces
+ */
+CItem* CreateSurfaceItem(ISimulation& simulation, qint64 nBlockId, const SSurfacePlane& plane);
