@@ -83,8 +83,7 @@ void CMultipleHandleSlider::PaintHandle(QPainter& painter, int nHandle) const
     const bool bLit = isEnabled() && (nHandle == m_nHovered || nHandle == m_nDragged);
     const QPainterPath path = HandlePath(nHandle);
     if (bFocus) {
-        painter.setPen(
-            QPen(Color(QPalette::Link), 2.0 * MARGIN, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setPen(QPen(Color(QPalette::Link), 2.0 * MARGIN, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter.setBrush(Qt::NoBrush);
         painter.drawPath(path);
     }
