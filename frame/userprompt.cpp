@@ -38,6 +38,11 @@ QColor UserPrompt::AskColor(const QString& sTitle, const QColor& start)
     return s_pPrompt ? s_pPrompt->AskColor(sTitle, start) : QColor();
 }
 
+std::optional<QFont> UserPrompt::AskFont(const QString& sTitle, const QFont& start)
+{
+    return s_pPrompt ? s_pPrompt->AskFont(sTitle, start) : std::nullopt;
+}
+
 bool UserPrompt::Tell(PromptKind_e eKind, const QString& sTitle, const QString& sText)
 {
     Ask({eKind, sTitle, sText});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QString>
 #include <QStringList>
 
@@ -66,6 +67,8 @@ public:
     virtual std::optional<double> AskNumber(const SNumberPrompt& prompt) = 0;
     /** @param start  the colour to start from; the answer is invalid if the user cancelled */
     virtual QColor AskColor(const QString& sTitle, const QColor& start) = 0;
+    /** Nothing if the user cancelled. */
+    virtual std::optional<QFont> AskFont(const QString& sTitle, const QFont& start) = 0;
 };
 
 /**
@@ -91,6 +94,9 @@ std::optional<double> AskNumber(const SNumberPrompt& prompt);
 
 /** Asks for a colour. Without a user it is invalid. */
 QColor AskColor(const QString& sTitle, const QColor& start);
+
+/** Asks for a font. Without a user there is none. */
+std::optional<QFont> AskFont(const QString& sTitle, const QFont& start);
 
 /** A message with an "Ok" button. Always false, so that a failing function can end with it. */
 bool Tell(PromptKind_e eKind, const QString& sTitle, const QString& sText);

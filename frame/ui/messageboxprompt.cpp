@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -69,5 +70,14 @@ std::optional<double> CMessageBoxPrompt::AskNumber(const SNumberPrompt& prompt)
 
 QColor CMessageBoxPrompt::AskColor(const QString& sTitle, const QColor& start)
 {
-    return QColorDialog::getColor(start, QApplication::activeWindow(), sTitle);
+    return QColorDialog::getColor(start, QApplication::activeWindow(), sTitle,
+                                  QColorDialog::DontUseNativeDialog);
+}
+
+std::optional<QFont> CMessageBoxPrompt::AskFont(const QString& sTitle, const QFont& start)
+{
+    bool bAccepted = false;
+    const QFont font = QFontDialog::getFont(&bAccepted, start, QApplication::activeWindow(), sTitle,
+                                            QFontDialog::DontUseNativeDialog);
+    return bAccepted ? std::optional(font) : std::nullopt;
 }

@@ -11,4 +11,5 @@ public:
     int AskChoice(const SChoicePrompt& prompt) override;
     std::optional<double> AskNumber(const SNumberPrompt& prompt) override;
     QColor AskColor(const QString& sTitle, const QColor& start) override;
+    std::optional<QFont> AskFont(const QString& sTitle, const QFont& start) override;
 };

@@ -34,7 +34,8 @@ CPromptScript::~CPromptScript()
     EXPECT_TRUE(m_buttons.empty()) << "never asked: " << m_buttons.front().toStdString();
     EXPECT_TRUE(m_files.empty()) << "never asked for: " << m_files.front().toStdString();
     EXPECT_TRUE(m_entries.empty()) << "never offered: " << m_entries.front().toStdString();
-    EXPECT_TRUE(m_numbers.empty() && m_colors.empty()) << "a number or colour was never asked for";
+    EXPECT_TRUE(m_numbers.empty() && m_colors.empty() && m_fonts.empty())
+        << "a number, colour or font was never asked for";
 }
 
 void CPromptScript::Press(const QString& sButton) { m_buttons.push_back(sButton); }
@@ -42,6 +43,7 @@ void CPromptScript::ChooseFile(const QString& sFileName) { m_files.push_back(sFi
 void CPromptScript::ChooseEntry(const QString& sEntry) { m_entries.push_back(sEntry); }
 void CPromptScript::EnterNumber(std::optional<double> number) { m_numbers.push_back(number); }
 void CPromptScript::ChooseColor(const QColor& color) { m_colors.push_back(color); }
+void CPromptScript::ChooseFont(std::optional<QFont> font) { m_fonts.push_back(font); }
 
 int CPromptScript::Ask(const SPrompt& prompt)
 {
@@ -74,4 +76,9 @@ std::optional<double> CPromptScript::AskNumber(const SNumberPrompt& prompt)
 QColor CPromptScript::AskColor(const QString& sTitle, const QColor&)
 {
     return NextAnswer(m_colors, sTitle, {});
+}
+
+std::optional<QFont> CPromptScript::AskFont(const QString& sTitle, const QFont&)
+{
+    return NextAnswer(m_fonts, sTitle, {});
 }

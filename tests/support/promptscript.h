@@ -32,6 +32,8 @@ public:
     void EnterNumber(std::optional<double> number);
     /** The next question for a colour is answered with it; an invalid one is a cancel. */
     void ChooseColor(const QColor& color);
+    /** The next question for a font is answered with it, none is a cancel. */
+    void ChooseFont(std::optional<QFont> font);
 
     const QVector<SPrompt>& Asked() const { return m_asked; }
     const QVector<SFilePrompt>& AskedFiles() const { return m_askedFiles; }
@@ -43,6 +45,7 @@ public:
     int AskChoice(const SChoicePrompt& prompt) override;
     std::optional<double> AskNumber(const SNumberPrompt& prompt) override;
     QColor AskColor(const QString& sTitle, const QColor& start) override;
+    std::optional<QFont> AskFont(const QString& sTitle, const QFont& start) override;
 
 private:
     IUserPrompt* m_pFormer;
@@ -51,6 +54,7 @@ private:
     std::deque<QString> m_entries;
     std::deque<std::optional<double>> m_numbers;
     std::deque<QColor> m_colors;
+    std::deque<std::optional<QFont>> m_fonts;
     QVector<SPrompt> m_asked;
     QVector<SFilePrompt> m_askedFiles;
     QVector<SChoicePrompt> m_askedChoices;
