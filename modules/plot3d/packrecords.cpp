@@ -102,20 +102,26 @@ bool ReadKey(const QByteArray& key, qint64& nModuleId, SKeyFiles& files)
 
 } // namespace
 
-void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DCase& examined)
+void WriteFileNames(CDataPack& pack, const CCaseRecords& records)
 {
     const QString sDirectory = QFileInfo(records.grid.FileName()).absolutePath();
     Set(pack, SimulationKey::DIRECTORY, sDirectory);
     Set(pack, Plot3DKey::GRID_FILE, StoredName(records.grid.FileName(), sDirectory));
     Set(pack, Plot3DKey::Q_FILE, StoredName(records.q.FileName(), sDirectory));
-    Set(pack, Plot3DKey::GRID_FILES, StoredNames(examined.grid, sDirectory));
-    Set(pack, Plot3DKey::Q_FILES, StoredNames(records.q.Series(records.bReadTransient), sDirectory));
     QStringList sFunctionList;
     for (const CFileRecord& function : records.functions)
         sFunctionList.append(StoredName(function.FileName(), sDirectory));
     Set(pack, Plot3DKey::FUNCTION_FILES, sFunctionList);
     Set(pack, Plot3DKey::GRID_BLOCKS, StoredBlocks(records.grid.Blocks(), records.grid.BlockCount()));
     Set(pack, Plot3DKey::IS_READ_TRANSIENT, records.bReadTransient);
+}
+
+void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DCase& examined)
+{
+    WriteFileNames(pack, records);
+    const QString sDirectory = Get(pack, SimulationKey::DIRECTORY);
+    Set(pack, Plot3DKey::GRID_FILES, StoredNames(examined.grid, sDirectory));
+    Set(pack, Plot3DKey::Q_FILES, StoredNames(records.q.Series(records.bReadTransient), sDirectory));
     WriteVariables(pack, records, examined);
     Set(pack, Plot3DKey::FREE_STREAM_MACH, examined.dFreeStreamMach);
     Set(pack, Plot3DKey::ANGLE_OF_ATTACK, examined.dAngleOfAttack);

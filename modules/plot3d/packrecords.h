@@ -4,7 +4,10 @@
 
 // How the files of a case stand in the simulation's pack.
 
-/** Writes the keys of the files, of their variables and of the free stream. */
+/** Writes the keys that name the files and what of them is chosen: those of the data file key. */
+void WriteFileNames(CDataPack& pack, const CCaseRecords& records);
+
+/** The same with the keys of levels, variables and free stream. */
 void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DCase& examined);
 
 /**
