@@ -5,32 +5,40 @@
 #include "data/io/solutionio.h"
 #include "data/solutionmanager.h"
 #include "data/variables/variablemanager.h"
-#include "frame/novalue.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
+
+#include <numeric>
+#include <set>
 
 namespace {
 
 constexpr int HOLE_INDEX = 3; // variable of a grid file read as fields
 
-QStringList VariableNames(const SPlot3DFile& file, qint64 nFunctionFile)
+bool IsCoordinates(const SPlot3DFile& file) { return file.eKind == KindXyz || file.eKind == KindXyzb; }
+
+/** The names given, then "F1.2" for the second variable of the first file. */
+QStringList FunctionNames(const QStringList& sGiven, int nFunctionFile, int nCount)
 {
-    switch (file.eKind) {
-    case KindQ:
-        return file.layout.bIs3D ? QStringList{"R", "RU", "RV", "RW", "RE"}
-                                 : QStringList{"R", "RU", "RV", "RE"};
-    case KindXyz:
-    case KindXyzb:
-        return {"X", "Y", "Z", "Hole"};
-    case KindFunction:
-        break;
-    default:
-        return {};
+    QStringList sNameList = sGiven.mid(0, nCount);
+    for (int n = 0; n < nCount; ++n) {
+        if (n == sNameList.size())
+            sNameList.append(QString());
+        if (sNameList[n].isEmpty())
+            sNameList[n] = QString("F%1.%2").arg(nFunctionFile).arg(n + 1);
     }
+    return sNameList;
+}
+
+QStringList VariableNames(const SPlot3DFile& file, bool bHole)
+{
     QStringList sNameList;
-    for (int n = 0; n < VariableCount(file); ++n)
-        sNameList << QString("F%1.%2").arg(nFunctionFile).arg(n + 1);
+    if (file.eKind == KindQ)
+        sNameList =
+            file.layout.bIs3D ? QStringList{"R", "RU", "RV", "RW", "RE"} : QStringList{"R", "RU", "RV", "RE"};
+    else if (IsCoordinates(file))
+        sNameList = QStringList{"X", "Y", "Z", "Hole"}.mid(0, bHole ? HOLE_INDEX + 1 : HOLE_INDEX);
     return sNameList;
 }
 
@@ -47,46 +55,82 @@ qint64 FileVariable(qint64 nSimulationId, const QString& sName)
 }
 
 /** Registers all variables of a file for all blocks at a time. */
-void RegisterFields(qint64 nSimulationId, const QString& sFileName, const SPlot3DFile& file,
-                    qint64 nFunctionFile, double dTime)
+void RegisterLevel(qint64 nSimulationId, const SPlot3DFieldFile& field, const SFileSeries::SLevel& level,
+                   const QVector<qint64>& itemIds)
 {
-    const QStringList sNameList = VariableNames(file, nFunctionFile);
-    const bool bCoordinates = file.eKind == KindXyz || file.eKind == KindXyzb;
-    for (int nVariable = 0; nVariable < sNameList.size(); ++nVariable) {
-        const qint64 nId = FileVariable(nSimulationId, sNameList[nVariable]);
+    const bool bCoordinates = IsCoordinates(field.file);
+    for (int nVariable = 0; nVariable < field.sNameList.size(); ++nVariable) {
+        const qint64 nId = FileVariable(nSimulationId, field.sNameList[nVariable]);
         if (bCoordinates && nVariable == HOLE_INDEX)
             CVariableManager::Instance().GetVariable(nId)->SetHoleVariable(true);
-        for (int nBlock = 0; nBlock < file.blocks.size(); ++nBlock) {
-            if (!bCoordinates && nVariable >= VariableCount(file, nBlock))
+        for (int n = 0; n < itemIds.size(); ++n) {
+            const qint64 nPlace = field.places[n];
+            if (itemIds[n] == NO_ID || (!bCoordinates && nVariable >= VariableCount(field.file, nPlace)))
                 continue; // function files may hold fewer in a later block
             CSolutionManager::SSolutionFile part;
-            part.sFileName = sFileName;
-            part.nBlock = nBlock;
+            part.sFileName = level.sFileName;
+            part.nBlock = nPlace;
             part.nVariable = nVariable;
-            part.dimensions = file.blocks[nBlock].size;
-            CSolutionManager::Instance().AddSolution(nSimulationId, nBlock + 1, nId, -1, part, dTime);
+            part.dimensions = field.file.blocks[int(nPlace)].size;
+            CSolutionManager::Instance().AddSolution(nSimulationId, itemIds[n], nId, -1, part, level.dTime);
         }
     }
 }
 
-/** A detected solution file that fits the grid; otherwise the error. */
-QString CheckFields(const QString& sFileName, const SPlot3DFile& file, const QVector<IVector3D>& blocks,
-                    const char* sMismatch)
+void RegisterGrids(qint64 nSimulationId, const SPlot3DCase& plot3DCase, const QVector<qint64>& itemIds)
 {
-    if (!QFileInfo(sFileName).isFile() || !file.IsDetected())
-        return QString("The file %1 is not valid").arg(sFileName);
-    if (BlockDimensions(file) != blocks)
-        return QString(sMismatch).arg(sFileName);
+    for (const SFileSeries::SLevel& level : plot3DCase.grid.Levels())
+        for (int n = 0; n < itemIds.size(); ++n)
+            if (itemIds[n] != NO_ID)
+                CGridManager::Instance().AddGrid(
+                    nSimulationId, itemIds[n], -1,
+                    {level.sFileName, plot3DCase.blockIndices[n], plot3DCase.blocks[n]}, level.dTime);
+}
+
+QString CheckLevels(const SFileSeries& series, bool bGrid, const char* sMismatch)
+{
+    for (const SFileSeries::SLevel& level : series.levels)
+        if (!IsLevelOf(level.sFileName, series.sFileName, bGrid))
+            return QString(sMismatch).arg(level.sFileName);
     return {};
 }
 
-struct SField
+/** Detects the grid and takes the chosen blocks; otherwise the error. */
+QString ExamineGrid(const SPlot3DCaseFiles& files, SPlot3DCase& result)
 {
-    QString sFileName;
-    SPlot3DFile file;
-    qint64 nFunctionFile = 0; ///< from 1; 0 for others
-    double dTime = STEADY_TIME;
-};
+    result.grid = files.grid;
+    result.gridFile = CGridIO().Detect(files.grid.sFileName);
+    if (!result.gridFile.IsDetected() || result.gridFile.layout.nIsFormatted)
+        return QString("The file %1 is not valid").arg(files.grid.sFileName);
+    const QVector<IVector3D> blocks = BlockDimensions(result.gridFile);
+    result.blockIndices = files.blockIndices;
+    if (result.blockIndices.isEmpty()) {
+        result.blockIndices.resize(blocks.size());
+        std::iota(result.blockIndices.begin(), result.blockIndices.end(), 0);
+    }
+    for (const qint64 nBlock : std::as_const(result.blockIndices)) {
+        if (nBlock < 0 || nBlock >= blocks.size())
+            return QString("Block index exceeds grid size in %1").arg(files.grid.sFileName);
+        result.blocks.append(blocks[int(nBlock)]);
+    }
+    return CheckLevels(files.grid, true, "Grid file %1 does not match the other levels");
+}
+
+/** Detects a file of fields and adds it; otherwise the error. */
+QString ExamineFields(const SFileSeries& series, const char* sMismatch, SPlot3DCase& result)
+{
+    SPlot3DFieldFile field;
+    field.series = series;
+    field.file = CSolutionIO().Detect(series.sFileName);
+    if (!QFileInfo(series.sFileName).isFile() || !field.file.IsDetected())
+        return QString("The file %1 is not valid").arg(series.sFileName);
+    field.places =
+        PlacesOfBlocks(BlockDimensions(field.file), BlockDimensions(result.gridFile), result.blockIndices);
+    if (field.places.isEmpty())
+        return QString(sMismatch).arg(series.sFileName);
+    result.fields.push_back(field);
+    return CheckLevels(series, false, sMismatch);
+}
 
 SReferenceState ReferenceOf(double dMach)
 {
@@ -97,7 +141,83 @@ SReferenceState ReferenceOf(double dMach)
     return reference;
 }
 
+/** The free stream, of the header of the first Q block. */
+void ExamineHeader(const SFileSeries& q, SPlot3DCase& result)
+{
+    const auto header = CSolutionIO().GetSolutionHeader(q.Levels().first().sFileName, 0);
+    if (header && (*header)[0] > 0.0) {
+        result.dFreeStreamMach = (*header)[0];
+        result.dAngleOfAttack = (*header)[1];
+    }
+}
+
+QString ExamineFunctions(const SPlot3DCaseFiles& files, SPlot3DCase& result)
+{
+    for (int n = 0; n < files.functions.size(); ++n) {
+        const auto& [series, sNameList] = files.functions[n];
+        QString sError = ExamineFields(series, "Function file %1 does not match its grid file", result);
+        if (!sError.isEmpty())
+            return sError;
+        SPlot3DFieldFile& field = result.fields.back();
+        field.sNameList = field.file.eKind == KindFunction
+                              ? FunctionNames(sNameList, n + 1, VariableCount(field.file))
+                              : VariableNames(field.file, files.bHole);
+    }
+    return {};
+}
+
+QString ExamineFiles(const SPlot3DCaseFiles& files, SPlot3DCase& result)
+{
+    if (const QString sError = ExamineGrid(files, result); !sError.isEmpty())
+        return sError;
+    SPlot3DFieldFile coordinates;
+    coordinates.series = files.grid;
+    coordinates.file = CSolutionIO().Detect(files.grid.sFileName);
+    coordinates.places = result.blockIndices;
+    if (IsCoordinates(coordinates.file) && coordinates.file.blocks.size() == result.gridFile.blocks.size()) {
+        coordinates.sNameList = VariableNames(coordinates.file, files.bHole);
+        result.fields.push_back(coordinates);
+    }
+    if (!files.q.sFileName.isEmpty()) {
+        if (const QString sError = ExamineFields(files.q, "Q file %1 does not match its grid file", result);
+            !sError.isEmpty())
+            return sError;
+        SPlot3DFieldFile& field = result.fields.back();
+        field.sNameList = field.file.eKind == KindFunction ? FunctionNames({}, 0, VariableCount(field.file))
+                                                           : VariableNames(field.file, files.bHole);
+        ExamineHeader(files.q, result);
+    }
+    return ExamineFunctions(files, result);
+}
+
 } // namespace
+
+QVector<SFileSeries::SLevel> SFileSeries::Levels() const
+{
+    return levels.isEmpty() ? QVector<SLevel>{{sFileName, STEADY_TIME}} : levels;
+}
+
+SPlot3DCaseFiles::SPlot3DCaseFiles(const QString& sGridFile, const QStringList& sQFileList,
+                                   const QStringList& sFunctionFileList)
+{
+    grid.sFileName = sGridFile;
+    q.sFileName = sQFileList.value(0);
+    for (int n = 0; sQFileList.size() > 1 && n < sQFileList.size(); ++n)
+        q.levels.append({sQFileList[n], TimeOfFile(sQFileList[n], n + 1)});
+    for (const QString& sFileName : sFunctionFileList)
+        functions.append(SFunctionFile{{sFileName, {}}, {}});
+}
+
+QVector<double> SPlot3DCase::Times() const
+{
+    std::set<double> times;
+    for (const SFileSeries::SLevel& level : grid.levels)
+        times.insert(level.dTime);
+    for (const SPlot3DFieldFile& field : fields)
+        for (const SFileSeries::SLevel& level : field.series.levels)
+            times.insert(level.dTime);
+    return QVector<double>(times.begin(), times.end());
+}
 
 double TimeOfFile(const QString& sFileName, double dFallback)
 {
@@ -106,51 +226,65 @@ double TimeOfFile(const QString& sFileName, double dFallback)
     return match.hasMatch() ? match.captured(1).toDouble() : dFallback;
 }
 
-SPlot3DCase RegisterPlot3DCase(qint64 nSimulationId, const SPlot3DCaseFiles& files)
+QVector<qint64> PlacesOfBlocks(const QVector<IVector3D>& fieldBlocks, const QVector<IVector3D>& gridBlocks,
+                               const QVector<qint64>& chosen)
+{
+    const bool bSamePlaces = fieldBlocks.size() == gridBlocks.size();
+    if (!bSamePlaces && fieldBlocks.size() != chosen.size())
+        return {};
+    QVector<qint64> places;
+    places.reserve(chosen.size());
+    for (int n = 0; n < chosen.size(); ++n) {
+        const qint64 nPlace = bSamePlaces ? chosen[n] : n;
+        if (fieldBlocks.value(int(nPlace)) != gridBlocks.value(int(chosen[n])))
+            return {};
+        places.append(nPlace);
+    }
+    return places;
+}
+
+bool IsLevelOf(const QString& sFileName, const QString& sSeriesFile, bool bGrid)
+{
+    const QFileInfo level(sFileName);
+    if (!level.isFile())
+        return false;
+    if (sFileName == sSeriesFile || level.size() == QFileInfo(sSeriesFile).size())
+        return true;
+    const auto detect = [bGrid](const QString& sName) {
+        return bGrid ? CGridIO().Detect(sName) : CSolutionIO().Detect(sName);
+    };
+    const SPlot3DFile file = detect(sFileName);
+    const SPlot3DFile ofSeries = detect(sSeriesFile);
+    return file.IsDetected() && file.eKind == ofSeries.eKind &&
+           BlockDimensions(file) == BlockDimensions(ofSeries) &&
+           VariableCount(file) >= VariableCount(ofSeries);
+}
+
+SPlot3DCase ExaminePlot3DCase(const SPlot3DCaseFiles& files)
 {
     SPlot3DCase result;
-    const CSolutionIO solutionIO;
-    const SPlot3DFile grid = CGridIO().Detect(files.sGridFile);
-    if (!grid.IsDetected() || grid.layout.nIsFormatted) {
-        result.sError = QString("The file %1 is not valid").arg(files.sGridFile);
-        return result;
-    }
-    result.blocks = BlockDimensions(grid);
+    result.sError = ExamineFiles(files, result);
+    result.reference = ReferenceOf(result.dFreeStreamMach);
+    return result;
+}
 
-    std::vector<SField> fields;
-    fields.push_back({files.sGridFile, solutionIO.Detect(files.sGridFile)});
-    for (int n = 0; n < files.sQFileList.size(); ++n) {
-        const bool bSeries = files.sQFileList.size() > 1;
-        const QString sFileName = files.sQFileList[n];
-        fields.push_back({sFileName, solutionIO.Detect(sFileName), 0,
-                          bSeries ? TimeOfFile(sFileName, n + 1) : STEADY_TIME});
-        if (result.sError.isEmpty())
-            result.sError = CheckFields(sFileName, fields.back().file, result.blocks,
-                                        "Q file %1 does not match its grid file");
-    }
-    for (int n = 0; n < files.sFunctionFileList.size(); ++n) {
-        const QString sFileName = files.sFunctionFileList[n];
-        fields.push_back({sFileName, solutionIO.Detect(sFileName), n + 1});
-        if (result.sError.isEmpty())
-            result.sError = CheckFields(sFileName, fields.back().file, result.blocks,
-                                        "Function file %1 does not match its grid file");
-    }
+void RegisterPlot3DData(qint64 nSimulationId, const SPlot3DCase& plot3DCase, const QVector<qint64>& itemIds)
+{
+    Q_ASSERT(itemIds.size() == plot3DCase.blocks.size());
+    RegisterGrids(nSimulationId, plot3DCase, itemIds);
+    for (const SPlot3DFieldFile& field : plot3DCase.fields)
+        for (const SFileSeries::SLevel& level : field.series.Levels())
+            RegisterLevel(nSimulationId, field, level, itemIds);
+}
+
+SPlot3DCase RegisterPlot3DCase(qint64 nSimulationId, const SPlot3DCaseFiles& files)
+{
+    SPlot3DCase result = ExaminePlot3DCase(files);
     if (!result.sError.isEmpty())
         return result;
-    if (!files.sQFileList.isEmpty()) {
-        const auto header = solutionIO.GetSolutionHeader(files.sQFileList.first(), 0);
-        if (header && (*header)[0] > 0.0) {
-            result.dFreeStreamMach = (*header)[0];
-            result.dAngleOfAttack = (*header)[1];
-        }
-    }
-    result.reference = ReferenceOf(result.dFreeStreamMach);
-
-    for (int n = 0; n < result.blocks.size(); ++n)
-        CGridManager::Instance().AddGrid(nSimulationId, n + 1, -1, {files.sGridFile, n, result.blocks[n]},
-                                         STEADY_TIME);
-    for (const SField& field : fields)
-        RegisterFields(nSimulationId, field.sFileName, field.file, field.nFunctionFile, field.dTime);
+    QVector<qint64> itemIds(result.blocks.size());
+    std::iota(itemIds.begin(), itemIds.end(), 1);
+    RegisterPlot3DData(nSimulationId, result, itemIds);
     CreateConservativeVariables(nSimulationId, "", result.reference);
     return result;
 }

@@ -48,6 +48,11 @@ public:
     /** Makes actions, menus and toolbars and adds the menus; a second call makes nothing twice. */
     virtual void AddMainMenus(IMainMenus& menus) = 0;
     virtual bool CanCreateSimulationFromFile() const = 0;
+    /**
+     * Makes a case of data files (not a simulation file) without asking for anything: those given, in any
+     * order, and what goes with them by name. What is wrong with them is told.
+     */
+    virtual qint64 CreateFromFiles(const QStringList& sFileList, qint64 nViewId) = 0;
 
     /** A page for the preferences dialog, owned by pParent; null for none. */
     virtual QWidget* CreatePreferencesWidget(QWidget* pParent) = 0;

@@ -32,6 +32,8 @@ public:
     virtual bool LoadViewState(const QByteArray& state, qint64 nViewId, double dVersion) = 0;
     virtual QJsonObject SaveViewJson(qint64 nViewId) const = 0;
     virtual bool LoadViewJson(const QJsonObject& display, qint64 nViewId, double dVersion) = 0;
+    /** Makes the items' selectables where the view has none yet, with the display that a case opens with. */
+    virtual void CreateDefaultSelectables(qint64) {}
     /** Length that displays start from; 1.0 in the plain simulations. */
     virtual double GetDefaultScale() const = 0;
     /** Writes the automatic display file of the view. */

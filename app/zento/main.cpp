@@ -1,3 +1,10 @@
+#include "frame/moduleregistry.h"
 #include "frame/window/startup.h"
+#include "modules/plot3d/ui/plot3dmodule.h"
 
-int main(int argc, char** argv) { return RunApplication(argc, argv); }
+int main(int argc, char** argv)
+{
+    CModuleRegistry::Instance().SetFactory(CPlot3DModule::PLOT3D_ID,
+                                           [] { return std::make_unique<CPlot3DModule>(); });
+    return RunApplication(argc, argv);
+}

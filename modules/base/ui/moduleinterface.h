@@ -28,6 +28,7 @@ public:
     void OnViewChanged() override {}
     void AddMainMenus(IMainMenus&) override {}
     bool CanCreateSimulationFromFile() const override { return false; }
+    qint64 CreateFromFiles(const QStringList&, qint64) override { return -1; }
     QWidget* CreatePreferencesWidget(QWidget*) override { return nullptr; }
     bool ValidatePreferences(QWidget*) override { return true; }
     void ApplyPreferences(CPreferences*, QWidget*) override {}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "modules/plot3d/filerecords.h"
+
+// How the files of a case stand in the simulation's pack.
+
+/** Writes the keys that name the files and what of them is chosen: those of the data file key. */
+void WriteFileNames(CDataPack& pack, const CCaseRecords& records);
+
+/** The same with the keys of levels, variables and free stream. */
+void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DCase& examined);
+
+/**
+ * The records that the keys stand for; files are detected and series looked for again.
+ *
+ * @param sCaseFolder  where files are looked for that are no longer in their directory: that of the case's
+ * own file; may be empty
+ */
+CCaseRecords ReadCaseFiles(const CDataPack& pack, const QString& sCaseFolder);
+
+/** The key that says which files a case is of (ISimulation::GetDataFileKey). */
+QByteArray MakeDataFileKey(qint64 nModuleId, const QString& sFilePath, const CDataPack& pack);
+
+/** Writes what the key says into the pack; false for bytes that are no key of the module. */
+bool ReadDataFileKey(const QByteArray& key, qint64 nModuleId, CDataPack& pack);
+
+/** Whether both keys are of the same files, wherever the cases' own files are. */
+bool AreSameDataFiles(const QByteArray& key, const QByteArray& otherKey);

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "modules/plot3d/fvbnd.h"
+#include "modules/plot3d/packrecords.h"
+#include "simulation/isimulation.h"
+
+class CBlock;
+class CBoundaryItem;
+
+/**
+ * A case of structured files: a CBlock for each chosen block of the grid file, a CBoundaryItem for each face
+ * that a boundary file beside it names. Its settings are the keys of modules/plot3d/plot3dkeys.h. Loading
+ * reads headers only.
+ */
+class CPlot3DSimulation : public ISimulation
+{
+public:
+    explicit CPlot3DSimulation(qint64 nModuleId);
+
+    // Files (plot3dsimulation_load.cpp). The simulation stands in CSimulationManager, which gives it its id.
+    /**
+     * Makes the case that the records say. On a loaded case whatever is still the same stays: blocks and
+     * boundaries with what the views show of them. The views' new items get their default display.
+     *
+     * @return what is wrong, for the user; nothing has changed then. Empty if it went well
+     */
+    QString Load(const CCaseRecords& records);
+    /** Loads once more from the keys: files that were rewritten, levels that are new. As Load. */
+    QString Reload();
+    /** The files of the case as they are on disk now. */
+    CCaseRecords GetRecords() const;
+    /** Registers the data files too. False, with the reason in the log, if they are gone or no longer fit. */
+    bool FromBytes(const QByteArray& bytes, double dVersion) override;
+    /** Whether grid files offer "Hole" as a variable. */
+    virtual bool OffersHole() const { return true; }
+
+    // Identity.
+    QByteArray GetDataFileKey() const override;
+    bool IsSameDataFile(const QByteArray& key) const override;
+    QIcon GetIcon() const override;
+    /** The files with the layouts that were detected. */
+    QString GetToolTip() const override { return m_sToolTip.isEmpty() ? GetName() : m_sToolTip; }
+
+    // Display state (plot3dsimulation_display.cpp).
+    QByteArray SaveViewState(qint64 nViewId) const override;
+    bool LoadViewState(const QByteArray& state, qint64 nViewId, double dVersion) override;
+    QJsonObject SaveViewJson(qint64 nViewId) const override;
+    bool LoadViewJson(const QJsonObject& display, qint64 nViewId, double dVersion) override;
+    void CreateDefaultSelectables(qint64 nViewId) override;
+    double GetDefaultScale() const override { return 1.0; }
+    void SaveDisplayFile(qint64) override {}
+    bool ChooseDisplayFile(qint64) override { return false; }
+    bool LoadDisplayFile(const QString&, qint64) override { return false; }
+    void SetSelectableDimension(ISelectable* pSelectable) const override;
+
+    // Editing (plot3dsimulation_edit.cpp).
+    bool EditData() override;
+    bool UndoIncludesPack() const override { return false; }
+    void DeleteAllItems() override;
+    CItem* CreateItem(qint64 nType, qint64 nKind, bool bNew, qint64 nIndex, qint64 nId,
+                      qint64 nSubId) override;
+    QVector<qint64> GetLinkedItems(qint64 nId) const override;
+    void SelectAdjacent(qint64) override {}
+    void ActivateSelection(qint64) override {}
+    void DeleteSelection(qint64 nViewId) override;
+    void DuplicateSelection(qint64) override {}
+    void TransformSelection(const QVector<qint64>&, const STransform&, bool) override {}
+    bool CanActivateSelection(qint64) const override { return false; }
+    bool CanDelete(qint64 nViewId) const override;
+    bool CanDuplicate(qint64) const override { return false; }
+    bool CanTransform(qint64) const override { return false; }
+
+    // Free stream.
+    bool HasVelocityGradient() const override { return true; }
+    /** "FreeStreamMach"; 1.0 where it isn't between 0 and 100. */
+    double GetFreeStreamVelocity() const override;
+    bool FreeStreamAssumed() const override;
+
+private:
+    /** An item that was deleted, for undo to bring back. */
+    struct SDeletedItem
+    {
+        qint64 nType = NO_ID;
+        qint64 nKind = NO_ID;
+        QByteArray bytes;
+    };
+
+    bool RegisterStoredCase();
+    QVector<qint64> UpdateBlocks(const CCaseRecords& records, const SPlot3DCase& examined);
+    void RegisterCase(const SPlot3DCase& examined, const QVector<qint64>& itemIds);
+    void UpdateTimes();
+    void UpdateBoundaries();
+    QVector<SBoundaryRecord> ReadBoundaries() const;
+    CBlock* FindBlock(qint64 nFileIndex) const;
+    void DescribeFiles(const CCaseRecords& records);
+    void TellViews();
+
+    void RemoveWithData(const QVector<qint64>& ids);
+    void RestoreItems(const QVector<qint64>& ids);
+    void SyncItems(const QVector<qint64>& ids);
+
+    SPlot3DCase m_case; // as it was examined last
+    QString m_sToolTip;
+    QMap<qint64, SDeletedItem> m_deleted; // by item id
+};

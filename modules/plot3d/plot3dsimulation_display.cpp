@@ -1,0 +1,162 @@
+// CPlot3DSimulation: what a view shows of it, as bytes and as JSON.
+#include "frame/bytestream.h"
+#include "modules/plot3d/boundaryitem.h"
+#include "modules/plot3d/plot3dsimulation.h"
+#include "scene/iselectable.h"
+#include "scene/selectablekind.h"
+#include "scene/selectablemanager.h"
+
+#include <QJsonArray>
+
+namespace {
+
+constexpr qint64 LEAST_ENTRY_SIZE = 8 + 8 + 4 + 2; // item, kind, length of the name, two flags
+constexpr double UNDO_VERSION = -1.0;
+
+using Place = std::pair<qint64, qint64>; // item id, kind
+
+/** What is stored of a selectable. */
+struct SEntry
+{
+    qint64 nItemId = NO_ID;
+    qint64 nKind = NO_ID;
+    QString sName;
+    bool bVisible = true;
+    bool bSelected = false;
+};
+
+/** Gives each entry the selectable that it is of: the n-th of an item and kind to the n-th such entry. */
+class CSelectableFinder
+{
+public:
+    explicit CSelectableFinder(const QVector<ISelectable*>& selectables)
+    {
+        for (ISelectable* const pSelectable : selectables)
+            m_places[{pSelectable->itemId(), pSelectable->typeId()}].append(pSelectable);
+    }
+    ISelectable* Take(const SEntry& entry)
+    {
+        QVector<ISelectable*>& found = m_places[{entry.nItemId, entry.nKind}];
+        return found.isEmpty() ? nullptr : found.takeFirst();
+    }
+
+private:
+    QHash<Place, QVector<ISelectable*>> m_places;
+};
+
+void Apply(const QVector<SEntry>& entries, qint64 nViewId, qint64 nSimulationId)
+{
+    CSelectableManager& manager = CSelectableManager::Instance();
+    CSelectableFinder finder(manager.GetSelectables(nViewId, nSimulationId));
+    for (const SEntry& entry : entries) {
+        ISelectable* const pSelectable = finder.Take(entry);
+        if (!pSelectable)
+            continue;
+        pSelectable->setSelected(entry.bSelected);
+        if (pSelectable->isVisible() == entry.bVisible)
+            continue;
+        pSelectable->setVisible(entry.bVisible);
+        manager.NotifyMaskChanged(pSelectable);
+    }
+    manager.NotifySelectionChanged(nViewId, nSimulationId);
+}
+
+bool ReadEntries(CByteReader& reader, QVector<SEntry>& entries)
+{
+    qint64 nCount = 0;
+    if (!reader.Read(nCount) || !reader.CheckCount(nCount, LEAST_ENTRY_SIZE))
+        return false;
+    for (qint64 n = 0; n < nCount && reader.IsOk(); ++n) {
+        SEntry entry;
+        reader.Read(entry.nItemId);
+        reader.Read(entry.nKind);
+        reader.Read(entry.sName);
+        reader.Read(entry.bVisible);
+        reader.Read(entry.bSelected);
+        entries.append(entry);
+    }
+    return reader.IsOk();
+}
+
+} // namespace
+
+QByteArray CPlot3DSimulation::SaveViewState(qint64 nViewId) const
+{
+    CByteWriter writer;
+    writer.Write(GetItemIds());
+    const QVector<ISelectable*> selectables = CSelectableManager::Instance().GetSelectables(nViewId, GetId());
+    writer.Write(qint64(selectables.size()));
+    for (const ISelectable* const pSelectable : selectables) {
+        writer.Write(pSelectable->itemId());
+        writer.Write(pSelectable->typeId());
+        writer.Write(pSelectable->name());
+        writer.Write(pSelectable->isVisible());
+        writer.Write(pSelectable->isSelected());
+    }
+    return writer.Take();
+}
+
+bool CPlot3DSimulation::LoadViewState(const QByteArray& state, qint64 nViewId, double dVersion)
+{
+    CByteReader reader(state);
+    QVector<qint64> itemIds;
+    QVector<SEntry> entries;
+    if (!reader.Read(itemIds) || !ReadEntries(reader, entries))
+        return false;
+    if (dVersion == UNDO_VERSION) // a stored display changes no items
+        SyncItems(itemIds);
+    for (const SEntry& entry : std::as_const(entries))
+        if (CItem* const pItem = GetItem(entry.nItemId); pItem && pItem->GetType() == entry.nKind)
+            pItem->CreateSelectable(nViewId);
+    Apply(entries, nViewId, GetId());
+    return true;
+}
+
+QJsonObject CPlot3DSimulation::SaveViewJson(qint64 nViewId) const
+{
+    QJsonArray entries;
+    for (const ISelectable* const pSelectable :
+         CSelectableManager::Instance().GetSelectables(nViewId, GetId()))
+        entries.append(QJsonObject{{"item", double(pSelectable->itemId())},
+                                   {"kind", double(pSelectable->typeId())},
+                                   {"name", pSelectable->name()},
+                                   {"visible", pSelectable->isVisible()},
+                                   {"selected", pSelectable->isSelected()}});
+    return {{"selectable", entries}};
+}
+
+bool CPlot3DSimulation::LoadViewJson(const QJsonObject& display, qint64 nViewId, double)
+{
+    QVector<SEntry> entries;
+    for (const QJsonValue& value : display["selectable"].toArray()) {
+        const QJsonObject entry = value.toObject();
+        entries.append({qint64(entry["item"].toDouble(NO_ID)), qint64(entry["kind"].toDouble(NO_ID)),
+                        entry["name"].toString(), entry["visible"].toBool(true), entry["selected"].toBool()});
+    }
+    Apply(entries, nViewId, GetId());
+    return true;
+}
+
+void CPlot3DSimulation::CreateDefaultSelectables(qint64 nViewId)
+{
+    for (CItem* const pItem : GetItems())
+        if (!pItem->GetSelectable(nViewId))
+            pItem->CreateSelectable(nViewId);
+    for (ISelectable* const pSelectable : CSelectableManager::Instance().GetSelectables(nViewId, GetId()))
+        SetSelectableDimension(pSelectable);
+}
+
+/** A boundary that goes along one axis alone is a line, as in two-dimensional grids. */
+void CPlot3DSimulation::SetSelectableDimension(ISelectable* pSelectable) const
+{
+    const CItem* const pItem = GetItem(pSelectable->itemId());
+    if (!pItem || pItem->GetType() != KindBoundarySurface) {
+        ISimulation::SetSelectableDimension(pSelectable);
+        return;
+    }
+    const SBoundaryRecord record = static_cast<const CBoundaryItem*>(pItem)->GetRecord();
+    int nFlat = 0;
+    for (int nAxis = 0; nAxis < 3; ++nAxis)
+        nFlat += record.min[nAxis] == record.max[nAxis];
+    pSelectable->setDimension(nFlat >= 2 ? 1 : 2);
+}

@@ -1,0 +1,161 @@
+// CPlot3DSimulation: what the user does to its items and files.
+#include "data/gridmanager.h"
+#include "data/solutionmanager.h"
+#include "frame/userprompt.h"
+#include "modules/plot3d/block.h"
+#include "modules/plot3d/boundaryitem.h"
+#include "modules/plot3d/icasefileseditor.h"
+#include "modules/plot3d/plot3dsimulation.h"
+#include "scene/iselectable.h"
+#include "scene/selectablekind.h"
+#include "scene/selectablemanager.h"
+
+namespace {
+
+bool AskDelete(const QVector<ISelectable*>& selected)
+{
+    const bool bBoundariesOnly = std::all_of(selected.begin(), selected.end(), [](const ISelectable* p) {
+        return p->typeId() == KindBoundarySurface;
+    });
+    return bBoundariesOnly
+               ? UserPrompt::Confirm(
+                     "Delete Boundary Surfaces",
+                     QString("Would you like to delete the selected boundary surfaces? [%1 items selected]")
+                         .arg(selected.size()))
+               : UserPrompt::Confirm("Delete Items",
+                                     QString("Would you like to delete the selected items from the "
+                                             "simulation? [%1 items selected]")
+                                         .arg(selected.size()));
+}
+
+} // namespace
+
+bool CPlot3DSimulation::EditData()
+{
+    ICaseFilesEditor* const pEditor = ICaseFilesEditor::Installed();
+    CCaseRecords records = GetRecords();
+    if (!pEditor || !pEditor->EditCaseFiles(records))
+        return false;
+    const QString sError = Load(records);
+    return sError.isEmpty() || UserPrompt::Tell(PromptWarning, "Grid File", sError);
+}
+
+CItem* CPlot3DSimulation::CreateItem(qint64 nType, qint64 nKind, bool, qint64, qint64 nId, qint64 nSubId)
+{
+    CItem* pItem = nullptr;
+    if (nType == KindBlock)
+        pItem = new CBlock;
+    else if (nType == KindBoundarySurface)
+        pItem = new CBoundaryItem;
+    else
+        return nullptr;
+    pItem->SetId(nId == NO_ID ? GetNextItemId() : nId);
+    pItem->SetSubId(nSubId);
+    pItem->SetType(nType);
+    pItem->SetKind(nKind);
+    return InsertItem(pItem);
+}
+
+/** Keys cost a read of the block's file, and blocks of different size never have the same. */
+QVector<qint64> CPlot3DSimulation::GetLinkedItems(qint64 nId) const
+{
+    const CItem* const pItem = GetItem(nId);
+    if (!pItem || pItem->GetType() != KindBlock || pItem->GetLinkKey().isEmpty())
+        return {nId};
+    QVector<qint64> ids;
+    for (const CItem* const pOther : GetItems(KindBlock))
+        if (pOther->GetSize() == pItem->GetSize() && pOther->GetLinkKey() == pItem->GetLinkKey())
+            ids.append(pOther->GetId());
+    return ids;
+}
+
+void CPlot3DSimulation::DeleteAllItems()
+{
+    CSolutionManager::Instance().RemoveSimulation(GetId());
+    CGridManager::Instance().RemoveSimulation(GetId());
+    DeleteItems(-1);
+    m_deleted.clear();
+}
+
+bool CPlot3DSimulation::CanDelete(qint64 nViewId) const
+{
+    return !CSelectableManager::Instance().GetSelected(nViewId, GetId()).isEmpty();
+}
+
+/** A selectable of its item's own kind stands for the item; any other one is only shown on it. */
+void CPlot3DSimulation::DeleteSelection(qint64 nViewId)
+{
+    CSelectableManager& manager = CSelectableManager::Instance();
+    const QVector<ISelectable*> selected = manager.GetSelected(nViewId, GetId());
+    if (selected.isEmpty() || !AskDelete(selected))
+        return;
+    QVector<qint64> itemIds;
+    for (ISelectable* const pSelectable : selected) {
+        const CItem* const pItem = GetItem(pSelectable->itemId());
+        if (pItem && pItem->GetType() == pSelectable->typeId())
+            itemIds.append(pItem->GetId());
+        else
+            manager.Remove(pSelectable);
+    }
+    RemoveWithData(itemIds);
+    RefreshViews();
+    manager.NotifySelectionChanged(nViewId, GetId());
+}
+
+/** With all below them and their data. They can come back (RestoreItems). */
+void CPlot3DSimulation::RemoveWithData(const QVector<qint64>& ids)
+{
+    std::set<ItemAddress> keys;
+    for (const CItem* const pItem : GetItemsFromSelection(ids))
+        for (const qint64 nId : pItem->GetChildIds(-1, true)) {
+            const CItem* const pGone = GetItem(nId);
+            if (!keys.insert({nId, pGone->GetSubId()}).second)
+                continue;
+            m_deleted.insert(nId, {pGone->GetType(), pGone->GetKind(), pGone->ToBytes()});
+            CSolutionManager::Instance().RemoveItem(GetId(), nId);
+            CGridManager::Instance().RemoveItem(GetId(), nId);
+        }
+    RemoveItems(keys);
+}
+
+void CPlot3DSimulation::RestoreItems(const QVector<qint64>& ids)
+{
+    QVector<CItem*> restored;
+    QVector<qint64> itemIds(m_case.blocks.size(), NO_ID); // parallel to the blocks of the files
+    for (const qint64 nId : ids) {
+        if (!m_deleted.contains(nId))
+            continue;
+        const SDeletedItem deleted = m_deleted.take(nId);
+        CItem* const pItem = CreateItem(deleted.nType, deleted.nKind, false, GetItemCount(), nId, 0);
+        pItem->FromBytes(deleted.bytes, -1.0);
+        pItem->SetSimulationId(GetId());
+        if (CItem* const pParent = GetItem(pItem->GetParentId()))
+            pParent->AddChild(nId, true);
+        if (deleted.nType == KindBlock)
+            if (const int n = m_case.blockIndices.indexOf(static_cast<CBlock*>(pItem)->GetFileIndex());
+                n >= 0)
+                itemIds[n] = nId;
+        restored.append(pItem);
+    }
+    RegisterPlot3DData(GetId(), m_case, itemIds);
+    for (CItem* const pItem : std::as_const(restored))
+        pItem->CreateSelectable(-1);
+}
+
+/** Makes the items those of an undo state. */
+void CPlot3DSimulation::SyncItems(const QVector<qint64>& ids)
+{
+    const QSet<qint64> wanted(ids.begin(), ids.end());
+    QVector<qint64> extra;
+    for (const qint64 nId : GetItemIds())
+        if (!wanted.contains(nId))
+            extra.append(nId);
+    QVector<qint64> missing;
+    for (const qint64 nId : ids)
+        if (!GetItem(nId))
+            missing.append(nId);
+    if (!extra.isEmpty())
+        RemoveWithData(extra);
+    if (!missing.isEmpty())
+        RestoreItems(missing);
+}

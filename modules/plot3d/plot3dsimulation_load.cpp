@@ -1,0 +1,264 @@
+// CPlot3DSimulation: from files to items and registered data.
+#include "data/gridmanager.h"
+#include "data/solutionmanager.h"
+#include "data/variables/variablemanager.h"
+#include "frame/messagesink.h"
+#include "modules/plot3d/block.h"
+#include "modules/plot3d/boundaryitem.h"
+#include "modules/plot3d/plot3dkeys.h"
+#include "modules/plot3d/plot3dsimulation.h"
+#include "scene/iselectable.h"
+#include "scene/selectablekind.h"
+#include "scene/selectablemanager.h"
+#include "simulation/simulationmanager.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+/** What makes two boundaries the same. */
+QString KeyOf(const SBoundaryRecord& record)
+{
+    QString sKey = QString("%1/%2/%3/%4/%5")
+                       .arg(record.nBlock)
+                       .arg(record.nType)
+                       .arg(record.nFace)
+                       .arg(record.bFlip)
+                       .arg(record.nDirection);
+    for (int nAxis = 0; nAxis < 3; ++nAxis)
+        sKey += QString("/%1-%2").arg(record.min[nAxis]).arg(record.max[nAxis]);
+    return sKey + '/' + record.sTypeName;
+}
+
+void LogFvbnd(const SFvbndFile& file, const QString& sFileName)
+{
+    if (!file.sError.isEmpty())
+        CMessageSink::Instance().Log(
+            file.sError.contains(sFileName) ? file.sError : QString("%1: %2").arg(file.sError, sFileName));
+    if (file.nSkipped > 0)
+        CMessageSink::Instance().Log(
+            QString("%1: skipped %2 line(s) that are no boundary").arg(sFileName).arg(file.nSkipped));
+}
+
+QString FileLine(const char* sRole, const CFileRecord& record, bool bTransient)
+{
+    const QString sSeries = bTransient && record.TransientCount() > 0
+                                ? QString(", %1 transient files").arg(record.TransientCount())
+                                : QString();
+    return QString("%1: %2\n    %3%4")
+        .arg(sRole, record.FileName(), Get(record, FileRecordKey::LAYOUT), sSeries);
+}
+
+} // namespace
+
+QString CPlot3DSimulation::Load(const CCaseRecords& records)
+{
+    Q_ASSERT(GetId() != NO_ID);
+    if (const SFilesProblem problem = records.Validate(); !problem.IsNone())
+        return problem.sText;
+    const SPlot3DCase examined = ExaminePlot3DCase(records.ToCaseFiles(OffersHole()));
+    if (!examined.sError.isEmpty())
+        return examined.sError;
+    m_deleted.clear();
+    WriteCaseFiles(*this, records, examined);
+    RegisterCase(examined, UpdateBlocks(records, examined));
+    UpdateBoundaries();
+    DescribeFiles(records);
+    if (GetName().isEmpty())
+        SetName(QFileInfo(records.grid.FileName()).completeBaseName());
+    TellViews();
+    return {};
+}
+
+CCaseRecords CPlot3DSimulation::GetRecords() const
+{
+    ForgetDetectedFiles();
+    const QString sPath = GetFilePath();
+    return ReadCaseFiles(*this, sPath.isEmpty() ? QString() : QFileInfo(sPath).absolutePath());
+}
+
+QString CPlot3DSimulation::Reload() { return Load(GetRecords()); }
+
+bool CPlot3DSimulation::FromBytes(const QByteArray& bytes, double dVersion)
+{
+    return ISimulation::FromBytes(bytes, dVersion) && (GetId() == NO_ID || RegisterStoredCase());
+}
+
+/** Items are as they were stored; of their files only the data are registered. */
+bool CPlot3DSimulation::RegisterStoredCase()
+{
+    const CCaseRecords records = GetRecords();
+    const SPlot3DCase examined = ExaminePlot3DCase(records.ToCaseFiles(OffersHole()));
+    if (!examined.sError.isEmpty()) {
+        CMessageSink::Instance().Log(examined.sError);
+        return false;
+    }
+    WriteCaseFiles(*this, records, examined); // the files may have moved along with the case
+    const QString sDirectory = Get(*this, SimulationKey::DIRECTORY);
+    QVector<qint64> itemIds;
+    for (int n = 0; n < examined.blocks.size(); ++n) {
+        CBlock* const pBlock = FindBlock(examined.blockIndices[n]);
+        itemIds.append(pBlock ? pBlock->GetId() : NO_ID);
+        if (pBlock)
+            pBlock->SetSource(records.grid.FileName(),
+                              QDir(sDirectory).relativeFilePath(records.grid.FileName()),
+                              examined.blockIndices[n], examined.blocks[n]);
+    }
+    RegisterCase(examined, itemIds);
+    DescribeFiles(records);
+    return true;
+}
+
+CBlock* CPlot3DSimulation::FindBlock(qint64 nFileIndex) const
+{
+    for (CItem* const pItem : GetItems(KindBlock)) {
+        auto* const pBlock = static_cast<CBlock*>(pItem);
+        if (pBlock->GetFileIndex() == nFileIndex)
+            return pBlock;
+    }
+    return nullptr;
+}
+
+/** One block for each chosen one; those that are as before stay. Gives their ids. */
+QVector<qint64> CPlot3DSimulation::UpdateBlocks(const CCaseRecords& records, const SPlot3DCase& examined)
+{
+    const QString sFileName = records.grid.FileName();
+    const QString sRelative = QFileInfo(sFileName).fileName();
+    QHash<qint64, qint64> former; // by index in the file
+    QVector<qint64> stale;
+    for (CItem* const pItem : GetItems(KindBlock)) {
+        const auto* const pBlock = static_cast<CBlock*>(pItem);
+        stale.append(pBlock->GetId());
+        if (pBlock->GetFileName() == sFileName)
+            former.insert(pBlock->GetFileIndex(), pBlock->GetId());
+    }
+    QVector<qint64> itemIds;
+    for (int n = 0; n < examined.blocks.size(); ++n) {
+        const qint64 nFileIndex = examined.blockIndices[n];
+        auto* pBlock = static_cast<CBlock*>(GetItem(former.take(nFileIndex)));
+        if (!pBlock || pBlock->GetSize() != examined.blocks[n])
+            pBlock = static_cast<CBlock*>(CreateItem(KindBlock, 0, true, n, NO_ID, 0));
+        pBlock->SetSource(sFileName, sRelative, nFileIndex, examined.blocks[n]);
+        itemIds.append(pBlock->GetId());
+    }
+    const QSet<qint64> kept(itemIds.begin(), itemIds.end());
+    stale.erase(std::remove_if(stale.begin(), stale.end(), [&](qint64 nId) { return kept.contains(nId); }),
+                stale.end());
+    RemoveWithData(stale);
+    m_deleted.clear(); // what a new choice of files leaves out can't come back by an undo
+    return itemIds;
+}
+
+void CPlot3DSimulation::RegisterCase(const SPlot3DCase& examined, const QVector<qint64>& itemIds)
+{
+    CSolutionManager::Instance().RemoveSimulation(GetId());
+    CGridManager::Instance().RemoveSimulation(GetId());
+    RegisterPlot3DData(GetId(), examined, itemIds);
+    CVariableManager::Instance().RemoveUnusedFileVariables(GetId());
+    m_case = examined;
+    CreateConservativeVariables("");
+    UpdateTimes();
+}
+
+/** The time table follows the levels. Times and steps are both the number in the file's name. */
+void CPlot3DSimulation::UpdateTimes()
+{
+    const QVector<double> times = m_case.Times();
+    QVector<double> former;
+    for (qint64 n = 1; n <= GetTimeCount(); ++n)
+        former.append(IndexToTime(double(n)));
+    if (times == former)
+        return;
+    ClearTimes();
+    for (const double dTime : times)
+        AddTime(dTime, qint64(std::min(dTime, 1e18)));
+    CSimulationManager& manager = CSimulationManager::Instance();
+    for (const qint64 nViewId : GetViewIds())
+        if (times.isEmpty()) {
+            manager.SetTransient(nViewId, GetId(), false);
+            manager.SetTime(nViewId, GetId(), STEADY_TIME);
+        }
+    manager.SlotSimulationTransientChanged(GetId());
+}
+
+/** The faces that the files beside the grid name, for the blocks of the case. */
+QVector<SBoundaryRecord> CPlot3DSimulation::ReadBoundaries() const
+{
+    QHash<qint64, IVector3D> sizes; // by block number
+    for (int n = 0; n < m_case.blocks.size(); ++n)
+        sizes.insert(m_case.blockIndices[n] + 1, m_case.blocks[n]);
+    QVector<SBoundaryRecord> boundaries;
+    for (const QString& sFileName : FindFvbndFiles(m_case.grid.sFileName)) {
+        const SFvbndFile file = ReadFvbnd(sFileName);
+        LogFvbnd(file, sFileName);
+        int nOutside = 0;
+        for (SBoundaryRecord record : file.records) {
+            if (!sizes.contains(record.nBlock))
+                continue;
+            if (!ResolveBoundary(record, sizes[record.nBlock]))
+                ++nOutside;
+            else if (record.bIsFace)
+                boundaries.append(record);
+        }
+        if (nOutside > 0)
+            CMessageSink::Instance().Log(
+                QString("%1: skipped %2 boundary(s) outside of their block").arg(sFileName).arg(nOutside));
+    }
+    return boundaries;
+}
+
+void CPlot3DSimulation::UpdateBoundaries()
+{
+    QMultiHash<QString, qint64> former;
+    for (CItem* const pItem : GetItems(KindBoundarySurface))
+        former.insert(KeyOf(static_cast<CBoundaryItem*>(pItem)->GetRecord()), pItem->GetId());
+    QVector<SBoundaryRecord> added;
+    for (const SBoundaryRecord& record : ReadBoundaries())
+        if (const auto same = former.find(KeyOf(record)); same != former.end())
+            former.erase(same);
+        else
+            added.append(record);
+    RemoveWithData(former.values().toVector());
+    m_deleted.clear();
+    QHash<qint64, CItem*> blocks; // by number
+    for (CItem* const pItem : GetItems(KindBlock))
+        blocks.insert(static_cast<CBlock*>(pItem)->GetFileIndex() + 1, pItem);
+    for (const SBoundaryRecord& record : std::as_const(added)) {
+        auto* const pItem =
+            static_cast<CBoundaryItem*>(CreateItem(KindBoundarySurface, 0, true, GetItemCount(), NO_ID, 0));
+        pItem->SetRecord(record);
+        pItem->SetParentId(blocks.value(record.nBlock)->GetId(), true);
+    }
+}
+
+void CPlot3DSimulation::DescribeFiles(const CCaseRecords& records)
+{
+    QStringList lines = {FileLine("Grid", records.grid, records.bReadTransient)};
+    if (!records.q.IsEmpty())
+        lines << FileLine("Q", records.q, records.bReadTransient);
+    for (const CFileRecord& function : records.functions)
+        lines << FileLine("Function", function, records.bReadTransient);
+    m_sToolTip = lines.join('\n');
+}
+
+/** New items appear; whoever shows one that stays, or a variable, reads it again. */
+void CPlot3DSimulation::TellViews()
+{
+    CSelectableManager& selectables = CSelectableManager::Instance();
+    bool bShownBefore = false;
+    for (const qint64 nViewId : GetViewIds()) {
+        const QVector<ISelectable*> former = selectables.GetSelectables(nViewId, GetId());
+        bShownBefore |= !former.isEmpty();
+        CreateDefaultSelectables(nViewId);
+        for (ISelectable* const pSelectable : former)
+            selectables.NotifyUpdated(pSelectable);
+    }
+    CVariableManager& variables = CVariableManager::Instance();
+    for (const qint64 nId : bShownBefore ? variables.ListVariables(GetId(), false) : QVector<qint64>())
+        if (IVariable* const pVariable = variables.GetVariable(nId); pVariable->IsFileVariable()) {
+            pVariable->InvalidateRange();
+            pVariable->OnVariableChanged();
+        }
+    RefreshViews();
+}

@@ -1,0 +1,162 @@
+#include "modules/plot3d/ui/plot3dmodule.h"
+
+#include "frame/messagesink.h"
+#include "frame/novalue.h"
+#include "frame/ui/waitcursor.h"
+#include "frame/userprompt.h"
+#include "frame/widgetmanager.h"
+#include "modules/plot3d/plot3dsimulation.h"
+#include "modules/plot3d/ui/filesdialogeditor.h"
+#include "simulation/simulationmanager.h"
+
+#include <optional>
+
+namespace {
+
+/** The views of a simulation don't follow what happens while this lives. */
+class CBlockedViews
+{
+public:
+    explicit CBlockedViews(qint64 nSimulationId) : m_nSimulationId(nSimulationId)
+    {
+        CWidgetManager::Instance().BlockUpdates(m_nSimulationId, true);
+    }
+    ~CBlockedViews() { CWidgetManager::Instance().BlockUpdates(m_nSimulationId, false); }
+    CBlockedViews(const CBlockedViews&) = delete;
+    CBlockedViews& operator=(const CBlockedViews&) = delete;
+
+private:
+    const qint64 m_nSimulationId;
+    const CWaitCursor m_wait;
+};
+
+/** Of several grids the first is taken; who wants them as levels gives a series. */
+SFilesProblem AddFile(CCaseRecords& records, const QString& sFile)
+{
+    if (records.grid.IsEmpty() || RoleOfFile(sFile) != RoleGrid)
+        return records.AddFile(sFile);
+    CMessageSink::Instance().Log(QString("%1 is a second grid file and is left out").arg(sFile), 1);
+    return {};
+}
+
+SFilesProblem TakeFiles(CCaseRecords& records, const QStringList& sFileList)
+{
+    const CWaitCursor wait;
+    ForgetDetectedFiles();
+    for (const QString& sFile : sFileList)
+        if (const SFilesProblem problem = AddFile(records, sFile); !problem.IsNone())
+            return problem;
+    records.AddCompanions();
+    return records.Validate();
+}
+
+} // namespace
+
+CPlot3DModule::CPlot3DModule(qint32 nId, const QString& sName) : CModuleInterface(nId, sName) {}
+CPlot3DModule::~CPlot3DModule() = default;
+
+void CPlot3DModule::Initialize()
+{
+    if (!m_pEditor)
+        m_pEditor = std::make_unique<CFilesDialogEditor>();
+}
+
+CPlot3DSimulation* CPlot3DModule::MakeSimulation() const { return new CPlot3DSimulation(GetId()); }
+
+CPlot3DSimulation* CPlot3DModule::FindSimulation(qint64 nSimulationId) const
+{
+    ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(nSimulationId);
+    return pSimulation && pSimulation->GetModuleId() == GetId()
+               ? dynamic_cast<CPlot3DSimulation*>(pSimulation)
+               : nullptr;
+}
+
+CPlot3DSimulation* CPlot3DModule::ActivePlot3D() const
+{
+    const ISimulation* const pSimulation =
+        CSimulationManager::Instance().GetSimulationOfView(GetActiveViewId());
+    return pSimulation ? FindSimulation(pSimulation->GetId()) : nullptr;
+}
+
+qint64 CPlot3DModule::Analyze(qint64 nViewId)
+{
+    ICaseFilesEditor* const pEditor = ICaseFilesEditor::Installed();
+    CCaseRecords records;
+    return pEditor && pEditor->EditCaseFiles(records) ? OpenRecords(records, nViewId) : NO_ID;
+}
+
+qint64 CPlot3DModule::OpenFromKey(const QByteArray& key, qint64 nViewId)
+{
+    CDataPack pack;
+    return ReadDataFileKey(key, GetId(), pack) ? OpenRecords(ReadCaseFiles(pack, {}), nViewId) : NO_ID;
+}
+
+qint64 CPlot3DModule::OpenPlot3D(const QStringList& sFileList, qint64 nViewId)
+{
+    CCaseRecords records;
+    const SFilesProblem problem = TakeFiles(records, sFileList);
+    if (problem.IsNone())
+        return OpenRecords(records, nViewId);
+    UserPrompt::Tell(PromptWarning, problem.sTitle, problem.sText);
+    return NO_ID;
+}
+
+/** The id of a case of these files that is open already, now in the view too; -1 if there is none. */
+qint64 CPlot3DModule::ShowOpenCase(const CCaseRecords& records, qint64 nViewId) const
+{
+    CDataPack pack;
+    WriteFileNames(pack, records);
+    CSimulationManager& manager = CSimulationManager::Instance();
+    ISimulation* const pOpen = manager.FindSimulationByData(MakeDataFileKey(GetId(), {}, pack));
+    if (!pOpen)
+        return NO_ID;
+    if (!manager.GetSimulationIds(nViewId).contains(pOpen->GetId())) {
+        manager.AddSimulationToView(pOpen->GetId(), nViewId);
+        pOpen->CreateDefaultSelectables(nViewId);
+    }
+    manager.SetActiveSimulation(nViewId, pOpen->GetId());
+    return pOpen->GetId();
+}
+
+qint64 CPlot3DModule::OpenRecords(const CCaseRecords& records, qint64 nView)
+{
+    const qint64 nViewId = ViewOrActive(nView);
+    if (const SFilesProblem problem = records.Validate(); !problem.IsNone()) {
+        UserPrompt::Tell(PromptWarning, problem.sTitle, problem.sText);
+        return NO_ID;
+    }
+    if (const qint64 nOpen = ShowOpenCase(records, nViewId); nOpen != NO_ID)
+        return nOpen;
+    CSimulationManager& manager = CSimulationManager::Instance();
+    CPlot3DSimulation* const pSimulation = MakeSimulation();
+    manager.AddSimulation(pSimulation, nViewId);
+    const qint64 nId = pSimulation->GetId();
+    QString sError;
+    {
+        const CBlockedViews blocked(nId);
+        sError = pSimulation->Load(records);
+        if (const double dTime = records.ChosenTime(); dTime != STEADY_TIME)
+            manager.SetTime(nViewId, nId, dTime);
+    }
+    if (!sError.isEmpty()) {
+        manager.RemoveSimulationFromView(nId, nViewId);
+        UserPrompt::Tell(PromptWarning, "Invalid File", sError);
+        return NO_ID;
+    }
+    manager.SetActiveSimulation(nViewId, nId);
+    return nId;
+}
+
+bool CPlot3DModule::AddTransient(qint64 nSimulationId)
+{
+    CPlot3DSimulation* const pSimulation = FindSimulation(nSimulationId);
+    if (!pSimulation)
+        return false;
+    QString sError;
+    {
+        const CBlockedViews blocked(nSimulationId);
+        sError = pSimulation->Reload();
+    }
+    CWidgetManager::Instance().UpdateActiveViewer();
+    return sError.isEmpty() || UserPrompt::Tell(PromptWarning, "Invalid File", sError);
+}

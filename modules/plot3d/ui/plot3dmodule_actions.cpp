@@ -1,0 +1,246 @@
+// CPlot3DModule: its commands, and what the item panel asks.
+#include "frame/imainmenus.h"
+#include "frame/preferencekeys.h"
+#include "frame/preferences.h"
+#include "frame/themeicon.h"
+#include "frame/ui/waitcursor.h"
+#include "frame/userprompt.h"
+#include "frame/widgetmanager.h"
+#include "modules/plot3d/plot3dsimulation.h"
+#include "modules/plot3d/ui/gridexport.h"
+#include "modules/plot3d/ui/itemcategories.h"
+#include "modules/plot3d/ui/plot3dmodule.h"
+#include "scene/iselectable.h"
+#include "scene/selectablekind.h"
+#include "scene/selectablemanager.h"
+#include "simulation/item.h"
+#include "simulation/simulationmanager.h"
+
+#include <QAction>
+#include <QFileInfo>
+#include <QMenu>
+#include <QSet>
+#include <QToolBar>
+
+namespace {
+
+struct SActionText
+{
+    const char* sText;
+    const char* sToolTip;
+    const char* sIcon;
+};
+
+/** By Action_e. */
+constexpr SActionText s_texts[] = {
+    {"Surface", "Create surface", ":/Icons/surface.png"},
+    {"Coordinate Surface", "Create coordinate surface", ":/Icons/coordinatesurface.png"},
+    {"ISO Surface", "Create ISO surface", ":/Icons/isosurface.png"},
+    {"Extreme Point", "Create extreme point", ":/Icons/extremepoint.png"},
+    {"Streamline", "Create streamline", ":/Icons/streamline.png"},
+    {"Modify", "Modify selected item(s)", ":/Icons/edit.png"},
+    {"Unify item data", "Give the settings of an item to those with the same grid", ":/Icons/unify.png"},
+    {"Plot3D...", "Open Plot3D files", ":/Icons/Import.png"},
+    {"Analyze Display...", "", ":/Icons/Import.png"},
+    {"FieldView Restart...", "", ":/Icons/Import.png"},
+    {"Plot3D...", "Write the grids of the selected blocks, or of all", ":/Icons/Export.png"},
+};
+
+/** Items of the selected selectables, each once. */
+QVector<qint64> SelectedItems(const ISimulation& simulation, qint64 nViewId)
+{
+    QVector<qint64> ids;
+    for (const ISelectable* const pSelectable :
+         CSelectableManager::Instance().GetSelected(nViewId, simulation.GetId()))
+        if (!ids.contains(pSelectable->itemId()) && simulation.GetItem(pSelectable->itemId()))
+            ids.append(pSelectable->itemId());
+    return ids;
+}
+
+/** The blocks that are meant by a selection: the selected ones, or all if none is. */
+QVector<qint64> ChosenBlocks(const ISimulation& simulation, qint64 nViewId)
+{
+    QVector<qint64> ids;
+    for (const qint64 nId : SelectedItems(simulation, nViewId))
+        if (simulation.GetItem(nId)->GetType() == KindBlock)
+            ids.append(nId);
+    std::sort(ids.begin(), ids.end());
+    return ids.isEmpty() ? simulation.GetItemIds(KindBlock) : ids;
+}
+
+} // namespace
+
+void CPlot3DModule::MakeActions()
+{
+    static_assert(std::size(s_texts) == MODULE_ACTIONS);
+    for (int n = 0; n < MODULE_ACTIONS; ++n) {
+        auto* const pAction = new QAction(ThemeIcon(s_texts[n].sIcon), s_texts[n].sText, this);
+        pAction->setToolTip(s_texts[n].sToolTip);
+        pAction->setEnabled(false); // until there is something that it can be used for
+        m_moduleActions[n] = pAction;
+    }
+    connect(m_moduleActions[ActionUnifyData], &QAction::triggered, this, &CPlot3DModule::SlotUnifyData);
+    connect(m_moduleActions[ActionImportPlot3D], &QAction::triggered, this, &CPlot3DModule::SlotImportPlot3D);
+    connect(m_moduleActions[ActionExportPlot3D], &QAction::triggered, this, &CPlot3DModule::SlotExportPlot3D);
+    m_moduleActions[ActionImportPlot3D]->setEnabled(true);
+    // Importing makes a case: it is there whatever is shown. All else goes with a case of the module.
+    for (int n = 0; n < MODULE_ACTIONS; ++n)
+        if (n != ActionImportPlot3D)
+            m_actions.append(m_moduleActions[n]);
+}
+
+void CPlot3DModule::MakeToolBar()
+{
+    auto* const pToolBar = new QToolBar("Create Toolbar");
+    pToolBar->setObjectName(QString("m_p%1CreateToolbar").arg(GetId()));
+    for (int n = ActionSurface; n <= ActionUnifyData; ++n) {
+        if (n == ActionModify)
+            pToolBar->addSeparator();
+        pToolBar->addAction(m_moduleActions[n]);
+    }
+    m_toolBars.append(pToolBar);
+    m_toolBarAreas.append(Qt::TopToolBarArea);
+}
+
+void CPlot3DModule::AddMainMenus(IMainMenus& menus)
+{
+    if (m_pCreateMenu)
+        return;
+    MakeActions();
+    MakeToolBar();
+    m_pCreateMenu = new QMenu("Create");
+    m_pCreateMenu->setToolTipsVisible(true);
+    for (int n = ActionSurface; n <= ActionStreamline; ++n)
+        m_pCreateMenu->addAction(m_moduleActions[n]);
+    m_pCreateMenu->addSeparator();
+    m_pCreateMenu->addAction(m_moduleActions[ActionModify]);
+    m_pCreateMenu->addAction(m_moduleActions[ActionUnifyData]);
+    m_menus.append(m_pCreateMenu);
+    m_ownedWidgets.append(m_pCreateMenu);
+    menus.AddMenu(m_pCreateMenu);
+    for (int n = ActionImportPlot3D; n <= ActionImportFieldView; ++n)
+        menus.GetImportMenu()->addAction(m_moduleActions[n]);
+    menus.GetExportMenu()->addAction(m_moduleActions[ActionExportPlot3D]);
+}
+
+void CPlot3DModule::ShowModuleWidgets(qint64 nViewId)
+{
+    if (!IsShownIn(nViewId)) {
+        HideModuleWidgets();
+        return;
+    }
+    ShowAll();
+    UpdateActions(nViewId, CSimulationManager::Instance().GetSimulationOfView(nViewId)->GetId());
+}
+
+void CPlot3DModule::UpdateActions(qint64 nViewId, qint64 nSimulationId)
+{
+    if (!m_pCreateMenu)
+        return;
+    const CPlot3DSimulation* const pSimulation = FindSimulation(nSimulationId);
+    m_moduleActions[ActionUnifyData]->setEnabled(pSimulation &&
+                                                 !SelectedItems(*pSimulation, nViewId).isEmpty());
+    m_moduleActions[ActionExportPlot3D]->setEnabled(pSimulation && pSimulation->GetItemCount() > 0);
+}
+
+void CPlot3DModule::FillPopupMenu(QMenu* pMenu, qint64 nViewId)
+{
+    if (!m_pCreateMenu || !IsShownIn(nViewId))
+        return;
+    pMenu->addActions(m_pCreateMenu->actions());
+    pMenu->addSeparator();
+    pMenu->addAction(m_moduleActions[ActionExportPlot3D]);
+}
+
+void CPlot3DModule::SlotImportPlot3D()
+{
+    if (Analyze(-1) == -1)
+        return;
+    RefreshDocks(GetActiveViewId());
+    CWidgetManager::Instance().UpdateActiveViewer();
+}
+
+void CPlot3DModule::SlotExportPlot3D()
+{
+    const CPlot3DSimulation* const pSimulation = ActivePlot3D();
+    if (!pSimulation)
+        return;
+    CPreferences& preferences = CPreferences::Instance();
+    const QString sStart = Get(preferences, PreferenceKey::RECENT_DIRECTORY);
+    const QString sFileName =
+        UserPrompt::AskFile({"Export Plot3D", sStart, "Grid Files (*.x *.xyz *.xyzb);; All Files (*)", true});
+    if (sFileName.isEmpty())
+        return;
+    Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFileName).absolutePath());
+    const qint64 nViewId = GetActiveViewId();
+    ExportGrids(*pSimulation, ChosenBlocks(*pSimulation, nViewId),
+                CSimulationManager::Instance().GetRequestTime(nViewId, pSimulation->GetId()), sFileName);
+}
+
+void CPlot3DModule::SlotUnifyData()
+{
+    CPlot3DSimulation* const pSimulation = ActivePlot3D();
+    if (!pSimulation)
+        return;
+    QSet<qint64> done;
+    for (const qint64 nId : SelectedItems(*pSimulation, GetActiveViewId())) {
+        if (done.contains(nId))
+            continue;
+        QVector<qint64> ids;
+        {
+            const CWaitCursor wait; // it may read all blocks of this size
+            ids = pSimulation->GetLinkedItems(nId);
+        }
+        done += QSet<qint64>(ids.begin(), ids.end());
+        ids.removeAll(nId);
+        const QString sText = "Would you like to unify the data of '%1' with its %2 occurrence(s)?";
+        const QString sName = pSimulation->GetItem(nId)->GetName();
+        if (ids.isEmpty())
+            CWidgetManager::Instance().SetStatusText(QString("'%1' has no other occurrence").arg(sName));
+        else if (UserPrompt::Confirm("Unify Data", sText.arg(sName, QString::number(ids.size()))))
+            pSimulation->MakeLinks(QVector<qint64>{nId} + ids, true);
+    }
+    pSimulation->RefreshViews();
+}
+
+QVector<qint64> CPlot3DModule::GetCategoryOrder() const
+{
+    QVector<qint64> kinds;
+    for (const SItemKindRow& row : ItemKindTable())
+        kinds.append(row.nKind);
+    return kinds;
+}
+
+QStringList CPlot3DModule::GetCategoryNames(qint64) const
+{
+    QStringList sNameList;
+    for (const SItemKindRow& row : ItemKindTable())
+        sNameList.append(row.sGroup);
+    return sNameList;
+}
+
+QVector<SItemCategory> CPlot3DModule::GetCategoryTree(qint64) const
+{
+    QVector<SItemCategory> categories;
+    for (const SItemKindRow& row : ItemKindTable())
+        categories.append(SItemCategory{row.nKind});
+    return categories;
+}
+
+QString CPlot3DModule::GetItemToolTip(qint64 nType) const
+{
+    const SItemKindRow* const pRow = FindItemKind(nType);
+    return pRow ? pRow->sToolTip : "";
+}
+
+QString CPlot3DModule::GetItemTypeName(qint64 nType) const
+{
+    const SItemKindRow* const pRow = FindItemKind(nType);
+    return pRow ? pRow->sName : "Unknown";
+}
+
+QIcon CPlot3DModule::GetItemIcon(qint64 nType) const
+{
+    const SItemKindRow* const pRow = FindItemKind(nType);
+    return pRow ? ThemeIcon(pRow->sIcon) : QIcon();
+}
