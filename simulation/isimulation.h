@@ -117,8 +117,6 @@ public:
     virtual double GetFreeStreamVelocity() const { return 1.0; }
     virtual bool FreeStreamAssumed() const { return false; }
     // What the views ask.
-    /** Makes the selectables that stand in a view when the case comes into it. */
-    virtual void CreateDefaultSelectables(qint64) {}
     /** Whether selection and highlight are drawn on the items themselves. */
     virtual bool ShowsSelection() const { return true; }
     /** Selected lines are drawn at twice their width. */
