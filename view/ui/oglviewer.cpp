@@ -2,14 +2,14 @@
 
 #include "frame/themeicon.h"
 #include "ui_oglviewer.h"
-#include "view/ui/viewcanvas.h"
+#include "view/ui/opengldrawer.h"
 #include "view/ui/viewheadline.h"
 
 COglViewer::COglViewer(qint64 nViewId, QWidget* pParent)
-    : QWidget(pParent), m_nViewId(nViewId), m_pUi(new Ui::COglViewer), m_pCanvas(new CViewCanvas)
+    : QWidget(pParent), m_nViewId(nViewId), m_pUi(new Ui::COglViewer), m_pDrawer(new COpenGLDrawer(nViewId))
 {
     m_pUi->setupUi(this);
-    m_pUi->m_pFrameLayout->addWidget(m_pCanvas, 1);
+    m_pUi->m_pFrameLayout->addWidget(m_pDrawer, 1);
     m_pUi->m_pSplitVerticalB->setIcon(ThemeIcon(":/Icons/vertical.ico"));
     m_pUi->m_pSplitHorizontalB->setIcon(ThemeIcon(":/Icons/horizontal.ico"));
     m_pUi->m_pCloseViewB->setIcon(ThemeIcon(":/Icons/close.ico"));
@@ -24,8 +24,13 @@ COglViewer::COglViewer(qint64 nViewId, QWidget* pParent)
     SetActive(false);
     SetExpanded(false);
     ShowLink();
-    connect(m_pCanvas, &CViewCanvas::SignalActivated, this, &COglViewer::SlotActivated);
-    connect(m_pCanvas, &CViewCanvas::SignalPopupMenu, this, &COglViewer::SignalPopupMenu);
+    connect(m_pDrawer, &COpenGLDrawer::SignalActivated, this, &COglViewer::SlotActivated);
+    connect(m_pDrawer, &COpenGLDrawer::SignalPopupMenu, this, &COglViewer::SignalPopupMenu);
+    connect(m_pDrawer, &COpenGLDrawer::SignalPointSelected, this, &COglViewer::SignalPointSelected);
+    connect(m_pDrawer, &COpenGLDrawer::SignalMode, this, &COglViewer::SignalModeOut);
+    connect(m_pDrawer, &COpenGLDrawer::SignalCameraChange, this, &COglViewer::SlotCameraChangeOut);
+    connect(this, &COglViewer::SignalModeIn, m_pDrawer, &COpenGLDrawer::SlotMode);
+    connect(this, &COglViewer::SignalCameraChangeIn, m_pDrawer, &COpenGLDrawer::SlotCameraChange);
 }
 
 COglViewer::~COglViewer() = default;
@@ -33,12 +38,15 @@ COglViewer::~COglViewer() = default;
 void COglViewer::SetActive(bool bActive)
 {
     ViewHeadline::SetActive(m_pUi->m_pHeadlineFrame, m_pUi->m_pActiveWindowMarker, bActive);
+    m_pDrawer->SetActive(bActive);
 }
 
 void COglViewer::SetExpanded(bool bExpanded) { ViewHeadline::SetExpanded(m_pUi->m_pExpandViewB, bExpanded); }
 
 void COglViewer::SetExpandable(bool bExpandable) { m_pUi->m_pExpandViewB->setEnabled(bExpandable); }
-void COglViewer::Refresh() { m_pCanvas->update(); }
+void COglViewer::Refresh() { m_pDrawer->update(); }
+SCamera COglViewer::GetCamera() const { return m_pDrawer->GetCamera(); }
+void COglViewer::SetCamera(const SCamera& camera, int nFit) { m_pDrawer->SetCamera(camera, nFit); }
 void COglViewer::SetName(const QString& sName) { m_pUi->m_pViewName->setText(sName); }
 bool COglViewer::IsLinked() const { return m_pUi->m_pLinkViewB->isChecked(); }
 

@@ -8,7 +8,7 @@
 
 #include <memory>
 
-class CViewCanvas;
+class COpenGLDrawer;
 
 namespace Ui {
 class COglViewer;
@@ -38,8 +38,10 @@ public:
     /** Whether its camera follows and leads those of all other linked views. */
     bool IsLinked() const;
 
-    const SCamera& GetCamera() const { return m_camera; }
-    void SetCamera(const SCamera& camera) { m_camera = camera; }
+    SCamera GetCamera() const;
+    /** @param nFit  a CameraFit_e: what of it stays visible in a widget of another shape */
+    void SetCamera(const SCamera& camera, int nFit = 0);
+    COpenGLDrawer& GetDrawer() { return *m_pDrawer; }
 
 signals:
     void SignalSplit(qlonglong nViewIndex, Qt::Orientation eOrientation, ViewSplit_e eSplit, qlonglong nType);
@@ -75,6 +77,5 @@ private:
 
     const qint64 m_nViewId;
     const std::unique_ptr<Ui::COglViewer> m_pUi;
-    CViewCanvas* m_pCanvas;
-    SCamera m_camera;
+    COpenGLDrawer* m_pDrawer;
 };

@@ -1,0 +1,284 @@
+#include "view/ui/opengldrawer.h"
+
+#include "frame/preferences.h"
+#include "scene/drawablemanager.h"
+#include "scene/idrawable.h"
+#include "scene/iselectable.h"
+#include "scene/selectablemanager.h"
+#include "simulation/isimulation.h"
+#include "simulation/simulationmanager.h"
+#include "view/annotations/annotationcolormap.h"
+#include "view/overlays.h"
+#include "view/scalebar.h"
+#include "view/ui/openglcheck.h"
+#include "view/viewbounds.h"
+
+#include <QPainter>
+
+namespace {
+
+constexpr int SETTLE_MS = 200;           // after the last turn of the wheel
+constexpr int MARKER_MS = 350;           // that the rotation point stays after a rotation
+constexpr int TICK_AT_REST_MS = 100;
+
+/** The application's format with an alpha channel, so that a picture can be transparent. */
+QSurfaceFormat FormatWithAlpha()
+{
+    QSurfaceFormat format = QSurfaceFormat::defaultFormat();
+    format.setAlphaBufferSize(8);
+    return format;
+}
+
+} // namespace
+
+COpenGLDrawer::COpenGLDrawer(qint64 nViewId, QWidget* pParent)
+    : QOpenGLWidget(pParent), m_nViewId(nViewId), m_hover(nViewId)
+{
+    setFormat(FormatWithAlpha());
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setCursor(QCursor(QPixmap(":/Icons/arrow.png"), 4, 2));
+    const CSelectableManager& manager = CSelectableManager::Instance();
+    connect(&manager, &CSelectableManager::SignalSelectableCreated, this,
+            &COpenGLDrawer::SlotSelectableCreated);
+    connect(&manager, &CSelectableManager::SignalSelectableDeleted, this,
+            &COpenGLDrawer::SlotSelectableDeleted);
+    m_timer.setInterval(TICK_AT_REST_MS);
+    connect(&m_timer, &QTimer::timeout, this, &COpenGLDrawer::SlotTimerUpdate);
+    m_timer.start();
+}
+
+COpenGLDrawer::~COpenGLDrawer()
+{
+    if (!isValid())
+        return;
+    makeCurrent();
+    m_renderer.Release();
+    doneCurrent();
+}
+
+void COpenGLDrawer::initializeGL()
+{
+    RequireOpenGL();
+    m_renderer.Initialize();
+}
+
+void COpenGLDrawer::resizeGL(int nWidth, int nHeight) { m_camera.Resize(QSize(nWidth, nHeight)); }
+
+void COpenGLDrawer::SetCamera(const SCamera& camera, int nFit)
+{
+    m_camera.SetCamera(camera, nFit);
+    UpdateCamera();
+}
+
+void COpenGLDrawer::SetActive(bool bActive)
+{
+    m_bActive = bActive;
+    if (!bActive)
+        ClearHover();
+}
+
+void COpenGLDrawer::UpdateCamera()
+{
+    m_eUpdate = UpdateCameraOnly;
+    QOpenGLWidget::update();
+}
+
+// The frame.
+
+bool COpenGLDrawer::IsInteracting() const
+{
+    const MouseAction_e eAction = CurrentAction();
+    return eAction == MousePanning || eAction == MouseRotate || eAction == MouseRotateAroundScreen ||
+           (m_sinceWheel.isValid() && m_sinceWheel.elapsed() < SETTLE_MS);
+}
+
+void COpenGLDrawer::paintGL()
+{
+    if (!m_paintMutex.tryLock()) {
+        update(); // from an event handled inside of the frame
+        return;
+    }
+    const bool bInteracting = IsInteracting();
+    ShowDemotion(bInteracting);
+    QPainter painter(this);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(CPreferences::Instance().Draw().background);
+    painter.drawRect(rect());
+    painter.beginNativePainting();
+    PaintScene(bInteracting);
+    painter.endNativePainting();
+    PaintAnnotations(painter);
+    PaintOverlays(painter, bInteracting);
+    painter.end();
+    m_paintMutex.unlock();
+}
+
+void COpenGLDrawer::PaintScene(bool bInteracting)
+{
+    SFrameSettings frame;
+    frame.nViewId = m_nViewId;
+    frame.view = m_camera.FloatView();
+    frame.dLeft = m_camera.Box().dLeft;
+    frame.dRight = m_camera.Box().dRight;
+    frame.dTop = m_camera.Box().dTop;
+    frame.dBottom = m_camera.Box().dBottom;
+    frame.viewport = size() * devicePixelRatioF();
+    frame.bBoundingBoxes = bInteracting && m_eDemotion == DemotionBoundingBox;
+    frame.bCheckDrawables = std::exchange(m_eUpdate, UpdateFull) == UpdateFull;
+    frame.fScale = float(devicePixelRatioF());
+    m_renderer.Render(frame);
+}
+
+QVector<IDrawable*> COpenGLDrawer::VisibleDrawables() const
+{
+    QVector<IDrawable*> visible;
+    for (const qint64 nSimulationId : CSimulationManager::Instance().GetSimulationIds(m_nViewId))
+        for (IDrawable* const pDrawable :
+             CDrawableManager::Instance().GetDrawables(m_nViewId, nSimulationId))
+            if (pDrawable->isVisible())
+                visible.append(pDrawable);
+    return visible;
+}
+
+// Demotion: while the view moves, surfaces are drawn as wireframes.
+
+void COpenGLDrawer::SetDemotion(Demotion_e eDemotion)
+{
+    m_eDemotion = eDemotion;
+    update();
+}
+
+void COpenGLDrawer::ShowDemotion(bool bInteracting)
+{
+    if (m_eDemotion != DemotionWireframe || !bInteracting) {
+        RestoreDemoted();
+        return;
+    }
+    if (std::exchange(m_bDemoted, true))
+        return;
+    for (IDrawable* const pDrawable : VisibleDrawables()) {
+        const DisplayType_e eType = pDrawable->displayType();
+        if (!pDrawable->canDemote() || eType == DisplayContour || eType == DisplayNodes ||
+            eType == DisplayVector)
+            continue;
+        m_savedTypes.insert(pDrawable, eType);
+        if (eType > DisplayWireframe)
+            pDrawable->setDisplayTypeQuick(DisplayWireframe);
+    }
+}
+
+void COpenGLDrawer::RestoreDemoted()
+{
+    if (!std::exchange(m_bDemoted, false))
+        return;
+    const QHash<IDrawable*, DisplayType_e> saved = std::exchange(m_savedTypes, {});
+    for (const qint64 nSimulationId : CSimulationManager::Instance().GetSimulationIds(m_nViewId))
+        for (IDrawable* const pDrawable :
+             CDrawableManager::Instance().GetDrawables(m_nViewId, nSimulationId)) // those that still live
+            if (const auto type = saved.constFind(pDrawable); type != saved.cend())
+                pDrawable->setDisplayTypeQuick(*type);
+}
+
+// What is painted over the scene.
+
+void COpenGLDrawer::PaintAnnotations(QPainter& painter)
+{
+    for (const IDrawable* const pDrawable : VisibleDrawables())
+        if (CAnnotationColormap* const pLegend = pDrawable->annotationColormap(); pLegend->isVisible())
+            pLegend->paint(&painter, 1.0);
+}
+
+void COpenGLDrawer::PaintOverlays(QPainter& painter, bool bInteracting)
+{
+    const SDrawPreferences& draw = CPreferences::Instance().Draw();
+    if (draw.bShowAxes)
+        Overlays::PaintAxes(painter, size(), m_camera.FloatView(), draw.axesColor, 1.0);
+    PaintRotationMarker(painter, bInteracting);
+    if (!bInteracting && draw.bShowScaling)
+        Overlays::PaintScaleBar(painter, MakeScaleBar(size(), m_camera.Box().Width()), draw.axesColor);
+    if (m_measureFrom && m_measureTo)
+        Overlays::PaintMeasureLine(painter, m_camera.ToPixel(*m_measureFrom), m_camera.ToPixel(*m_measureTo),
+                                   draw.fLineThickness);
+    if (const QRect band = RubberBand(); !band.isEmpty())
+        Overlays::PaintRubberBand(painter, band);
+}
+
+bool COpenGLDrawer::ShowsItems()
+{
+    if (!m_showsItems)
+        m_showsItems = !VisibleDrawables().isEmpty();
+    return *m_showsItems;
+}
+
+void COpenGLDrawer::PaintRotationMarker(QPainter& painter, bool bInteracting)
+{
+    enum { HIDE, ALWAYS, ON_ROTATION };
+    const SDrawPreferences& draw = CPreferences::Instance().Draw();
+    const bool bJustNow = m_sinceRotation.isValid() && m_sinceRotation.elapsed() < MARKER_MS;
+    const bool bShown = draw.nRotationAxisVisibility == ALWAYS ||
+                        (draw.nRotationAxisVisibility == ON_ROTATION && (bInteracting || bJustNow));
+    if (!bShown || !ShowsItems())
+        return;
+    Overlays::PaintRotationPoint(painter, size(), m_camera.ToPixel(m_camera.RotationPoint()),
+                                 m_camera.FloatView(), draw.axesColor, 1.0);
+    if (draw.nRotationAxisVisibility == ON_ROTATION && bJustNow) // one more frame takes it away
+        QTimer::singleShot(int(MARKER_MS + 16 - m_sinceRotation.elapsed()), this, [this] { UpdateCamera(); });
+}
+
+void COpenGLDrawer::SlotSelectableCreated(ISelectable*)
+{
+    m_showsItems.reset();
+    update();
+}
+
+void COpenGLDrawer::SlotSelectableDeleted(ISelectable* pSelectable)
+{
+    m_showsItems.reset();
+    m_hover.Forget(pSelectable);
+    update();
+}
+
+// The camera.
+
+SViewBounds COpenGLDrawer::BoundsInView(bool bSelectedOnly) const
+{
+    if (!bSelectedOnly)
+        return ViewBounds::OfVisible(m_nViewId, m_camera.View());
+    const ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulationOfView(m_nViewId);
+    return pSimulation ? ViewBounds::OfSelected(m_nViewId, pSimulation->GetId(), m_camera.View())
+                       : SViewBounds();
+}
+
+void COpenGLDrawer::ZoomToFit()
+{
+    m_camera.ZoomToBounds(BoundsInView(false));
+    emit SignalCameraChange(CameraZoomFit, {});
+    UpdateCamera();
+}
+
+void COpenGLDrawer::ZoomToSelection()
+{
+    m_camera.ZoomToBounds(BoundsInView(true));
+    emit SignalCameraChange(CameraZoomSelection, {});
+    UpdateCamera();
+}
+
+void COpenGLDrawer::ResetView()
+{
+    m_camera.ResetView();
+    Move(CameraMoves::SetView(m_camera.FloatView()));
+    ZoomToFit();
+}
+
+void COpenGLDrawer::LookAlong(int nAxis, bool bPositive)
+{
+    m_camera.LookAlong(nAxis, bPositive);
+    Move(CameraMoves::SetView(m_camera.FloatView()));
+    ZoomToFit();
+}
+
+void COpenGLDrawer::QuarterTurn(bool bPositive)
+{
+    Move(CameraMoves::RotateRow(2, bPositive ? 90.0 : -90.0, m_camera.RotationPoint()));
+}

@@ -1,0 +1,111 @@
+// COpenGLDrawer: what lies under the pointer and in rectangles.
+#include "frame/preferences.h"
+#include "frame/widgetmanager.h"
+#include "scene/iselectable.h"
+#include "scene/selectablekeys.h"
+#include "scene/selectablemanager.h"
+#include "simulation/isimulation.h"
+#include "simulation/simulationmanager.h"
+#include "view/pick/viewpicker.h"
+#include "view/pick/viewselection.h"
+#include "view/statustext.h"
+#include "view/ui/opengldrawer.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+SPickArea COpenGLDrawer::AreaAtCursor() const
+{
+    return {m_nViewId, m_camera.View(),
+            m_camera.PickRect(m_cursor, CPreferences::Instance().Draw().nSelectionArea)};
+}
+
+void COpenGLDrawer::Hover()
+{
+    if (m_hover.Update(ViewPicker::Hits(AreaAtCursor())))
+        ShowHover();
+}
+
+void COpenGLDrawer::ShowHover()
+{
+    if (const ISelectable* const pCurrent = m_hover.Current()) {
+        const QString sShort = Get(*pCurrent, SelectableKey::STATUSBAR_STRING);
+        CWidgetManager::Instance().SetStatusText(sShort.isEmpty() ? pCurrent->name() : sShort);
+    }
+    UpdateCamera(); // selection and highlight need no building
+}
+
+void COpenGLDrawer::StepHover()
+{
+    if (m_hover.Step())
+        ShowHover();
+}
+
+void COpenGLDrawer::ClearHover()
+{
+    if (m_hover.Clear())
+        UpdateCamera();
+}
+
+void COpenGLDrawer::PickPoint()
+{
+    m_picked = ViewPicker::FirstPoint(AreaAtCursor());
+    if (!m_picked.point.bHasPoint)
+        return;
+    const ISelectable* const pHover = m_hover.Current();
+    CWidgetManager::Instance().SetStatusText(
+        StatusText::OfPoint(pHover ? pHover->name() : m_picked.point.sItemName, m_picked.point));
+    if (m_measureFrom && CurrentAction() == MouseMeasureDistance) {
+        m_measureTo = m_picked.displayed;
+        CWidgetManager::Instance().SetStatusText(StatusText::Distance(*m_measureFrom, *m_measureTo));
+        UpdateCamera();
+    }
+}
+
+void COpenGLDrawer::MeasurePress()
+{
+    PickPoint();
+    if (!m_picked.point.bHasPoint)
+        return;
+    const std::optional<DVector3D> former = std::exchange(m_measureFrom, m_picked.displayed);
+    m_measureTo.reset();
+    if (former) {
+        m_measureTo = former;
+        CWidgetManager::Instance().SetStatusText(
+            StatusText::DistanceFromPrevious(*former, *m_measureFrom));
+    }
+    UpdateCamera();
+}
+
+void COpenGLDrawer::CopyPickedPoint() const
+{
+    if (m_picked.point.bHasPoint)
+        QGuiApplication::clipboard()->setText(StatusText::ToCopy(m_picked.point));
+}
+
+void COpenGLDrawer::SelectClicked(bool bControl)
+{
+    const ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulationOfView(m_nViewId);
+    if (!pSimulation)
+        return;
+    Hover(); // the pointer may not have moved since the view changed
+    ViewSelection::Click(m_nViewId, pSimulation->GetId(), m_hover.Current(), bControl);
+    UpdateCamera();
+}
+
+void COpenGLDrawer::SelectInRectangle(const QRect& band, bool bWhole, bool bControl)
+{
+    const ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulationOfView(m_nViewId);
+    if (!pSimulation)
+        return;
+    const SPickArea area{m_nViewId, m_camera.View(), m_camera.ToRect(band)};
+    const QVector<ISelectable*> hits =
+        bWhole ? ViewPicker::HitsInside(area, m_camera.WholeRect()) : ViewPicker::Hits(area);
+    ViewSelection::SelectHits(m_nViewId, pSimulation->GetId(), hits, bControl);
+    UpdateCamera();
+}
+
+void COpenGLDrawer::NotifyDoubleClicked(ISelectable* pSelectable)
+{
+    CSelectableManager::Instance().NotifyDoubleClicked(pSelectable);
+}
