@@ -3,48 +3,11 @@
 #include "scene/drawablemanager.h"
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
-#include "simulation/simulationmanager.h"
+#include "view/pick/seencopies.h"
 
 #include <QSet>
 
 namespace {
-
-DMatrix4x4 ToDouble(const QMatrix4x4& matrix)
-{
-    DMatrix4x4 result;
-    for (int nRow = 0; nRow < 4; ++nRow)
-        for (int nColumn = 0; nColumn < 4; ++nColumn)
-            result(nRow, nColumn) = double(matrix(nRow, nColumn));
-    return result;
-}
-
-/** The matrices that a drawable's own coordinates are seen through, for all drawables of one simulation. */
-class CSeenCopies
-{
-public:
-    CSeenCopies(qint64 nViewId, qint64 nSimulationId)
-        : m_transforms(CSimulationManager::Instance().GetDisplayTransforms(nViewId, nSimulationId))
-    {}
-
-    /**
-     * Calls visit(matrix) for each copy of the drawable, matrix being drawable to world, until one returns
-     * true.
-     */
-    template <class Visit> bool Any(const IDrawable& drawable, const Visit& visit) const
-    {
-        for (const STransform& transform : m_transforms) {
-            const QMatrix4x4 model = drawable.modelMatrix();
-            if (visit(model.isIdentity() ? transform.Matrix() : transform.Matrix() * ToDouble(model)))
-                return true;
-            if (drawable.isExtended() && visit(transform.Matrix() * ToDouble(drawable.extensionMatrix())))
-                return true;
-        }
-        return false;
-    }
-
-private:
-    const QVector<STransform> m_transforms;
-};
 
 bool CanBeSeen(const DMatrix4x4& seen, const SPickRect& rect, const IDrawable& drawable)
 {

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "view/surface.h"
+
+#include <QString>
+
+/** A surface whose elements a test gives. A mirror or sector of its pair applies to it. */
+class CTestSurface : public CSurface
+{
+public:
+    /** Elements (r, c) at place(r, c), built at once. */
+    template <class Place>
+    CTestSurface(qint64 nSimulationId, qint64 nViewId, const SSurfaceSize& size, const Place& place)
+        : CSurface(nSimulationId, nViewId, -1), m_given(size)
+    {
+        for (qint64 nRow = 0; nRow < size.nRows; ++nRow)
+            for (qint64 nColumn = 0; nColumn < size.nColumns; ++nColumn)
+                m_places.push_back(place(nRow, nColumn));
+        build();
+    }
+
+    std::vector<double> m_mask; // empty: no blanking; takes effect with the next build
+    QMatrix4x4 m_givenModel;
+    const SSurfaceSize m_given;
+    std::vector<DVector3D> m_places;
+    QString m_sName = "surface";
+
+protected:
+    bool ElementsAreCells() const override { return false; }
+    SSurfaceSize ReadSize() override { return m_given; }
+    bool ReadPositions(std::span<DVector3D> positions) override
+    {
+        std::copy(m_places.begin(), m_places.end(), positions.begin());
+        return true;
+    }
+    bool ReadValues(qint64, std::span<double>) override { return false; }
+    double ReadValue(qint64, qint64 nElement) const override { return double(nElement) / 3.0; }
+    bool ReadVectors(qint64, std::span<DVector3D>) override { return false; }
+    bool ReadMask(std::span<double> mask) override
+    {
+        std::copy(m_mask.begin(), m_mask.end(), mask.begin());
+        return !m_mask.empty();
+    }
+    IVector3D AddressOf(qint64 nElement) const override
+    {
+        return {1 + nElement / m_given.nColumns, 1 + nElement % m_given.nColumns, 1};
+    }
+    double CurrentTime() const override { return 0.0; }
+    QMatrix4x4 CurrentModelMatrix() const override { return m_givenModel; }
+    QString ItemName() const override { return m_sName; }
+};

@@ -1,0 +1,240 @@
+#include "view/pick/viewpicker.h"
+
+#include "tests/support/simulationfixture.h"
+#include "tests/support/testsurface.h"
+#include "view/pick/hoverlist.h"
+#include "view/pick/viewselection.h"
+
+#include <QSignalSpy>
+
+namespace {
+
+constexpr qint64 VIEW = 1;
+using Selectables = QVector<ISelectable*>;
+
+/** A selectable with the surfaces of a test. */
+class CPickSelectable : public CTestSelectable
+{
+public:
+    using CTestSelectable::CTestSelectable;
+    ~CPickSelectable() override { qDeleteAll(m_drawables); }
+
+    bool isDescendantOf(const ISelectable* p) const override
+    {
+        return m_parents.contains(const_cast<ISelectable*>(p));
+    }
+    void Own(CTestSurface* pSurface)
+    {
+        pSurface->addOwner(this);
+        m_drawables.append(pSurface);
+    }
+};
+
+/** Flat squares of 3 by 3 elements in the plane z = 0, seen along -z. */
+class CViewPicker : public SimulationFixture
+{
+protected:
+    CViewPicker() { m_nSimulation = Add(VIEW)->GetId(); }
+    ~CViewPicker() override { CSelectableManager::Instance().RemovePair(VIEW, m_nSimulation); }
+
+    CTestSurface* Square(double dX, double dY, double dSize = 2.0)
+    {
+        const auto place = [=](qint64 r, qint64 c) {
+            return DVector3D{dX + 0.5 * dSize * double(r), dY + 0.5 * dSize * double(c), 0.0};
+        };
+        auto* const pSurface = new CTestSurface(m_nSimulation, VIEW, {3, 3}, place);
+        pSurface->setDisplayTypeQuick(DisplayShaded);
+        return pSurface;
+    }
+    CPickSelectable* Select(QVector<CTestSurface*> surfaces)
+    {
+        auto* const pSelectable = new CPickSelectable(VIEW, m_nSimulation, m_nNextItem++);
+        for (CTestSurface* const pSurface : surfaces)
+            pSelectable->Own(pSurface);
+        CSelectableManager::Instance().Add(pSelectable);
+        return pSelectable;
+    }
+    static SPickArea At(double dX, double dY, double dReach = 0.01)
+    {
+        return {VIEW, {}, {dX - dReach, dY - dReach, dX + dReach, dY + dReach}};
+    }
+    static bool IsHit(double dX, double dY) { return !ViewPicker::Hits(At(dX, dY)).isEmpty(); }
+
+    qint64 m_nSimulation;
+    qint64 m_nNextItem = 1;
+};
+
+} // namespace
+
+using ViewPickerTest = CViewPicker;
+
+TEST_F(ViewPickerTest, TheDisplayTypeDecidesWhatCanBeHit)
+{
+    CTestSurface* const pSurface = Square(0, 0);
+    Select({pSurface});
+    struct
+    {
+        DisplayType_e eType;
+        bool bPoint, bLine, bFace;
+    } cases[] = {{DisplayOutline, true, true, false}, {DisplayShaded, true, true, true},
+                 {DisplayContour, true, true, false}, {DisplayNodes, true, false, false},
+                 {DisplayVector, true, true, false},  {DisplayShadedWireframe, true, true, true}};
+    for (const auto& test : cases) {
+        pSurface->setDisplayTypeQuick(test.eType);
+        EXPECT_EQ(IsHit(1, 1), test.bPoint) << test.eType; // a point is an end of lines
+        EXPECT_EQ(IsHit(1, 0.4), test.bLine) << test.eType;
+        EXPECT_EQ(IsHit(0.4, 0.3), test.bFace) << test.eType;
+        EXPECT_FALSE(IsHit(2.5, 1));
+    }
+    pSurface->setPreview(true);
+    EXPECT_FALSE(IsHit(1, 1));
+    pSurface->setPreview(false);
+    pSurface->setVisible(false);
+    EXPECT_FALSE(IsHit(1, 1));
+}
+
+TEST_F(ViewPickerTest, HitsComeOnceAndInTheOrderOfTheDrawables)
+{
+    CTestSurface* const pFirst = Square(0, 0);
+    CTestSurface* const pSecond = Square(0, 0);
+    ISelectable* const pOther = Select({Square(0, 0)});
+    ISelectable* const pTwice = Select({pFirst, pSecond});
+    EXPECT_EQ(ViewPicker::Hits(At(1, 1)), (Selectables{pTwice, pOther}));
+    EXPECT_EQ(ViewPicker::Hits({VIEW + 1, {}, {-9, -9, 9, 9}}), Selectables());
+}
+
+TEST_F(ViewPickerTest, HolesAreHitOnlyWhileTheyAreHidden)
+{
+    CTestSurface* const pSurface = Square(0, 0);
+    Select({pSurface});
+    pSurface->m_mask = {0, 0, 0, 0, 0, 0, 1, 1, 1}; // only the last row lives
+    pSurface->invalidateAll();
+    pSurface->build();
+    EXPECT_FALSE(IsHit(0, 1));
+    EXPECT_FALSE(IsHit(0.4, 0.3));
+    EXPECT_TRUE(IsHit(2, 0.5));
+    pSurface->setShowHoles(false);
+    pSurface->build();
+    EXPECT_TRUE(IsHit(0, 1)); // the box has grown along
+    EXPECT_TRUE(ViewPicker::FirstPoint(At(0, 1)).point.bIsHole);
+}
+
+TEST_F(ViewPickerTest, MirrorsSectorsModelAndExtensionMatricesAreAllSeen)
+{
+    CTestSurface* const pSurface = Square(1, 0);
+    Select({pSurface});
+    EXPECT_FALSE(IsHit(-3, 2));
+    SMirrorSetting mirror;
+    mirror.bActive = {true, false, false};
+    m_manager.SetMirror(VIEW, m_nSimulation, mirror);
+    EXPECT_TRUE(IsHit(-3, 2));
+    EXPECT_TRUE(IsHit(3, 2));
+    const SPointPick pick = ViewPicker::FirstPoint(At(-3, 2));
+    EXPECT_EQ(pick.point.xyz, (DVector3D{3, 2, 0}));
+    EXPECT_EQ(pick.displayed, (DVector3D{-3, 2, 0}));
+    pSurface->m_givenModel.translate(0, 100, 0);
+    pSurface->invalidateAll();
+    pSurface->build();
+    EXPECT_FALSE(IsHit(-3, 2));
+    EXPECT_TRUE(IsHit(-3, 102));
+    QMatrix4x4 extension;
+    extension.translate(0, -50, 0);
+    pSurface->setExtensionMatrix(extension);
+    EXPECT_FALSE(IsHit(3, -48));
+    pSurface->setExtended(true);
+    EXPECT_TRUE(IsHit(3, -48));
+    EXPECT_FALSE(ViewPicker::MissesBox(At(3, -48), *pSurface));
+    EXPECT_TRUE(ViewPicker::MissesBox(At(3, -60), *pSurface));
+}
+
+TEST_F(ViewPickerTest, APickedPointHasPlaceIndexAndNameAndWhatIsHoveredGoesAhead)
+{
+    ISelectable* const pBehind = Select({Square(0, 0)});
+    CPickSelectable* const pChild = Select({Square(0, 0)});
+    static_cast<CTestSurface*>(pChild->drawables().first())->m_sName = "child";
+    SPointPick pick = ViewPicker::FirstPoint(At(2, 1));
+    EXPECT_EQ(pick.point.sItemName, "surface");
+    EXPECT_EQ(pick.point.xyz, (DVector3D{2, 1, 0}));
+    EXPECT_EQ(pick.point.ijk, (IVector3D{3, 2, 1}));
+    EXPECT_EQ(pick.point.dValue, NO_VALUE);
+    ISelectable* const pParent = Select({});
+    pChild->addParent(pParent, false);
+    pParent->setHover(true);
+    EXPECT_EQ(ViewPicker::FirstPoint(At(2, 1)).point.sItemName, "child");
+    pParent->setHover(false);
+    pBehind->setHover(true);
+    EXPECT_EQ(ViewPicker::FirstPoint(At(2, 1)).point.sItemName, "surface");
+    EXPECT_EQ(ViewPicker::FirstPoint(At(1.5, 0.5)).pDrawable, nullptr); // a face has no point
+}
+
+TEST_F(ViewPickerTest, InTheBoxIsWhatDoesNotReachOutOfIt)
+{
+    ISelectable* const pInside = Select({Square(0, 0)});
+    ISelectable* const pAcross = Select({Square(2.5, 0)});
+    Select({Square(8, 0)});
+    const SPickRect whole{-10, -10, 10, 10};
+    const SPickArea area{VIEW, {}, {-1, -1, 3, 3}};
+    EXPECT_EQ(ViewPicker::Hits(area), (Selectables{pInside, pAcross}));
+    EXPECT_EQ(ViewPicker::HitsInside(area, whole), Selectables{pInside});
+    // A rectangle up to the edge of the view has no surrounding on that side.
+    EXPECT_EQ(ViewPicker::HitsInside({VIEW, {}, {-1, -1, 3, 3}}, {-1, -1, 3, 3}),
+              (Selectables{pInside, pAcross}));
+}
+
+TEST_F(ViewPickerTest, SelectingChangesFlagsAndTellsOnce)
+{
+    ISelectable* const a = Select({});
+    ISelectable* const b = Select({});
+    ISelectable* const c = Select({});
+    QSignalSpy spy(&CSelectableManager::Instance(), &CSelectableManager::SignalSelectionChanged);
+    const auto expect = [&](const Selectables& selected, int nSignals) {
+        EXPECT_EQ(CSelectableManager::Instance().GetSelected(VIEW, m_nSimulation), selected);
+        EXPECT_EQ(spy.count(), nSignals);
+        spy.clear();
+    };
+    ViewSelection::SelectHits(VIEW, m_nSimulation, {a, b}, false);
+    expect({a, b}, 1);
+    ViewSelection::SelectHits(VIEW, m_nSimulation, {b, c}, true);
+    expect({a, b, c}, 1);
+    ViewSelection::SelectHits(VIEW, m_nSimulation, {c}, false);
+    expect({c}, 1);
+    ViewSelection::SelectHits(VIEW, m_nSimulation, {c}, false);
+    expect({c}, 0);
+    ViewSelection::Click(VIEW, m_nSimulation, a, true);
+    expect({a, c}, 1);
+    ViewSelection::Click(VIEW, m_nSimulation, c, true);
+    expect({a}, 1);
+    ViewSelection::Click(VIEW, m_nSimulation, b, false);
+    expect({b}, 1);
+    ViewSelection::Click(VIEW, m_nSimulation, nullptr, true);
+    expect({b}, 0);
+    ViewSelection::Click(VIEW, m_nSimulation, nullptr, false);
+    expect({}, 1);
+}
+
+TEST_F(ViewPickerTest, TheHoveredItemStaysWhileThePointerIsOnIt)
+{
+    ISelectable* const a = Select({});
+    ISelectable* const b = Select({});
+    ISelectable* const c = Select({});
+    a->setHover(true); // by the panel
+    CHoverList list(VIEW);
+    const auto hovered = [] { return CSelectableManager::Instance().GetHovered(VIEW); };
+    EXPECT_TRUE(list.Update({b, c}));
+    EXPECT_EQ(hovered(), Selectables{b});
+    EXPECT_FALSE(list.Update({b, c}));
+    EXPECT_TRUE(list.Step());
+    EXPECT_TRUE(list.Update({a, b, c}));
+    EXPECT_EQ(hovered(), Selectables{c});
+    EXPECT_EQ(list.Index(), 2);
+    EXPECT_TRUE(list.Step());
+    EXPECT_EQ(list.Current(), a);
+    EXPECT_TRUE(list.Update({b, c}));
+    EXPECT_EQ(hovered(), Selectables{b});
+    list.Step();
+    list.Forget(b);
+    EXPECT_EQ(list.Current(), c);
+    list.Forget(c);
+    EXPECT_EQ(list.Current(), nullptr);
+    EXPECT_FALSE(list.Clear());
+}
