@@ -1,8 +1,9 @@
 // Opening a Plot3D case of 2,000 blocks: detection, items, registration of 18,000 fields, built-in variables.
-// Only headers are read; the limit beside it is the registration alone.
+// Only headers are read; the limit beside it is the registration alone. Then the bracket round an edit.
 #include "data/casedata.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "simulation/simulationmanager.h"
+#include "tests/support/testsimulation.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -49,6 +50,7 @@ private:
 
 void OpenCase(benchmark::State& state)
 {
+    const CTestSelectableFactory selectables;
     const CManyBlocks& files = CManyBlocks::Instance();
     CSimulationManager& manager = CSimulationManager::Instance();
     for ([[maybe_unused]] auto _ : state) {
@@ -79,5 +81,23 @@ void RegistrationAlone(benchmark::State& state)
     }
 }
 BENCHMARK(RegistrationAlone)->Unit(benchmark::kMillisecond);
+
+void UndoBracket(benchmark::State& state)
+{
+    const CTestSelectableFactory selectables;
+    CCaseRecords records;
+    records.AddFile(CManyBlocks::Instance().sGrid);
+    auto* const pSimulation = new CPlot3DSimulation(1);
+    CSimulationManager::Instance().AddSimulation(pSimulation, 1);
+    pSimulation->Load(records);
+    ISelectable* const pShown = pSimulation->GetItem(1)->GetSelectable(1);
+    for ([[maybe_unused]] auto _ : state) {
+        pSimulation->BeginUndoStep();
+        pShown->setVisible(!pShown->isVisible());
+        pSimulation->EndUndoStep();
+    }
+    CSimulationManager::Instance().RemoveAllViews();
+}
+BENCHMARK(UndoBracket)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -1,20 +1,20 @@
 #pragma once
 
-#include <QStringList>
+#include "modules/plot3d/filerecords.h"
 
-class CFileRecord;
-
-/** Endings of the names of grid files, in lower case. */
-QStringList GridSuffixes();
+/** Whether the name of a file ends as those of grid files do. */
+bool HasGridSuffix(const QString& sFileName);
 
 /**
- * The file beside this one that goes with it by name: of the same stem with one of the endings, or, if there
- * is none, the only file of the folder with such an ending (a series of numbered files counts as one).
+ * The file beside this one that goes with it by name. In this order: the same stem with an ending of the role
+ * ("wing.x", "wing.q"); the same name but for the word of the role at the end of its stem ("wingxyz.bin",
+ * "wingq.bin"); the only file of the folder with an ending of the role, where a series of numbered files
+ * counts as one.
  *
  * @return its full name; empty if there is none, or more than one
  */
-QString FindCompanion(const QString& sFileName, const QStringList& sSuffixList);
+QString FindCompanion(const QString& sFileName, FileRole_e eOwnRole, FileRole_e eWanted);
 
 /** The grid that goes with a Q or function file by name and by its blocks; an empty record if there is none.
  */
-CFileRecord FindGridFor(const CFileRecord& solution);
+CFileRecord FindGridFor(const CFileRecord& solution, FileRole_e eRole);

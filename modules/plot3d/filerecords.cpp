@@ -227,19 +227,21 @@ SFilesProblem CCaseRecords::AddFile(const QString& sFileName)
 void CCaseRecords::AddCompanions()
 {
     if (grid.IsEmpty() && !q.IsEmpty())
-        grid = FindGridFor(q);
+        grid = FindGridFor(q, RoleQ);
     if (grid.IsEmpty() && !functions.isEmpty())
-        grid = FindGridFor(functions.first());
+        grid = FindGridFor(functions.first(), RoleFunction);
     if (!grid.IsValid())
         return;
-    const auto find = [this](const char* sSuffix, FileRole_e eRole) {
-        const QString sFileName = FindCompanion(grid.FileName(), {sSuffix});
-        const CFileRecord record = sFileName.isEmpty() ? CFileRecord() : CFileRecord(sFileName, eRole);
-        return record.IsValid() && Fits(record) ? record : CFileRecord();
+    const auto find = [this](FileRole_e eRole) {
+        const QString sFileName = FindCompanion(grid.FileName(), RoleGrid, eRole);
+        if (sFileName.isEmpty() || RoleOfFile(sFileName) != eRole)
+            return CFileRecord();
+        const CFileRecord record(sFileName, eRole);
+        return Fits(record) ? record : CFileRecord();
     };
     if (q.IsEmpty())
-        q = find("q", RoleQ);
-    if (const CFileRecord function = functions.isEmpty() ? find("f", RoleFunction) : CFileRecord();
+        q = find(RoleQ);
+    if (const CFileRecord function = functions.isEmpty() ? find(RoleFunction) : CFileRecord();
         !function.IsEmpty())
         functions.append(function);
 }
@@ -248,8 +250,7 @@ FileRole_e RoleOfFile(const QString& sFileName)
 {
     const FileKind_e eSolution = CSolutionIO().Detect(sFileName).eKind;
     const bool bGrid = CGridIO().Detect(sFileName).IsDetected();
-    const QString sSuffix = QFileInfo(sFileName).suffix().toLower();
-    if (bGrid && GridSuffixes().contains(sSuffix))
+    if (bGrid && HasGridSuffix(sFileName))
         return RoleGrid;
     if (eSolution == KindQ)
         return RoleQ;

@@ -4,6 +4,11 @@
 
 namespace {
 
+QString Counted(qint64 nCount, const char* sWhat)
+{
+    return QString(nCount == 1 ? "%1 %2" : "%1 %2s").arg(nCount).arg(sWhat);
+}
+
 QString KindText(const SPlot3DFile& file)
 {
     static const QMap<int, QString> s_names = {{KindGrid, "grid"},
@@ -12,8 +17,7 @@ QString KindText(const SPlot3DFile& file)
                                                {KindXyz, "grid as fields"},
                                                {KindXyzb, "grid as fields"}};
     const QString sKind = s_names.value(file.eKind);
-    return file.eKind == KindFunction ? QString("%1, %2 variable(s)").arg(sKind).arg(VariableCount(file))
-                                      : sKind;
+    return file.eKind == KindFunction ? sKind + ", " + Counted(VariableCount(file), "variable") : sKind;
 }
 
 QString RecordText(const SFileLayout& layout)
@@ -32,8 +36,7 @@ QString DescribeLayout(const SPlot3DFile& file)
         return "not identified";
     const SFileLayout& layout = file.layout;
     QStringList parts = {KindText(file), layout.bIs3D ? "3-D" : "2-D"};
-    parts << (layout.bIsMultiBlock ? QString("%1 block(s)").arg(file.blocks.size())
-                                   : QString("single block"));
+    parts << (layout.bIsMultiBlock ? Counted(file.blocks.size(), "block") : QString("single block"));
     if (layout.nIsFormatted) {
         parts << "text (recognised, not read)";
         return parts.join(", ");

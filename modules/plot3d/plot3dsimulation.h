@@ -102,4 +102,5 @@ private:
     SPlot3DCase m_case; // as it was examined last
     QString m_sToolTip;
     QMap<qint64, SDeletedItem> m_deleted; // by item id
+    qint64 m_nLoads = 0;                  // since then the items are others than in older undo states
 };

@@ -83,6 +83,7 @@ bool ReadEntries(CByteReader& reader, QVector<SEntry>& entries)
 QByteArray CPlot3DSimulation::SaveViewState(qint64 nViewId) const
 {
     CByteWriter writer;
+    writer.Write(m_nLoads);
     writer.Write(GetItemIds());
     const QVector<ISelectable*> selectables = CSelectableManager::Instance().GetSelectables(nViewId, GetId());
     writer.Write(qint64(selectables.size()));
@@ -99,11 +100,13 @@ QByteArray CPlot3DSimulation::SaveViewState(qint64 nViewId) const
 bool CPlot3DSimulation::LoadViewState(const QByteArray& state, qint64 nViewId, double dVersion)
 {
     CByteReader reader(state);
+    qint64 nLoads = 0;
     QVector<qint64> itemIds;
     QVector<SEntry> entries;
-    if (!reader.Read(itemIds) || !ReadEntries(reader, entries))
+    if (!reader.Read(nLoads) || !reader.Read(itemIds) || !ReadEntries(reader, entries))
         return false;
-    if (dVersion == UNDO_VERSION) // a stored display changes no items
+    // A stored display changes no items, nor does a state of what was loaded before.
+    if (dVersion == UNDO_VERSION && nLoads == m_nLoads)
         SyncItems(itemIds);
     for (const SEntry& entry : std::as_const(entries))
         if (CItem* const pItem = GetItem(entry.nItemId); pItem && pItem->GetType() == entry.nKind)

@@ -60,7 +60,7 @@ QString CPlot3DSimulation::Load(const CCaseRecords& records)
     const SPlot3DCase examined = ExaminePlot3DCase(records.ToCaseFiles(OffersHole()));
     if (!examined.sError.isEmpty())
         return examined.sError;
-    m_deleted.clear();
+    ++m_nLoads;
     WriteCaseFiles(*this, records, examined);
     RegisterCase(examined, UpdateBlocks(records, examined));
     UpdateBoundaries();

@@ -78,14 +78,16 @@ void CPlot3DDialog::AddFiles(const QStringList& sFileList)
     Fill();
 }
 
-/** Takes a file in with what goes with it; tells if that isn't possible. */
+/** Takes a file in, a new grid with what goes with it; tells if that isn't possible. */
 bool CPlot3DDialog::Choose(const std::function<SFilesProblem()>& choose)
 {
     SFilesProblem problem;
     {
         const CWaitCursor wait;
+        const QString sFormerGrid = m_records.grid.FileName();
         problem = choose();
-        if (problem.IsNone())
+        // A row that the user deleted must not come back with the next file.
+        if (problem.IsNone() && (m_records.grid.IsEmpty() || m_records.grid.FileName() != sFormerGrid))
             m_records.AddCompanions();
     }
     return Tell(problem);
@@ -119,6 +121,7 @@ void CPlot3DDialog::Fill()
     QTreeWidget* const pTree = m_pUi->m_pFilesTreeList;
     pTree->clear();
     auto* const pTop = new QTreeWidgetItem(pTree, {"Simulation Files"});
+    pTop->setFlags(Qt::ItemIsEnabled);
     for (const SRoleRow& role : s_roles) {
         auto* const pItem = new QTreeWidgetItem(pTop, {role.sName});
         FillRow(pItem, {role.eRole, -1});

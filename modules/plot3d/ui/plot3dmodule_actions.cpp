@@ -99,7 +99,7 @@ void CPlot3DModule::MakeToolBar()
         pToolBar->addAction(m_moduleActions[n]);
     }
     m_toolBars.append(pToolBar);
-    m_toolBarAreas.append(Qt::TopToolBarArea);
+    m_toolBarAreas.append(Qt::RightToolBarArea); // the rows at the top are full in a small window
 }
 
 void CPlot3DModule::AddMainMenus(IMainMenus& menus)

@@ -55,6 +55,10 @@ TEST_F(FileRecords, CompanionsComeByNameIfTheyFit)
     CCaseRecords solution = Records({Path("other.q")});
     solution.AddCompanions();
     EXPECT_EQ(solution.grid.FileName(), Path("case.x"));
+    CCaseRecords words = Records({Write("wingxyz.bin", 2, KindGrid)});
+    const QString sWordQ = Write("wingq.bin", 49, KindQ);
+    words.AddCompanions();
+    EXPECT_EQ(words.q.FileName(), sWordQ);
     Write("other.q", 49, KindQ, Plot3DFixture::Blocks({{2, 2, 2}}));
     ForgetDetectedFiles();
     CCaseRecords unfit = Records({Path("case.x")});

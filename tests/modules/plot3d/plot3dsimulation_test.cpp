@@ -107,6 +107,21 @@ TEST_F(Plot3DSimulation, AFailedReloadLeavesTheCase)
     EXPECT_EQ(CVariableManager::Instance().FindByName(simulation.GetId(), "P[Q]", LocationNode), -1);
 }
 
+TEST_F(Plot3DSimulation, AnUndoOfWhatWasBeforeAReloadLeavesTheNewItems)
+{
+    CCaseRecords records = Records({WriteGrid()});
+    records.grid.SetBlocks({0, 1});
+    CPlot3DSimulation& simulation = *Open(records);
+    simulation.BeginUndoStep();
+    Find(simulation, 2)->setVisible(false);
+    simulation.EndUndoStep();
+    records.grid.SetBlocks({1, 2});
+    ASSERT_EQ(simulation.Load(records), "");
+    simulation.Undo();
+    EXPECT_EQ(Names(simulation), QStringList({"Block 2", "Block 3"}));
+    EXPECT_TRUE(Find(simulation, 2)->isVisible());
+}
+
 TEST_F(Plot3DSimulation, BoundaryFilesGiveSurfacesOfTheirBlocks)
 {
     WriteText("any.FVBND", m_boundaries);
