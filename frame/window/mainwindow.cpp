@@ -6,6 +6,7 @@
 #include "frame/preferences.h"
 #include "frame/ui/fontincrement.h"
 #include "frame/widgetmanager.h"
+#include "frame/window/displaycommands.h"
 #include "frame/window/docklogic.h"
 #include "frame/window/editcommands.h"
 #include "frame/window/filecommands.h"
@@ -122,6 +123,7 @@ void CMainWindow::BuildActions()
                                                       m_pUi->m_pAnalyzeMenu, m_pUi->m_pRecentFilesMenu);
     m_pEditCommands = std::make_unique<CEditCommands>(*m_pActions);
     m_pSelectionCommands = std::make_unique<CSelectionCommands>(*m_pActions);
+    m_pDisplayCommands = std::make_unique<CDisplayCommands>(*m_pActions);
     m_pHelpCommands = std::make_unique<CHelpCommands>(*m_pActions);
     m_pActions->Bind(ActionPreferences, this, &CMainWindow::SlotPreferences);
     m_pActions->Bind(ActionExit, this, &CMainWindow::SlotExit);
@@ -179,6 +181,8 @@ void CMainWindow::UpdateActions()
 {
     const SActionState state = TakeActionState(GetActiveViewId());
     m_pActions->Update(state);
+    m_pDisplayCommands->SlotShowSelection();
+    m_pToolBars->ShowSelection();
     const qint64 nSimulationId = state.pSimulation ? state.pSimulation->GetId() : -1;
     ForEachModule([&](IModuleInterface& module) { module.UpdateActions(state.nViewId, nSimulationId); });
 }

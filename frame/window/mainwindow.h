@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class CDisplayCommands;
 class CDockLogic;
 class CEditCommands;
 class CFileCommands;
@@ -61,6 +62,7 @@ public:
 
     CViewArea& GetViewArea() { return *m_pViewArea; }
     CWindowActions& GetActions() { return *m_pActions; }
+    CWindowToolBars& GetToolBars() { return *m_pToolBars; }
 
 signals:
     /** A dock that opens closes those that don't go with it. */
@@ -113,5 +115,6 @@ private:
     std::unique_ptr<CFileCommands> m_pFileCommands;
     std::unique_ptr<CEditCommands> m_pEditCommands;
     std::unique_ptr<CSelectionCommands> m_pSelectionCommands;
+    std::unique_ptr<CDisplayCommands> m_pDisplayCommands;
     std::unique_ptr<CHelpCommands> m_pHelpCommands;
 };

@@ -6,51 +6,13 @@
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
+#include "frame/window/activepair.h"
 #include "frame/window/windowactions.h"
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"
-#include "simulation/item.h"
 
 #include <QtMath>
-
-namespace {
-
-/** The case on top of the active view, and the view. */
-struct SActivePair
-{
-    ISimulation* pSimulation = CWidgetManager::Instance().GetActiveSimulation();
-    qint64 nViewId = CWidgetManager::Instance().GetActiveViewId();
-
-    QVector<ISelectable*> GetSelectables() const
-    {
-        return pSimulation ? CSelectableManager::Instance().GetSelectables(nViewId, pSimulation->GetId())
-                           : QVector<ISelectable*>();
-    }
-};
-
-/** The selected ones; with bChildren also those of all items below theirs, each once. */
-QVector<ISelectable*> Subjects(const SActivePair& pair, bool bChildren)
-{
-    QSet<qint64> itemIds;
-    for (const ISelectable* const pSelectable : pair.GetSelectables()) {
-        if (!pSelectable->isSelected())
-            continue;
-        itemIds.insert(pSelectable->itemId());
-        const CItem* const pItem = bChildren ? pair.pSimulation->GetItem(pSelectable->itemId()) : nullptr;
-        if (!pItem)
-            continue;
-        for (const qint64 nId : pItem->GetChildIds(-1, true))
-            itemIds.insert(nId);
-    }
-    QVector<ISelectable*> subjects = pair.GetSelectables();
-    subjects.erase(std::remove_if(subjects.begin(), subjects.end(),
-                                  [&](const ISelectable* p) { return !itemIds.contains(p->itemId()); }),
-                   subjects.end());
-    return subjects;
-}
-
-} // namespace
 
 CSelectionCommands::CSelectionCommands(CWindowActions& actions) : m_actions(actions)
 {
@@ -117,7 +79,8 @@ void CSelectionCommands::SetVisible(bool bVisible)
     if (!pair.pSimulation)
         return;
     pair.pSimulation->BeginUndoStep();
-    for (ISelectable* const pSelectable : Subjects(pair, m_actions.Get(ActionApplyToChildren)->isChecked())) {
+    for (ISelectable* const pSelectable :
+         pair.GetSubjects(m_actions.Get(ActionApplyToChildren)->isChecked())) {
         pSelectable->setVisible(bVisible);
         CSelectableManager::Instance().NotifyMaskChanged(pSelectable);
     }

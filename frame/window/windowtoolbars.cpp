@@ -177,6 +177,11 @@ void CWindowToolBars::ListInMenu(const QVector<QToolBar*>& toolBars, QMenu* pMen
 void CWindowToolBars::ShowActiveSimulation()
 {
     m_pMirrorToolBar->ShowStored();
-    m_pAnalyzeToolBar->ShowActiveSimulation();
-    m_pThresholdToolBar->ShowActiveSimulation();
+    ShowSelection();
+}
+
+void CWindowToolBars::ShowSelection()
+{
+    for (CVariableToolBar* const pToolBar : GetVariableToolBars())
+        pToolBar->ShowActiveSimulation();
 }

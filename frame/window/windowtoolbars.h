@@ -26,7 +26,15 @@ public:
     /** Brings boxes and labels to the state of the active simulation. */
     void ShowActiveSimulation();
 
+    /** The selection, or what it is shown with, has changed. */
+    void ShowSelection();
+
     CMirrorToolBar* GetMirrorToolBar() const { return m_pMirrorToolBar; }
+    /** Those with boxes for variables. */
+    QVector<CVariableToolBar*> GetVariableToolBars() const
+    {
+        return {m_pAnalyzeToolBar, m_pThresholdToolBar};
+    }
 
 private:
     QVector<QToolBar*> m_toolBars;

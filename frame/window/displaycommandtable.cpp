@@ -1,0 +1,182 @@
+#include "frame/window/displaycommandtable.h"
+
+#include "data/variables/variablemanager.h"
+#include "frame/userprompt.h"
+#include "scene/iselectable.h"
+#include "scene/selectablekeys.h"
+#include "scene/selectablemanager.h"
+#include "view/annotations/annotationcolormap.h"
+
+namespace {
+
+using Answer = std::optional<SDisplayAnswer>;
+using Subjects = const QVector<ISelectable*>&;
+
+constexpr double MOST_PIXELS = 64.0;
+constexpr double LEAST_PIXELS = 0.1;
+// Colours that can be told apart on light and dark backgrounds, with shading.
+constexpr int RAINBOW_SATURATION = 200;
+constexpr int RAINBOW_VALUE = 230;
+constexpr int HUES = 360;
+
+// Setters as commands: of a fixed value, of the answer.
+template <DisplayType_e eType> void Show(Subjects subjects, const SDisplayAnswer&)
+{
+    for (ISelectable* const pSubject : subjects)
+        pSubject->setDisplayType(eType);
+}
+template <auto Setter, bool bValue> void Fix(Subjects subjects, const SDisplayAnswer&)
+{
+    for (CDrawableGroup* const pSubject : subjects)
+        (pSubject->*Setter)(bValue);
+}
+template <auto Setter, auto Member> void Take(Subjects subjects, const SDisplayAnswer& answer)
+{
+    for (CDrawableGroup* const pSubject : subjects)
+        (pSubject->*Setter)(answer.*Member);
+}
+template <auto Setter> constexpr auto TakeFlag = Take<Setter, &SDisplayAnswer::bFlag>;
+
+void TakeTransparency(Subjects subjects, const SDisplayAnswer& answer)
+{
+    for (ISelectable* const pSubject : subjects)
+        pSubject->setAlphaValue(1.0 - answer.dNumber / 100.0);
+}
+
+void PaintOver(ISelectable& selectable, const QColor& color)
+{
+    selectable.setShadeColor(color);
+    selectable.setGeometricColor(true); // or the new colour wouldn't be seen
+}
+
+void TakeShadeColor(Subjects subjects, const SDisplayAnswer& answer)
+{
+    for (ISelectable* const pSubject : subjects)
+        PaintOver(*pSubject, answer.color);
+}
+
+/** The hue circle in equal steps, from red on, in the order of the items. */
+void TakeRainbowColor(Subjects subjects, const SDisplayAnswer&)
+{
+    for (int n = 0; n < subjects.size(); ++n)
+        PaintOver(*subjects[n],
+                  QColor::fromHsv(n * HUES / subjects.size(), RAINBOW_SATURATION, RAINBOW_VALUE));
+}
+
+void TakeLegend(Subjects subjects, const SDisplayAnswer& answer)
+{
+    for (const ISelectable* const pSubject : subjects)
+        if (Get(*pSubject, SelectableKey::HAS_LEGEND) && pSubject->annotationColormap())
+            pSubject->annotationColormap()->setVisible(answer.bFlag);
+}
+
+/** Gives each item the range of its scalar. */
+template <class RangeOf> void TakeRanges(Subjects subjects, const RangeOf& rangeOf)
+{
+    for (ISelectable* const pSubject : subjects) {
+        const SValueRange range = rangeOf(*pSubject);
+        if (!range.IsEmpty())
+            pSubject->setColormapValues(range.dMin, range.dMax);
+    }
+}
+
+/** Over all items together that show the same scalar, so that their colours compare. */
+void TakeLocalRange(Subjects subjects, const SDisplayAnswer&)
+{
+    QHash<qint64, SValueRange> ranges; // by scalar
+    for (const ISelectable* const pSubject : subjects)
+        ranges[pSubject->scalarVariable()].Add(pSubject->rangeOfVariable(pSubject->scalarVariable()));
+    TakeRanges(subjects, [&](const ISelectable& s) { return ranges.value(s.scalarVariable()); });
+}
+
+void TakeGlobalRange(Subjects subjects, const SDisplayAnswer&)
+{
+    TakeRanges(subjects, [](const ISelectable& s) {
+        IVariable* const pScalar = CVariableManager::Instance().GetVariable(s.scalarVariable());
+        return pScalar ? pScalar->GetGlobalRange(s.viewId(), s.simulationId(), NO_ID) : SValueRange();
+    });
+}
+
+// Questions.
+Answer AskColor(const QColor& start)
+{
+    const QColor color = UserPrompt::AskColor("Select Color", start.isValid() ? start : QColor(Qt::gray));
+    return color.isValid() ? Answer({0.0, color, false}) : std::nullopt;
+}
+Answer AskWireframeColor(const ISelectable& s) { return AskColor(s.wireframeColor()); }
+Answer AskShadeColor(const ISelectable& s) { return AskColor(s.shadeColor()); }
+
+Answer AskNumber(const SNumberPrompt& prompt)
+{
+    const std::optional<double> number = UserPrompt::AskNumber(prompt);
+    return number ? Answer({*number, {}, false}) : std::nullopt;
+}
+Answer AskThickness(const ISelectable& s)
+{
+    const double dNow = s.lineThickness() == NO_VALUE ? 1.0 : s.lineThickness();
+    return AskNumber({"Line Thickness", "Enter line thickness:", dNow, LEAST_PIXELS, MOST_PIXELS, 1});
+}
+Answer AskTransparency(const ISelectable& s)
+{
+    const double dNow = s.alphaValue() == NO_VALUE ? 0.0 : 100.0 * (1.0 - s.alphaValue());
+    return AskNumber({"Transparency", "Enter transparency [%]:", dNow, 0.0, 100.0, 0});
+}
+
+// Toggles: on, unless all are on already.
+template <class Is> bool NotAll(Subjects subjects, const Is& is)
+{
+    return !std::all_of(subjects.begin(), subjects.end(), is);
+}
+bool ShowHolesNow(Subjects subjects)
+{
+    return NotAll(subjects, [](const ISelectable* p) { return p->showHoles(); });
+}
+bool ShowLegendNow(Subjects subjects)
+{
+    return NotAll(subjects, [](const ISelectable* p) {
+        return !p->annotationColormap() || p->annotationColormap()->isVisible();
+    });
+}
+
+bool HasScalar(const ISelectable& s) { return s.drawables().isEmpty() || s.scalarVariable() != NO_ID; }
+bool HasVector(const ISelectable& s) { return s.drawables().isEmpty() || s.vectorVariable() != NO_ID; }
+
+constexpr const char* NO_SCALAR = "Choose a scalar variable first";
+constexpr const char* NO_VECTOR = "Choose a vector variable first";
+
+const SDisplayCommand COMMANDS[] = {
+    {ActionOutline, Show<DisplayOutline>},
+    {ActionWireframe, Show<DisplayWireframe>},
+    {ActionShaded, Show<DisplayShaded>},
+    {ActionShadedWireframe, Show<DisplayShadedWireframe>},
+    {ActionContour, Show<DisplayContour>, nullptr, nullptr, HasScalar, NO_SCALAR},
+    {ActionNodes, Show<DisplayNodes>},
+    {ActionVector, Show<DisplayVector>, nullptr, nullptr, HasVector, NO_VECTOR},
+    {ActionGridOnNodes, Fix<&CDrawableGroup::setDisplayOnNodes, true>, nullptr, nullptr, nullptr, "",
+     &CSelectableManager::NotifyDisplayOnNodes},
+    {ActionGridOnCells, Fix<&CDrawableGroup::setDisplayOnNodes, false>, nullptr, nullptr, nullptr, "",
+     &CSelectableManager::NotifyDisplayOnNodes},
+    {ActionShowNodes, Fix<&CDrawableGroup::setNodeVisible, true>},
+    {ActionHideNodes, Fix<&CDrawableGroup::setNodeVisible, false>},
+    {ActionWireframeColor, Take<&CDrawableGroup::setWireframeColor, &SDisplayAnswer::color>,
+     AskWireframeColor},
+    {ActionLineThickness, Take<&CDrawableGroup::setLineThickness, &SDisplayAnswer::dNumber>, AskThickness},
+    {ActionShadeColor, TakeShadeColor, AskShadeColor},
+    {ActionRainbowColor, TakeRainbowColor},
+    {ActionShowHoles, Fix<&CDrawableGroup::setShowHoles, true>},
+    {ActionHideHoles, Fix<&CDrawableGroup::setShowHoles, false>},
+    {ActionGeometryColor, Fix<&CDrawableGroup::setGeometricColor, true>},
+    {ActionScalarColor, Fix<&CDrawableGroup::setGeometricColor, false>, nullptr, nullptr, HasScalar,
+     NO_SCALAR},
+    {ActionTransparency, TakeTransparency, AskTransparency},
+    {ActionGlobalTransparency, TakeTransparency, AskTransparency},
+    {ActionToggleMasks, TakeFlag<&CDrawableGroup::setShowHoles>, nullptr, ShowHolesNow},
+    {ActionToggleLegend, TakeLegend, nullptr, ShowLegendNow, HasScalar, NO_SCALAR},
+    {ActionBindToLocal, TakeFlag<&CDrawableGroup::setColormapBindToLocal>},
+    {ActionLocalRange, TakeLocalRange, nullptr, nullptr, HasScalar, NO_SCALAR},
+    {ActionGlobalRange, TakeGlobalRange, nullptr, nullptr, HasScalar, NO_SCALAR},
+};
+
+} // namespace
+
+std::span<const SDisplayCommand> DisplayCommandTable() { return COMMANDS; }
