@@ -3,6 +3,7 @@
 #include "scene/drawablemanager.h"
 #include "scene/idrawable.h"
 #include "scene/iselectable.h"
+#include "tests/support/testsimulation.h"
 #include "view/annotations/annotationcolormap.h"
 
 #include <stdexcept>
@@ -22,7 +23,7 @@ class CTestDrawable : public IDrawable
 {
 public:
     CTestDrawable(qint64 nViewId, qint64 nSimulationId, qint64 nItemId)
-        : m_viewId(nViewId), m_itemId(nItemId), m_nSimulationId(nSimulationId), m_nSerial(s_nNextSerial++)
+        : m_itemId(nItemId), m_viewId(nViewId), m_nSimulationId(nSimulationId), m_nSerial(s_nNextSerial++)
     {
         setAutoDelete(false);
         m_legend.setDrawableSerial(m_nSerial);
@@ -139,3 +140,27 @@ private:
 
 #undef TEST_VALUE
 #undef TEST_RECORD
+
+/** A selectable with drawables, which go along with it. */
+class CShownSelectable : public CTestSelectable
+{
+public:
+    using CTestSelectable::CTestSelectable;
+    ~CShownSelectable() override { qDeleteAll(m_drawables); }
+
+    qint64 blockId() const override { return m_nBlockId; }
+
+    /** A new drawable of a block's item, coloured by the variable. */
+    CTestDrawable* Show(qint64 nVariableId, qint64 nBlockId = -1)
+    {
+        auto* const pDrawable = new CTestDrawable(viewId(), simulationId(), itemId());
+        pDrawable->setScalarVariable(nVariableId);
+        pDrawable->m_nBlockId = m_nBlockId = nBlockId;
+        pDrawable->m_owners = {this};
+        m_drawables.append(pDrawable);
+        return pDrawable;
+    }
+
+private:
+    qint64 m_nBlockId = -1;
+};

@@ -7,6 +7,8 @@
 #include "view/colormaps/colormapedit.h"
 #include "view/dialogs/colormapdialog.h"
 
+#include <QPainter>
+
 namespace {
 
 enum Background_e { BackgroundNone = 0, BackgroundSolid = 1, BackgroundOutline = 2 };
@@ -15,6 +17,10 @@ void ShowColor(QToolButton& button, const QColor& color)
 {
     QPixmap swatch(button.iconSize());
     swatch.fill(color);
+    QPainter painter(&swatch);
+    painter.setPen(button.palette().color(QPalette::Mid));
+    painter.drawRect(swatch.rect().adjusted(0, 0, -1, -1));
+    painter.end();
     button.setIcon(swatch);
 }
 

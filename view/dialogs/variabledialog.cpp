@@ -62,7 +62,9 @@ void CVariableDialog::Fill()
     tree.clear();
     const CVariableManager& manager = CVariableManager::Instance();
     AddRows(*tree.invisibleRootItem(), manager.ListVariables(m_nSimulationId, false));
-    if (const QVector<qint64> comparison = manager.ListVariables(COMPARISON, false); !comparison.isEmpty()) {
+    const QVector<qint64> comparison = manager.ListVariables(COMPARISON, false);
+    tree.setRootIsDecorated(!comparison.isEmpty());
+    if (!comparison.isEmpty()) {
         auto* const pHead = new CVariableTreeItem(GroupComparison, "Compare");
         tree.addTopLevelItem(pHead);
         AddRows(*pHead, comparison);

@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int ICON_SIZE = 16; // [pixels], as the next
-constexpr int MARK_SIZE = 10;
+constexpr int MARK_SIZE = 11;
 constexpr int SEPARATOR_HEIGHT = 9;
 constexpr double SEPARATOR_STRENGTH = 0.35;
 constexpr int SEPARATOR_ROLE = Qt::UserRole;
@@ -21,10 +21,20 @@ constexpr const char* LOCATION_ICONS[] = {":/Icons/const.png", ":/Icons/nodes.pn
 /** The icon with a sign in its corner that there is something to know. */
 QIcon WithWarning(const QIcon& icon)
 {
-    QPixmap pixmap = icon.pixmap(ICON_SIZE);
-    const int nAt = ICON_SIZE - MARK_SIZE;
-    QPainter(&pixmap).drawPixmap(nAt, nAt, ThemeIcon(":/Icons/warning.png").pixmap(MARK_SIZE));
-    return pixmap;
+    const QRect corner(ICON_SIZE - MARK_SIZE, ICON_SIZE - MARK_SIZE, MARK_SIZE, MARK_SIZE);
+    const QIcon warning = ThemeIcon(":/Icons/warning.png");
+    QIcon marked;
+    for (const QIcon::Mode eMode : {QIcon::Normal, QIcon::Selected}) {
+        QPixmap pixmap = icon.pixmap(ICON_SIZE, eMode);
+        QPainter painter(&pixmap);
+        painter.setCompositionMode(QPainter::CompositionMode_Clear);
+        painter.fillRect(corner, Qt::black); // the lines below would make the sign hard to see
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        painter.drawPixmap(corner, warning.pixmap(MARK_SIZE, eMode));
+        painter.end();
+        marked.addPixmap(pixmap, eMode);
+    }
+    return marked;
 }
 
 QIcon IconOf(const IVariable& variable)

@@ -18,6 +18,17 @@ QColor Mixed(const QColor& a, const QColor& b)
     return {(a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2};
 }
 
+/** The palette's highlight where that stands out from the window, else the colour of links, which does. */
+QColor Accent(const QPalette& palette)
+{
+    constexpr int LEAST_CONTRAST = 60; // of the lightness
+    const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
+    const QColor window = palette.color(QPalette::Active, QPalette::Window);
+    return std::abs(highlight.lightness() - window.lightness()) < LEAST_CONTRAST
+               ? palette.color(QPalette::Active, QPalette::Link)
+               : highlight;
+}
+
 } // namespace
 
 QSize CMultipleHandleSlider::sizeHint() const { return {160, int(HANDLE_HEIGHT) + 2 * MARGIN}; }
@@ -83,11 +94,11 @@ void CMultipleHandleSlider::PaintHandle(QPainter& painter, int nHandle) const
     const bool bLit = isEnabled() && (nHandle == m_nHovered || nHandle == m_nDragged);
     const QPainterPath path = HandlePath(nHandle);
     if (bFocus) {
-        painter.setPen(QPen(Color(QPalette::Link), 2.0 * MARGIN, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setPen(QPen(Accent(palette()), 2.0 * MARGIN, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter.setBrush(Qt::NoBrush);
         painter.drawPath(path);
     }
-    painter.setPen(QPen(Color(bLit ? QPalette::Link : QPalette::WindowText), bLit ? 1.6 : 1.0));
+    painter.setPen(QPen(bLit ? Accent(palette()) : Color(QPalette::WindowText), bLit ? 1.6 : 1.0));
     painter.setBrush(Color(QPalette::Button));
     painter.drawPath(path);
 }
@@ -108,7 +119,7 @@ void CMultipleHandleSlider::paintEvent(QPaintEvent*)
     const double dFrom = m_handles.size() == 1 ? groove.left() : PlaceOf(m_handles.first().GetValue());
     const QRectF span(QPointF(dFrom, groove.top()),
                       QPointF(PlaceOf(m_handles.last().GetValue()), groove.bottom()));
-    painter.setBrush(isEnabled() ? palette().color(eGroup, QPalette::Link) : Mixed(window, text));
+    painter.setBrush(isEnabled() ? Accent(palette()) : Mixed(window, text));
     painter.drawRoundedRect(span, GROOVE_HEIGHT / 2.0, GROOVE_HEIGHT / 2.0);
     for (int n = 0; n < m_handles.size(); ++n)
         PaintHandle(painter, n);
