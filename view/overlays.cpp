@@ -69,7 +69,8 @@ void Overlays::PaintScaleBar(QPainter& painter, const SScaleBar& bar, const QCol
     painter.setPen(QPen(color, 1.0));
     painter.drawLine(QPointF(bar.marks.first().dX, bar.dY), QPointF(bar.marks.last().dX, bar.dY));
     for (const SScaleBar::SMark& mark : bar.marks) {
-        painter.drawLine(QPointF(mark.dX, bar.dY - SScaleBar::TICK), QPointF(mark.dX, bar.dY + SScaleBar::TICK));
+        painter.drawLine(QPointF(mark.dX, bar.dY - SScaleBar::TICK),
+                         QPointF(mark.dX, bar.dY + SScaleBar::TICK));
         painter.drawText(QPointF(mark.dX, bar.dLabelY), mark.sLabel);
     }
     painter.restore();

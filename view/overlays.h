@@ -9,11 +9,13 @@ class QColor;
 class QPainter;
 struct SScaleBar;
 
-/** What is painted over the scene of a view. Sizes in logical pixels, y downwards; dScale is that of a capture. */
+/** What is painted over the scene of a view. Sizes in logical pixels, y downwards; dScale is that of a
+ * capture. */
 namespace Overlays {
 
 /** The directions of the axes at the lower left. */
-void PaintAxes(QPainter& painter, const QSize& size, const QMatrix4x4& view, const QColor& color, double dScale);
+void PaintAxes(QPainter& painter, const QSize& size, const QMatrix4x4& view, const QColor& color,
+               double dScale);
 
 /** The same with a dot, at the point that rotations turn about. @param origin  its place in the view */
 void PaintRotationPoint(QPainter& painter, const QSize& size, const QPointF& origin, const QMatrix4x4& view,

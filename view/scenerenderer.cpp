@@ -71,6 +71,7 @@ QMatrix4x4 CSceneRenderer::Projection(const SFrameSettings& frame, const CFrameS
 void CSceneRenderer::Render(const SFrameSettings& frame)
 {
     AbandonedNames::Delete();
+    CShaderManager::Instance().PushGlobalUniforms();
     const bool bSilhouette = CPreferences::Instance().Draw().bHighlightOutline;
     const CFrameScene scene(frame.nViewId, frame.view, bSilhouette);
     Gl().glClear(GL_DEPTH_BUFFER_BIT);

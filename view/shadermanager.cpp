@@ -35,6 +35,8 @@ bool CShaderManager::LinkAll()
 
 void CShaderManager::PushGlobalUniforms()
 {
+    if (!std::exchange(m_bGlobalsStale, false))
+        return;
     for (const int nKey : {SURFACE, VECTOR})
         if (CSurfaceShaderProgram* const pProgram = GetSurfaceProgram(nKey); pProgram && pProgram->isLinked())
             pProgram->SetGlobalUniforms();

@@ -26,7 +26,9 @@ public:
     void DeletePrograms();
     /** Links what isn't linked yet; stops at the first failure. */
     bool LinkAll();
-    /** After a change of the preferences. */
+    /** The preferences have changed: the next frame of any view sends their colours. */
+    void InvalidateGlobalUniforms() { m_bGlobalsStale = true; }
+    /** Sends them if that is due; with a context current. */
     void PushGlobalUniforms();
 
     /** The surface or the vector program; null for any other key. */
@@ -37,6 +39,7 @@ private:
     CShaderManager();
     ~CShaderManager();
 
+    bool m_bGlobalsStale = false;
     std::unique_ptr<CVectorShaderProgram> m_pVector;
     std::unique_ptr<CSurfaceShaderProgram> m_pSurface;
     std::unique_ptr<CSilhouetteShaderProgram> m_pSilhouette;

@@ -16,7 +16,7 @@ void TakeModules(SActionState& state)
         const IModuleInterface* const pModule = CModuleRegistry::Instance().FindById(nId);
         if (!pModule)
             continue;
-        state.bModuleOpens |= pModule->CanOpen();
+        state.bModuleOpens |= pModule->CanOpen() || pModule->CanCreateSimulationFromFile();
         state.bModuleCreates |= pModule->CanCreateNew();
         state.bModuleAnalyzes |= pModule->CanAnalyze();
     }

@@ -3,6 +3,7 @@
 #include "frame/bytestream.h"
 #include "frame/messagesink.h"
 #include "frame/moduleregistry.h"
+#include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
 #include "frame/window/windowactions.h"
@@ -41,6 +42,20 @@ void TellUnknown(const QString& sFileName)
     const QString sText = QString("%1 is not a file of any kind of case known here").arg(sFileName);
     CMessageSink::Instance().Log(sText);
     CWidgetManager::Instance().SetStatusText(sText);
+}
+
+/** A case made of data files by the first module that can; -1 if there is none. */
+qint64 CreateFromFiles(const QStringList& sFileList)
+{
+    for (qint32 nId = 0; nId <= CModuleRegistry::HIGHEST_ID; ++nId) {
+        IModuleInterface* const pModule = CModuleRegistry::Instance().FindById(nId);
+        if (!pModule || !pModule->CanCreateSimulationFromFile())
+            continue;
+        const qint64 nSimulationId = pModule->CreateFromFiles(sFileList, -1);
+        if (nSimulationId != -1)
+            return nSimulationId;
+    }
+    return -1;
 }
 
 void ShowInActiveView(qint64 nSimulationId)
@@ -105,20 +120,43 @@ void CFileCommands::SlotOpenSimulation(const QString& sFileName)
     if (sFile.isEmpty())
         return;
     m_sLastPath = sFile;
+    OpenFiles({sFile});
+}
+
+bool CFileCommands::OpenCase(const QString& sFile)
+{
     QFile file(sFile);
-    if (!file.open(QIODevice::ReadOnly)) {
-        UserPrompt::Tell(PromptCritical, OPEN_TITLE, "Failed to open the selected file");
-        return;
-    }
+    if (!file.open(QIODevice::ReadOnly))
+        return UserPrompt::Tell(PromptCritical, OPEN_TITLE, "Failed to open the selected file");
     IModuleInterface* const pModule = FindOpeningModule(ReadModuleName(file));
     file.close();
-    if (!pModule) {
-        TellUnknown(sFile);
+    if (!pModule)
+        return false;
+    const qint64 nSimulationId = pModule->Open(sFile, -1);
+    if (nSimulationId != -1) {
+        ShowInActiveView(nSimulationId);
+        m_recentFiles.Add(sFile);
+    }
+    return true;
+}
+
+void CFileCommands::OpenFiles(const QStringList& sFileList)
+{
+    QStringList sDataFileList; // what is no case: together they may make one
+    for (const QString& sFile : sFileList) {
+        if (!QFile(sFile).open(QIODevice::ReadOnly))
+            UserPrompt::Tell(PromptCritical, OPEN_TITLE, "Failed to open the selected file");
+        else if (!OpenCase(sFile))
+            sDataFileList.append(sFile);
+    }
+    if (sDataFileList.isEmpty())
+        return;
+    const CWaitCursor wait;
+    const qint64 nSimulationId = CreateFromFiles(sDataFileList);
+    if (nSimulationId == -1) {
+        TellUnknown(sDataFileList.join(", "));
         return;
     }
-    const qint64 nSimulationId = pModule->Open(sFile, -1);
-    if (nSimulationId == -1)
-        return;
     ShowInActiveView(nSimulationId);
-    m_recentFiles.Add(sFile);
+    m_recentFiles.Add(sDataFileList.first());
 }

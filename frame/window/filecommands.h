@@ -25,15 +25,20 @@ public slots:
     void SlotNewSimulation(QAction* pAction);
     /** Makes a case from results with the module whose id is the action's data. */
     void SlotAnalyzeSimulation(QAction* pAction);
-    /**
-     * Opens a simulation file with the module that its first field names; asks for it if the name is empty.
-     * A file of no known module changes nothing; the log and the status bar say so.
-     */
+    /** Opens the file, see OpenFiles; asks for it if the name is empty. */
     void SlotOpenSimulation(const QString& sFileName);
+    /**
+     * Opens each simulation file with the module that its first field names. The others are data files: the
+     * first module that can makes one case of them all. Files of no known kind change nothing; the log and
+     * the status bar say so.
+     */
+    void OpenFiles(const QStringList& sFileList);
 
 private:
     void FillModuleMenu(QMenu* pMenu, bool (IModuleInterface::*can)() const);
 
     CRecentFiles m_recentFiles;
+    bool OpenCase(const QString& sFile);
+
     QString m_sLastPath; // used last in this process
 };

@@ -6,6 +6,7 @@
 #include "frame/preferences.h"
 #include "frame/ui/fontincrement.h"
 #include "frame/widgetmanager.h"
+#include "frame/window/cameracommands.h"
 #include "frame/window/displaycommands.h"
 #include "frame/window/docklogic.h"
 #include "frame/window/editcommands.h"
@@ -28,6 +29,7 @@
 #include "simulation/panel/itempanels.h"
 #include "simulation/simulationmanager.h"
 #include "ui_mainwindow.h"
+#include "view/shadermanager.h"
 
 #include <QCloseEvent>
 #include <QMimeData>
@@ -58,6 +60,7 @@ CMainWindow::CMainWindow() : m_pUi(new Ui::CMainWindow)
 {
     m_pUi->setupUi(this);
     StartupTimings::Note("widget tree");
+    CShaderManager::Instance().CreatePrograms();
     m_styleSheets = LoadStyleSheets(styleSheet());
     CPreferences::Instance().Load(ApplicationInfo::ORGANISATION, ApplicationInfo::NAME);
     m_pItemPanels = std::make_unique<CItemPanels>();
@@ -125,6 +128,7 @@ void CMainWindow::BuildActions()
     m_pSelectionCommands = std::make_unique<CSelectionCommands>(*m_pActions);
     m_pDisplayCommands = std::make_unique<CDisplayCommands>(*m_pActions);
     m_pHelpCommands = std::make_unique<CHelpCommands>(*m_pActions);
+    m_pCameraCommands = std::make_unique<CCameraCommands>(*m_pActions, *m_pViewArea);
     m_pActions->Bind(ActionPreferences, this, &CMainWindow::SlotPreferences);
     m_pActions->Bind(ActionExit, this, &CMainWindow::SlotExit);
     m_pActions->Bind(ActionDefaultView, this, &CMainWindow::SlotDefaultView);
@@ -245,6 +249,7 @@ void CMainWindow::SlotActiveSimulationChanged()
     }
     ShowItemPanel();
     m_pToolBars->ShowActiveSimulation();
+    m_pCameraCommands->ShowActiveView();
     emit SignalActiveSimulationChanged();
     emit SignalRefreshDockWidgets();
     UpdateActions();
@@ -287,6 +292,7 @@ void CMainWindow::SlotPreferences()
 void CMainWindow::SlotUpdatePreferences()
 {
     ApplyTheme();
+    CShaderManager::Instance().InvalidateGlobalUniforms();
     ApplyFontIncrement(this);
     for (CItemPanel* const pPanel : findChildren<CItemPanel*>())
         pPanel->ApplyFonts();
@@ -333,8 +339,7 @@ void CMainWindow::dragEnterEvent(QDragEnterEvent* pEvent)
 void CMainWindow::dropEvent(QDropEvent* pEvent)
 {
     pEvent->acceptProposedAction();
-    for (const QString& sFile : LocalFiles(pEvent->mimeData()))
-        SlotOpenSimulation(sFile);
+    m_pFileCommands->OpenFiles(LocalFiles(pEvent->mimeData()));
 }
 
 void CMainWindow::closeEvent(QCloseEvent* pEvent)

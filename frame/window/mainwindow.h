@@ -11,6 +11,7 @@
 #include <memory>
 
 class CDisplayCommands;
+class CCameraCommands;
 class CDockLogic;
 class CEditCommands;
 class CFileCommands;
@@ -117,4 +118,5 @@ private:
     std::unique_ptr<CSelectionCommands> m_pSelectionCommands;
     std::unique_ptr<CDisplayCommands> m_pDisplayCommands;
     std::unique_ptr<CHelpCommands> m_pHelpCommands;
+    std::unique_ptr<CCameraCommands> m_pCameraCommands;
 };

@@ -43,6 +43,7 @@ void CViewCommands::SlotViewerSplit(qlonglong nViewIndex, Qt::Orientation eOrien
     if (eSplit == SplitInstance || eSplit == SplitCopy) {
         for (const qint64 nId : manager.GetSimulationIds(nViewIndex)) {
             manager.AddSimulationToView(nId, nNewId);
+            manager.GetSimulation(nId)->CreateDefaultSelectables(nNewId);
             CopyDisplay(nId, nViewIndex, nNewId);
         }
         if (const ISimulation* const pActive = manager.GetSimulationOfView(nViewIndex))

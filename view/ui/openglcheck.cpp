@@ -21,10 +21,11 @@ QString Ask(GLenum eName)
 {
     UserPrompt::Tell(PromptCritical, "Error!", sMessage);
     std::fputs(qPrintable(sLine), stdout);
-    const QString sSystem = QString("System Info:\nOpenGL Vendor: %1\nOpenGL Renderer: %2\nOpenGL Version: %3\n"
-                                    "OpenGL Shader Version: %4\nExtensions: %5")
-                                .arg(Ask(GL_VENDOR), Ask(GL_RENDERER), Ask(GL_VERSION),
-                                     Ask(GL_SHADING_LANGUAGE_VERSION), Ask(GL_EXTENSIONS));
+    const QString sSystem =
+        QString("System Info:\nOpenGL Vendor: %1\nOpenGL Renderer: %2\nOpenGL Version: %3\n"
+                "OpenGL Shader Version: %4\nExtensions: %5")
+            .arg(Ask(GL_VENDOR), Ask(GL_RENDERER), Ask(GL_VERSION), Ask(GL_SHADING_LANGUAGE_VERSION),
+                 Ask(GL_EXTENSIONS));
     std::fputs(qPrintable(sSystem), stdout);
     std::fflush(stdout);
     std::_Exit(0); // no destructor may touch a context that can't draw

@@ -17,8 +17,8 @@
 
 namespace {
 
-constexpr int SETTLE_MS = 200;           // after the last turn of the wheel
-constexpr int MARKER_MS = 350;           // that the rotation point stays after a rotation
+constexpr int SETTLE_MS = 200; // after the last turn of the wheel
+constexpr int MARKER_MS = 350; // that the rotation point stays after a rotation
 constexpr int TICK_AT_REST_MS = 100;
 
 /** The application's format with an alpha channel, so that a picture can be transparent. */
@@ -134,8 +134,7 @@ QVector<IDrawable*> COpenGLDrawer::VisibleDrawables() const
 {
     QVector<IDrawable*> visible;
     for (const qint64 nSimulationId : CSimulationManager::Instance().GetSimulationIds(m_nViewId))
-        for (IDrawable* const pDrawable :
-             CDrawableManager::Instance().GetDrawables(m_nViewId, nSimulationId))
+        for (IDrawable* const pDrawable : CDrawableManager::Instance().GetDrawables(m_nViewId, nSimulationId))
             if (pDrawable->isVisible())
                 visible.append(pDrawable);
     return visible;

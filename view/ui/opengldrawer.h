@@ -36,6 +36,7 @@ public:
     /** Hover and selection work in the active view alone. */
     void SetActive(bool bActive);
     void SetDemotion(Demotion_e eDemotion);
+    OglMouseMode_e GetMode() const { return m_eMode; }
 
     SCamera GetCamera() const { return m_camera.Camera(); }
     /** Without a size it waits for the first one. @param nFit  a CameraFit_e */

@@ -17,7 +17,7 @@ constexpr int TICK_AT_REST_MS = 100;
 constexpr int TICK_HELD_MS = 10;
 constexpr int WHEEL_SETTLED_MS = 350; // one frame after demotion has ended
 constexpr double PAN_FACTOR = 0.1;
-constexpr double RATE_FACTOR = 100.0;      // degrees a tick for a drag over the whole widget
+constexpr double RATE_FACTOR = 100.0; // degrees a tick for a drag over the whole widget
 constexpr double KEY_STEP = 0.2;
 constexpr double ZOOM_FACTOR = 0.001;
 constexpr double LEAST_DRAG = 1e-5;
@@ -398,7 +398,8 @@ void COpenGLDrawer::RotateScreen(int nRow)
     const SInputState& state = m_input.State();
     double dAngle = state.modifiers & Qt::ControlModifier ? SMALL_STEP : STEP;
     if (state.keys.contains(Qt::Key_PageUp)) {
-        const auto answer = UserPrompt::AskNumber({"Custom Rotation", "Angle [deg]", dAngle, -360.0, 360.0, 5});
+        const auto answer =
+            UserPrompt::AskNumber({"Custom Rotation", "Angle [deg]", dAngle, -360.0, 360.0, 5});
         m_input.Clear(); // the keys went up in the dialog
         if (!answer)
             return;
@@ -437,8 +438,8 @@ void COpenGLDrawer::FocusRotation()
         if (bounds.IsEmpty())
             continue;
         const DVector3D centre = bounds.Centre();
-        const QVector3D world = m_camera.FloatView().inverted() *
-                                QVector3D(float(centre.x), float(centre.y), float(centre.z));
+        const QVector3D world =
+            m_camera.FloatView().inverted() * QVector3D(float(centre.x), float(centre.y), float(centre.z));
         TurnAbout({world.x(), world.y(), world.z()});
         return;
     }

@@ -71,8 +71,7 @@ void COpenGLDrawer::MeasurePress()
     m_measureTo.reset();
     if (former) {
         m_measureTo = former;
-        CWidgetManager::Instance().SetStatusText(
-            StatusText::DistanceFromPrevious(*former, *m_measureFrom));
+        CWidgetManager::Instance().SetStatusText(StatusText::DistanceFromPrevious(*former, *m_measureFrom));
     }
     UpdateCamera();
 }
