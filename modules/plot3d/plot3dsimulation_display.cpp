@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr qint64 LEAST_ENTRY_SIZE = 8 + 8 + 4 + 2; // item, kind, length of the name, two flags
+constexpr qint64 LEAST_ENTRY_SIZE = 8 + 8 + 4 + 2 + 4; // item, kind, name, two flags, display
 constexpr double UNDO_VERSION = -1.0;
 
 using Place = std::pair<qint64, qint64>; // item id, kind
@@ -23,6 +23,7 @@ struct SEntry
     QString sName;
     bool bVisible = true;
     bool bSelected = false;
+    QByteArray display; // ISelectable::toBinary; empty in states that have none
 };
 
 /** Gives each entry the selectable that it is of: the n-th of an item and kind to the n-th such entry. */
@@ -44,7 +45,7 @@ private:
     QHash<Place, QVector<ISelectable*>> m_places;
 };
 
-void Apply(const QVector<SEntry>& entries, qint64 nViewId, qint64 nSimulationId)
+void Apply(const QVector<SEntry>& entries, qint64 nViewId, qint64 nSimulationId, double dVersion)
 {
     CSelectableManager& manager = CSelectableManager::Instance();
     CSelectableFinder finder(manager.GetSelectables(nViewId, nSimulationId));
@@ -53,6 +54,11 @@ void Apply(const QVector<SEntry>& entries, qint64 nViewId, qint64 nSimulationId)
         if (!pSelectable)
             continue;
         pSelectable->setSelected(entry.bSelected);
+        // What is the same is left alone: it would be built anew.
+        if (!entry.display.isEmpty() && pSelectable->toBinary() != entry.display) {
+            pSelectable->fromBinary(entry.display, dVersion);
+            manager.NotifyUpdated(pSelectable);
+        }
         if (pSelectable->isVisible() == entry.bVisible)
             continue;
         pSelectable->setVisible(entry.bVisible);
@@ -73,6 +79,7 @@ bool ReadEntries(CByteReader& reader, QVector<SEntry>& entries)
         reader.Read(entry.sName);
         reader.Read(entry.bVisible);
         reader.Read(entry.bSelected);
+        reader.Read(entry.display);
         entries.append(entry);
     }
     return reader.IsOk();
@@ -93,6 +100,7 @@ QByteArray CPlot3DSimulation::SaveViewState(qint64 nViewId) const
         writer.Write(pSelectable->name());
         writer.Write(pSelectable->isVisible());
         writer.Write(pSelectable->isSelected());
+        writer.Write(pSelectable->toBinary());
     }
     return writer.Take();
 }
@@ -111,7 +119,7 @@ bool CPlot3DSimulation::LoadViewState(const QByteArray& state, qint64 nViewId, d
     for (const SEntry& entry : std::as_const(entries))
         if (CItem* const pItem = GetItem(entry.nItemId); pItem && pItem->GetType() == entry.nKind)
             pItem->CreateSelectable(nViewId);
-    Apply(entries, nViewId, GetId());
+    Apply(entries, nViewId, GetId(), dVersion);
     return true;
 }
 
@@ -124,19 +132,27 @@ QJsonObject CPlot3DSimulation::SaveViewJson(qint64 nViewId) const
                                    {"kind", double(pSelectable->typeId())},
                                    {"name", pSelectable->name()},
                                    {"visible", pSelectable->isVisible()},
-                                   {"selected", pSelectable->isSelected()}});
+                                   {"selected", pSelectable->isSelected()},
+                                   {"disp", pSelectable->toJsonBlock()}});
     return {{"selectable", entries}};
 }
 
-bool CPlot3DSimulation::LoadViewJson(const QJsonObject& display, qint64 nViewId, double)
+bool CPlot3DSimulation::LoadViewJson(const QJsonObject& display, qint64 nViewId, double dVersion)
 {
     QVector<SEntry> entries;
+    CSelectableFinder finder(CSelectableManager::Instance().GetSelectables(nViewId, GetId()));
     for (const QJsonValue& value : display["selectable"].toArray()) {
-        const QJsonObject entry = value.toObject();
-        entries.append({qint64(entry["item"].toDouble(NO_ID)), qint64(entry["kind"].toDouble(NO_ID)),
-                        entry["name"].toString(), entry["visible"].toBool(true), entry["selected"].toBool()});
+        const QJsonObject json = value.toObject();
+        SEntry entry;
+        entry.nItemId = qint64(json["item"].toDouble(NO_ID));
+        entry.nKind = qint64(json["kind"].toDouble(NO_ID));
+        entry.bVisible = json["visible"].toBool(true);
+        entry.bSelected = json["selected"].toBool();
+        entries.append(entry);
+        if (ISelectable* const pSelectable = finder.Take(entry))
+            pSelectable->fromJsonBlock(json["disp"].toObject());
     }
-    Apply(entries, nViewId, GetId());
+    Apply(entries, nViewId, GetId(), dVersion);
     return true;
 }
 
