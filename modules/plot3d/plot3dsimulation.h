@@ -57,6 +57,8 @@ public:
     bool EditData() override;
     bool UndoIncludesPack() const override { return false; }
     void DeleteAllItems() override;
+    /** With all below it, and their data. */
+    void DeleteItem(qint64 nId, qint64 nSubId = -1) override;
     CItem* CreateItem(qint64 nType, qint64 nKind, bool bNew, qint64 nIndex, qint64 nId,
                       qint64 nSubId) override;
     QVector<qint64> GetLinkedItems(qint64 nId) const override;

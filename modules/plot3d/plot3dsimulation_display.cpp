@@ -1,10 +1,11 @@
 // CPlot3DSimulation: what a view shows of it, as bytes and as JSON.
 #include "frame/bytestream.h"
-#include "modules/plot3d/boundaryitem.h"
+#include "modules/plot3d/plot3dkeys.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "scene/iselectable.h"
 #include "scene/selectablekind.h"
 #include "scene/selectablemanager.h"
+#include "simulation/item.h"
 
 #include <QJsonArray>
 
@@ -158,11 +159,13 @@ bool CPlot3DSimulation::LoadViewJson(const QJsonObject& display, qint64 nViewId,
 
 void CPlot3DSimulation::CreateDefaultSelectables(qint64 nViewId)
 {
+    const CSelectableManager& manager = CSelectableManager::Instance();
+    const int nFormer = manager.GetSelectables(nViewId, GetId()).size();
     for (CItem* const pItem : GetItems())
         if (!pItem->GetSelectable(nViewId))
             pItem->CreateSelectable(nViewId);
-    for (ISelectable* const pSelectable : CSelectableManager::Instance().GetSelectables(nViewId, GetId()))
-        SetSelectableDimension(pSelectable);
+    for (ISelectable* const pNew : manager.GetSelectables(nViewId, GetId()).mid(nFormer))
+        SetSelectableDimension(pNew);
 }
 
 /** A boundary that goes along one axis alone is a line, as in two-dimensional grids. */
@@ -173,9 +176,8 @@ void CPlot3DSimulation::SetSelectableDimension(ISelectable* pSelectable) const
         ISimulation::SetSelectableDimension(pSelectable);
         return;
     }
-    const SBoundaryRecord record = static_cast<const CBoundaryItem*>(pItem)->GetRecord();
-    int nFlat = 0;
-    for (int nAxis = 0; nAxis < 3; ++nAxis)
-        nFlat += record.min[nAxis] == record.max[nAxis];
+    const IVector3D min = Get(*pItem, BoundaryKey::IJK_MIN);
+    const IVector3D max = Get(*pItem, BoundaryKey::IJK_MAX);
+    const int nFlat = int(min.i == max.i) + int(min.j == max.j) + int(min.k == max.k);
     pSelectable->setDimension(nFlat >= 2 ? 1 : 2);
 }

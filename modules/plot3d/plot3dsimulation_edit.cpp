@@ -77,6 +77,12 @@ void CPlot3DSimulation::DeleteAllItems()
     m_deleted.clear();
 }
 
+void CPlot3DSimulation::DeleteItem(qint64 nId, qint64)
+{
+    RemoveWithData({nId});
+    RefreshViews();
+}
+
 bool CPlot3DSimulation::CanDelete(qint64 nViewId) const
 {
     return !CSelectableManager::Instance().GetSelected(nViewId, GetId()).isEmpty();
@@ -105,6 +111,8 @@ void CPlot3DSimulation::DeleteSelection(qint64 nViewId)
 /** With all below them and their data. They can come back (RestoreItems). */
 void CPlot3DSimulation::RemoveWithData(const QVector<qint64>& ids)
 {
+    if (ids.isEmpty())
+        return;
     std::set<ItemAddress> keys;
     for (const CItem* const pItem : GetItemsFromSelection(ids))
         for (const qint64 nId : pItem->GetChildIds(-1, true)) {
@@ -154,8 +162,7 @@ void CPlot3DSimulation::SyncItems(const QVector<qint64>& ids)
     for (const qint64 nId : ids)
         if (!GetItem(nId))
             missing.append(nId);
-    if (!extra.isEmpty())
-        RemoveWithData(extra);
+    RemoveWithData(extra);
     if (!missing.isEmpty())
         RestoreItems(missing);
 }

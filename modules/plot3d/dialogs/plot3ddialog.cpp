@@ -176,9 +176,13 @@ QWidget* CPlot3DDialog::MakeButtons(const SRow& row)
             ChooseBlocks();
         })->setEnabled(bHasFile && m_records.grid.BlockCount() > 0);
     add("m_pBrowse", ":/Icons/Browse.png", RoleRow(row.eRole).sTitle, [this, row] { Browse(row); });
-    add("m_pDelete", ":/Icons/Delete.png", "Remove the file", [this, row] {
-        Delete(row);
-    })->setEnabled(bHasFile);
+    auto* const pDelete =
+        add("m_pDelete", ":/Icons/Delete.png", "Remove the file", [this, row] { Delete(row); });
+    pDelete->setEnabled(bHasFile);
+    QSizePolicy policy = pDelete->sizePolicy();
+    policy.setRetainSizeWhenHidden(true); // keeps the others in line
+    pDelete->setSizePolicy(policy);
+    pDelete->setHidden(row.eRole == RoleFunction && row.nPlace < 0); // a row that only adds
     return pButtons;
 }
 
