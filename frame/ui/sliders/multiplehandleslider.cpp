@@ -146,7 +146,8 @@ void CMultipleHandleSlider::mouseMoveEvent(QMouseEvent* pEvent)
         return;
     }
     MoveByUser(m_nDragged, ValueAt(pEvent->localPos().x() - m_dGrip));
-    QToolTip::showText(pEvent->globalPos(), QString::number(m_handles[m_nDragged].GetValue(), 'g', 6), this);
+    const QPoint above(GetHandlePoint(m_nDragged).x(), -3 * height()); // tips stand below their place
+    QToolTip::showText(mapToGlobal(above), QString::number(m_handles[m_nDragged].GetValue(), 'g', 6), this);
 }
 
 void CMultipleHandleSlider::mouseReleaseEvent(QMouseEvent* pEvent)
