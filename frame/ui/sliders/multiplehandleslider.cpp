@@ -208,8 +208,20 @@ void CMultipleHandleSlider::keyReleaseEvent(QKeyEvent* pEvent)
         QWidget::keyReleaseEvent(pEvent);
         return;
     }
-    m_bKeyMoved = false;
-    emit HandleReleased(m_nActive);
+    EndKeyMove();
+}
+
+void CMultipleHandleSlider::EndKeyMove()
+{
+    if (std::exchange(m_bKeyMoved, false))
+        emit HandleReleased(m_nActive);
+}
+
+/** The release of a key that is down goes to another widget. */
+void CMultipleHandleSlider::focusOutEvent(QFocusEvent* pEvent)
+{
+    EndKeyMove();
+    QWidget::focusOutEvent(pEvent);
 }
 
 void CMultipleHandleSlider::focusInEvent(QFocusEvent* pEvent)
