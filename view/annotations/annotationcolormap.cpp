@@ -41,11 +41,15 @@ void CAnnotationColormap::setSettings(const SLegendSettings& settings)
     m_bDirty = true;
 }
 
+// Moved as it stands: a drag doesn't measure any text.
 void CAnnotationColormap::setPosition(const QPoint& position)
 {
+    const QPoint distance = position - this->position();
     CAnnotation::setPosition(position);
-    m_bDirty = true;
-    updateLayout();
+    for (QRect* const pRect : {&m_layout.frame, &m_layout.colorbar, &m_layout.title, &m_layout.subtitle})
+        pRect->translate(distance);
+    for (QRect& label : m_layout.labels)
+        label.translate(distance);
 }
 
 const IDrawable* CAnnotationColormap::ShownDrawable() const

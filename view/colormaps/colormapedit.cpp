@@ -1,26 +1,20 @@
 #include "view/colormaps/colormapedit.h"
 
-#include "data/variables/variablemanager.h"
-#include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
 #include "view/annotations/annotationcolormap.h"
+#include "view/caseranges.h"
 
 namespace {
-
-/** Of the scalar that a drawable shows, over a block or (-1) all of the case. */
-SValueRange VariableRange(const IDrawable& drawable, const ISelectable& item, qint64 nBlockId)
-{
-    IVariable* const pVariable = CVariableManager::Instance().GetVariable(drawable.scalarVariable());
-    return pVariable ? pVariable->GetGlobalRange(item.viewId(), item.simulationId(), nBlockId)
-                     : SValueRange();
-}
 
 SValueRange ShownRange(const IDrawable& drawable, const ISelectable& item)
 {
     const QPointF own = drawable.scalarRange();
     if (own.x() <= own.y())
         return {own.x(), own.y()};
-    return item.blockId() == -1 ? SValueRange() : VariableRange(drawable, item, item.blockId());
+    IVariable* const pVariable = CVariableManager::Instance().GetVariable(drawable.scalarVariable());
+    return pVariable && item.blockId() != -1
+               ? pVariable->GetGlobalRange(item.viewId(), item.simulationId(), item.blockId())
+               : SValueRange();
 }
 
 /** The ranges of all drawables as one. */
@@ -50,8 +44,9 @@ SValueRange ColormapEdit::ItemsRange(const QVector<ISelectable*>& items) { retur
 
 SValueRange ColormapEdit::CaseRange(const QVector<ISelectable*>& items)
 {
-    return Joined(items, [](const IDrawable& drawable, const ISelectable& item) {
-        return VariableRange(drawable, item, -1);
+    CCaseRanges ranges;
+    return Joined(items, [&](const IDrawable& drawable, const ISelectable& item) {
+        return ranges.Get(item, drawable.scalarVariable());
     });
 }
 

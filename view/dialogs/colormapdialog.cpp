@@ -35,7 +35,7 @@ CColormapDialog::CColormapDialog(qint64 nSimulationId, qint64 nViewId, bool bGlo
     : QDialog(pParent), m_nSimulationId(nSimulationId), m_pUi(new Ui::CColormapDialog)
 {
     const QScopedValueRollback<bool> guard(m_bFilling, true);
-    m_pUi->setupUi(this);
+    m_pUi->setupUi(this); // no default button: Enter in a box of the range applies it and goes on
     ApplyFontIncrement(this);
     for (const SColormap& map : colormapTables())
         m_pUi->m_pColormapCB->addItem(Strip(m_pUi->m_pColormapCB->count(), m_pUi->m_pColormapCB->iconSize()),
@@ -207,10 +207,13 @@ void CColormapDialog::on_m_pRangeCB_activated(int index)
     if (m_bFilling || index == RangeNone)
         return;
     const CWaitCursor wait;
-    const SValueRange range =
-        index == RangeGlobal ? ColormapEdit::CaseRange(Items()) : ColormapEdit::ItemsRange(Items());
-    if (!range.IsEmpty())
+    SValueRange limits = ColormapEdit::CaseRange(Items());
+    const SValueRange range = index == RangeGlobal ? limits : ColormapEdit::ItemsRange(Items());
+    limits.Add(range);
+    if (!range.IsEmpty()) {
+        m_pUi->m_pRangeSlider->SetRange(limits.dMin, limits.dMax);
         ApplyRange(range);
+    }
     m_pUi->m_pRangeCB->setCurrentIndex(RangeNone);
 }
 

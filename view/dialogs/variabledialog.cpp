@@ -39,6 +39,16 @@ CVariableDialog::CVariableDialog(qint64 nSimulationId, VariableFace_e eFace,
 
 CVariableDialog::~CVariableDialog() = default;
 
+std::optional<qint64> CVariableDialog::Choose(qint64 nSimulationId, VariableKind_e eKind, qint64 nCurrentId,
+                                              bool bNone, QWidget* pParent)
+{
+    CVariableDialog dialog(nSimulationId, FacePicker, eKind, pParent);
+    if (bNone)
+        dialog.OfferNone();
+    dialog.SetVariableId(nCurrentId);
+    return dialog.exec() == Accepted ? std::optional(dialog.GetVariableId()) : std::nullopt;
+}
+
 void CVariableDialog::ShowFace()
 {
     const bool bManager = m_eFace == FaceManager;

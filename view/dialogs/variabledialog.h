@@ -31,6 +31,16 @@ public:
                     std::optional<VariableKind_e> kind = std::nullopt, QWidget* pParent = nullptr);
     ~CVariableDialog() override;
 
+    /**
+     * Lets the user choose a variable.
+     *
+     * @param nCurrentId  the one that is selected at first
+     * @param bNone       offers "None"
+     * @return the id, -1 for "None"; nothing if the user cancelled
+     */
+    static std::optional<qint64> Choose(qint64 nSimulationId, VariableKind_e eKind, qint64 nCurrentId,
+                                        bool bNone, QWidget* pParent);
+
     /** Adds the button "None", which accepts with no variable. */
     void OfferNone();
     /** Selects the variable's row. */

@@ -146,7 +146,8 @@ void CMultipleHandleSlider::mouseMoveEvent(QMouseEvent* pEvent)
         return;
     }
     MoveByUser(m_nDragged, ValueAt(pEvent->localPos().x() - m_dGrip));
-    QToolTip::showText(pEvent->globalPos(), QString::number(m_handles[m_nDragged].GetValue(), 'g', 6), this);
+    const QPoint above(GetHandlePoint(m_nDragged).x(), -3 * height()); // tips stand below their place
+    QToolTip::showText(mapToGlobal(above), QString::number(m_handles[m_nDragged].GetValue(), 'g', 6), this);
 }
 
 void CMultipleHandleSlider::mouseReleaseEvent(QMouseEvent* pEvent)
@@ -207,8 +208,20 @@ void CMultipleHandleSlider::keyReleaseEvent(QKeyEvent* pEvent)
         QWidget::keyReleaseEvent(pEvent);
         return;
     }
-    m_bKeyMoved = false;
-    emit HandleReleased(m_nActive);
+    EndKeyMove();
+}
+
+void CMultipleHandleSlider::EndKeyMove()
+{
+    if (std::exchange(m_bKeyMoved, false))
+        emit HandleReleased(m_nActive);
+}
+
+/** The release of a key that is down goes to another widget. */
+void CMultipleHandleSlider::focusOutEvent(QFocusEvent* pEvent)
+{
+    EndKeyMove();
+    QWidget::focusOutEvent(pEvent);
 }
 
 void CMultipleHandleSlider::focusInEvent(QFocusEvent* pEvent)

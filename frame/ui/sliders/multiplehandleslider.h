@@ -57,6 +57,7 @@ protected:
     void keyPressEvent(QKeyEvent* pEvent) override;
     void keyReleaseEvent(QKeyEvent* pEvent) override;
     void focusInEvent(QFocusEvent* pEvent) override;
+    void focusOutEvent(QFocusEvent* pEvent) override;
     bool focusNextPrevChild(bool bNext) override;
     void changeEvent(QEvent* pEvent) override;
 
@@ -69,6 +70,7 @@ private:
     QVector<int> Move(int nHandle, double dValue);
     void MoveByUser(int nHandle, double dValue);
     double KeyTarget(int nKey) const;
+    void EndKeyMove();
     int NearestHandle(double dX) const;
     double ValueAt(double dX) const;
     double PlaceOf(double dValue) const; // [pixels]

@@ -96,6 +96,20 @@ TEST_F(Legend, OneNumberIsTheMeanInTheMiddleAndNoneTakesNoWidth)
     EXPECT_EQ(layout.size, QSize(40, 200));
 }
 
+TEST_F(Legend, ADragMovesAllOfItAsALayoutWould)
+{
+    Painted();
+    const SLegendLayout before = Annotation().layout();
+    Annotation().moveBy({100, -20});
+    EXPECT_FALSE(Annotation().hitTest({50, 51}));
+    EXPECT_TRUE(Annotation().hitTest({150, 31}));
+    const SLegendLayout moved = Annotation().layout();
+    const SLegendLayout& anew = Layout([](SLegendSettings&) {});
+    EXPECT_EQ(moved.labels, anew.labels);
+    EXPECT_EQ(moved.frame, anew.frame);
+    EXPECT_EQ(moved.colorbar, before.colorbar.translated(100, -20));
+}
+
 TEST_F(Legend, ItFollowsTheRangeAndTheVariableWithoutBeingTold)
 {
     Painted();
