@@ -139,40 +139,40 @@ bool CSurfaceDrawable::ReadPositions(std::span<DVector3D> positions)
     return true;
 }
 
+CLease<IStructredSolution> CSurfaceDrawable::FieldOverPlane(qint64 nVariableId) const
+{
+    auto pField = CSolutionManager::Instance().GetSolution(nVariableId, simulationId(), blockId(), ANY_SUB_ID,
+                                                           m_dTimeCode);
+    const SIJKRange range = m_built.Range();
+    if (!pField || !(Intersection(range, pField->GetShape().Range()) == range))
+        return {};
+    return pField;
+}
+
 bool CSurfaceDrawable::ReadValues(qint64 nVariableId, std::span<double> values)
 {
-    const auto pField = CSolutionManager::Instance().GetSolution(nVariableId, simulationId(), blockId(),
-                                                                 ANY_SUB_ID, m_dTimeCode);
+    const auto pField = FieldOverPlane(nVariableId);
     if (!pField)
         return false;
-    const SIJKRange range = m_built.Range();
-    if (!(Intersection(range, pField->GetShape().Range()) == range))
-        return false;
     std::vector<double> plane(values.size());
-    pField->FillValues(range, plane);
+    pField->FillValues(m_built.Range(), plane);
     ForEachElement(m_built, [&](qint64 nElement, qint64 nPlace) { values[nElement] = plane[nPlace]; });
     return true;
 }
 
 double CSurfaceDrawable::ReadValue(qint64 nVariableId, qint64 nElement) const
 {
-    const auto pField = CSolutionManager::Instance().GetSolution(nVariableId, simulationId(), blockId(),
-                                                                 ANY_SUB_ID, m_dTimeCode);
-    const IVector3D ijk = m_built.AddressOf(nElement);
-    return pField && pField->GetShape().Contains(ijk) ? pField->GetValue(ijk) : NO_VALUE;
+    const auto pField = FieldOverPlane(nVariableId);
+    return pField ? pField->GetValue(m_built.AddressOf(nElement)) : NO_VALUE;
 }
 
 bool CSurfaceDrawable::ReadVectors(qint64 nVariableId, std::span<DVector3D> vectors)
 {
-    const auto pField = CSolutionManager::Instance().GetSolution(nVariableId, simulationId(), blockId(),
-                                                                 ANY_SUB_ID, m_dTimeCode);
+    const auto pField = FieldOverPlane(nVariableId);
     if (!pField)
         return false;
-    const SIJKRange range = m_built.Range();
-    if (!(Intersection(range, pField->GetShape().Range()) == range))
-        return false;
     std::vector<double> x(vectors.size()), y(vectors.size()), z(vectors.size());
-    pField->FillVectors(range, {x, y, z});
+    pField->FillVectors(m_built.Range(), {x, y, z});
     ForEachElement(m_built, [&](qint64 nElement, qint64 nPlace) {
         vectors[nElement] = {x[nPlace], y[nPlace], z[nPlace]};
     });

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "data/blockshape.h"
+#include "data/idisposable.h"
 #include "view/surface.h"
+
+class IStructredSolution;
 
 /** Which index plane of a block a surface shows. Addresses are one-based, both ends included. */
 struct SSurfacePlane
@@ -55,6 +58,9 @@ protected:
     QString ItemName() const override;
 
 private:
+    /** The field of a variable if it has values all over the plane that was built; null if not. */
+    CLease<IStructredSolution> FieldOverPlane(qint64 nVariableId) const;
+
     SSurfacePlane m_plane;
     SSurfacePlane m_built; // what of it the block has; of cells if m_bCells
     bool m_bCells = false;

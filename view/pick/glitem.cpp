@@ -14,17 +14,6 @@ std::array<SPickPoint, N> Seen(const CGLItem& item, std::span<const DVector3D> p
 
 } // namespace
 
-int CGLItem::classify(std::span<const DVector3D> positions, int nAxis, double dSplit) const
-{
-    // Corners past the count repeat the last one.
-    const double a = positions[nCorners[0]][nAxis];
-    const double b = positions[nCorners[1]][nAxis];
-    const double c = positions[nCorners[2]][nAxis];
-    if (a < dSplit && b < dSplit && c < dSplit)
-        return -1;
-    return a > dSplit && b > dSplit && c > dSplit ? 1 : 0;
-}
-
 bool CGLItem::intersectsRect(std::span<const DVector3D> positions, const DMatrix4x4& view,
                              const SPickRect& rect) const
 {

@@ -24,8 +24,6 @@ struct CGLItem
 
     int CornerCount() const { return nKind == PickPoint ? 1 : nKind == PickLine ? 2 : 3; }
 
-    /** -1: all below the plane across the axis, 1: all above it, 0: it touches both sides or the plane. */
-    int classify(std::span<const DVector3D> positions, int nAxis, double dSplit) const;
     bool intersectsRect(std::span<const DVector3D> positions, const DMatrix4x4& view,
                         const SPickRect& rect) const;
     /** @param dRadius2  squared radius [world units^2] */

@@ -15,7 +15,7 @@
  *
  * Stored are the items in that order and, of the nodes, only those that hold enough items to pay: one array
  * in the order of the walk, each with the bounds of its own items and the place where its branch ends. The
- * arrangement is made at the first search after the last Enter. Main thread only.
+ * arrangement is made at the first search after the last Enter (gltree_arrange.cpp). Main thread only.
  */
 class CGLTree
 {
@@ -66,7 +66,7 @@ private:
         quint8 nKinds;    // kinds of all items below
         quint8 nSolids;   // of those that are no holes
     };
-    class CArranger;
+    class CBranches;
 
     void Arrange();
     template <class Leaf, class Inside>

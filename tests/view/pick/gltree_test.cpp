@@ -90,7 +90,12 @@ struct SPlainNode
         if (bAxes[2] && (extent.z > extent[nAxis] || !bAxes[nAxis]))
             nAxis = 2;
         const double dSplit = 0.5 * (minimum[nAxis] + maximum[nAxis]);
-        const int nSide = item.classify(positions, nAxis, dSplit);
+        const auto corners = std::span(item.nCorners).first(item.CornerCount());
+        const auto all = [&](auto is) {
+            return std::all_of(corners.begin(), corners.end(),
+                               [&](quint32 n) { return is(positions[n][nAxis], dSplit); });
+        };
+        const int nSide = all(std::less<double>()) ? -1 : all(std::greater<double>()) ? 1 : 0;
         std::unique_ptr<SPlainNode>& pChild = pChildren[nSide + 1];
         if (!pChild) {
             pChild = std::make_unique<SPlainNode>(minimum, maximum, nDepth + (nSide != 0), bAxes);
