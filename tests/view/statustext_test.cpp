@@ -29,10 +29,8 @@ TEST(StatusText, TellsWhatIsKnownOfAPoint)
     EXPECT_EQ(StatusText::OfPoint("Wing", {}), "Wing");
 }
 
-TEST(StatusText, MeasuresFromTheFirstPointToTheSecond)
+TEST(StatusText, MeasuresFromThePreviousPoint)
 {
-    EXPECT_EQ(StatusText::Distance({1, 1, 1}, {4, 5, 1}),
-              QString::fromUtf8("Distance: 5 [ΔX 3 , ΔY 4 , ΔZ 0]"));
     EXPECT_EQ(StatusText::DistanceFromPrevious({0, 0, 0}, {0, 0, -1.0 / 3.0}),
               QString::fromUtf8("Distance from prev. point: 0.333333 [ΔX 0 , ΔY 0 , ΔZ -0.333333]"));
 }

@@ -91,6 +91,7 @@ TEST_F(SurfaceDataDock, EachEditIsAStepThatUndoTakesBack)
         displays.removeLast();
         EXPECT_EQ(Display(), displays.last()) << displays.size();
     }
+    QCoreApplication::processEvents();
     EXPECT_EQ(Find<QComboBox>("m_pConstDirectionCB")->currentText(), "K") << "the dock follows";
 }
 
@@ -132,6 +133,7 @@ TEST_F(SurfaceDataDock, SeveralSurfacesShowWhatTheyShareAndAreEditedTogether)
     EXPECT_EQ(Spin("m_pConstValueE")->text(), "1");
     pSecond->setConstantDirection(0);
     pSecond->apply();
+    QCoreApplication::processEvents();
     EXPECT_FALSE(Spin("m_pConstValueE")->isEnabled());
     Find<QComboBox>("m_pConstDirectionCB")->setCurrentIndex(1);
     EXPECT_EQ(pFirst->constantDirection(), 1);

@@ -11,6 +11,7 @@
 
 #include <QScopedValueRollback>
 #include <QSlider>
+#include <QTimer>
 
 namespace {
 
@@ -157,8 +158,13 @@ void CSurfaceDataDock::SlotSelectableDeleted(ISelectable* pSelectable)
 
 void CSurfaceDataDock::SlotSelectableChanged(ISelectable* pSelectable)
 {
-    if (!m_bFilling && m_group.Contains(pSelectable))
+    if (m_bFilling || m_bFillPending || !m_group.Contains(pSelectable))
+        return;
+    m_bFillPending = true; // a command on thousands of surfaces costs one look
+    QTimer::singleShot(0, this, [this] {
+        m_bFillPending = false;
         Fill();
+    });
 }
 
 void CSurfaceDataDock::SlotSelectableDisplayOnNodes(ISelectable* pSelectable)

@@ -82,6 +82,7 @@ private:
 
     const std::unique_ptr<Ui::CSurfaceDataDock> m_pUi;
     CSurfaceGroup m_group;
-    bool m_bFilling = false;    // widgets take values, or an edit is on its way: neither is an edit
-    qint64 m_nDraggedCase = -1; // whose step of undo is open while a slider is dragged
+    bool m_bFilling = false;     // widgets take values, or an edit is on its way: neither is an edit
+    bool m_bFillPending = false; // something has changed; it is read when the event loop runs
+    qint64 m_nDraggedCase = -1;  // whose step of undo is open while a slider is dragged
 };

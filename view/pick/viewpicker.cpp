@@ -9,16 +9,18 @@
 
 namespace {
 
-bool CanBeSeen(const DMatrix4x4& seen, const SPickRect& rect, const IDrawable& drawable)
+/** No part of the drawable is in the rectangle; looks at its box alone, so that no tree is built for a miss.
+ */
+bool MissesBox(const DMatrix4x4& seen, const SPickRect& rect, const IDrawable& drawable)
 {
-    return PickGeometry::TestBox(seen, drawable.boundsMinimum(), drawable.boundsMaximum(), rect) != BoxMisses;
+    return PickGeometry::TestBox(seen, drawable.boundsMinimum(), drawable.boundsMaximum(), rect) == BoxMisses;
 }
 
 bool IsHit(const SPickArea& area, const CSeenCopies& copies, IDrawable& drawable)
 {
     return copies.Any(drawable, [&](const DMatrix4x4& toWorld) {
         const DMatrix4x4 seen = area.view * toWorld;
-        return CanBeSeen(seen, area.rect, drawable) &&
+        return !MissesBox(seen, area.rect, drawable) &&
                drawable.pickTree().anyHit(seen, area.rect, ViewPicker::PickKinds(drawable.displayType()),
                                           !drawable.showHoles());
     });
@@ -41,7 +43,7 @@ SPointPick PointOf(const SPickArea& area, const CSeenCopies& copies, IDrawable& 
     SPointPick pick;
     copies.Any(drawable, [&](const DMatrix4x4& toWorld) {
         const DMatrix4x4 seen = area.view * toWorld;
-        if (!CanBeSeen(seen, area.rect, drawable))
+        if (MissesBox(seen, area.rect, drawable))
             return false;
         const CGLItem* const pItem =
             drawable.pickTree().pickFirst(seen, area.rect, PickPoint, !drawable.showHoles());
@@ -101,13 +103,6 @@ int ViewPicker::PickKinds(DisplayType_e eType)
         PickPoint | PickLine,                // vectors
     };
     return KINDS[eType];
-}
-
-bool ViewPicker::MissesBox(const SPickArea& area, const IDrawable& drawable)
-{
-    return !CSeenCopies(area.nViewId, drawable.simulationId()).Any(drawable, [&](const DMatrix4x4& toWorld) {
-        return CanBeSeen(area.view * toWorld, area.rect, drawable);
-    });
 }
 
 QVector<ISelectable*> ViewPicker::Hits(const SPickArea& area)

@@ -35,10 +35,6 @@ namespace ViewPicker {
 /** The kinds of pick items that a display type lets the user hit, as a mask. */
 int PickKinds(DisplayType_e eType);
 
-/** Whether no part of the drawable can be seen in the rectangle. It looks at the box alone, builds no tree.
- */
-bool MissesBox(const SPickArea& area, const IDrawable& drawable);
-
 /** The selectables with a drawable that is hit, each once, in the order of drawables. */
 QVector<ISelectable*> Hits(const SPickArea& area);
 

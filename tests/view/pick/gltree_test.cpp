@@ -171,7 +171,7 @@ TEST_F(GLTree, FindsWhatATestOfAllItemsFinds)
     EXPECT_LT(nHits, 15000);
 }
 
-TEST_F(GLTree, ALineOrTriangleIsHitWhereNoneOfItsCornersIs)
+TEST_F(GLTree, LinesAndTrianglesAreHitWhereTheyAreAndNotOnlyAtTheirCorners)
 {
     Build({{-5, 0.1, 3}, {5, 0.3, -3}, {0, 90, 1}}, {CGLLine(0, 1, false)});
     EXPECT_TRUE(Hits({-0.5, -0.5, 0.5, 0.5}));
@@ -181,10 +181,7 @@ TEST_F(GLTree, ALineOrTriangleIsHitWhereNoneOfItsCornersIs)
     EXPECT_TRUE(Hits({-0.5, -0.5, 0.5, 0.5})); // the triangle holds the rectangle
     EXPECT_FALSE(Hits({4.9, 20, 5, 21}));      // inside its bounds, beside the triangle
     EXPECT_FALSE(Hits({-0.5, -0.5, 0.5, 0.5}, PickPoint | PickLine));
-}
-
-TEST_F(GLTree, ACollapsedTriangleIsHitOnlyWhereItStands)
-{
+    // One that has collapsed to a point holds nothing.
     Build({{1, 1, 0}, {1, 1, 0}, {1, 1, 0}, {-1, -1, 0}}, {CGLTriangle(0, 1, 2, false)});
     EXPECT_TRUE(Hits({0.5, 0.5, 1.5, 1.5}));
     EXPECT_FALSE(Hits({-0.5, -0.5, 0.5, 0.5}));
@@ -203,14 +200,9 @@ TEST_F(GLTree, HolesAreHitOnlyWhenAskedForEvenInABoxThatLiesInside)
     }
 }
 
-TEST_F(GLTree, AnEmptyTreeIsNeverHitAndAPointLiesInTheBoxesOfItsItems)
+TEST_F(GLTree, AnEmptyTreeIsNeverHit)
 {
     EXPECT_FALSE(Hits({-1e300, -1e300, 1e300, 1e300}));
     EXPECT_EQ(m_tree.pickFirst({}, {-1, -1, 1, 1}, ANY_PICK_KIND, true), nullptr);
-    BuildRandom(4, 2000);
-    const DVector3D point = m_positions[300];
-    std::vector<CGLItem> found = m_tree.itemsAtPoint(point);
-    EXPECT_EQ(std::count_if(found.begin(), found.end(), [](auto& i) { return i.nCorners[0] == 300; }), 1);
-    m_tree.Clear();
-    EXPECT_TRUE(m_tree.itemsAtPoint(point).empty());
+    EXPECT_TRUE(m_tree.itemsAtPoint({}).empty());
 }
