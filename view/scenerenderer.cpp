@@ -51,6 +51,8 @@ void CSceneRenderer::BuildDrawables(const CFrameScene& scene)
                 pDrawable->build();
 }
 
+void CSceneRenderer::Build(qint64 nViewId) { BuildDrawables(CFrameScene(nViewId, QMatrix4x4(), false)); }
+
 /** The depth is that of what is shown: a fixed one would cut large cases and blur small ones. */
 QMatrix4x4 CSceneRenderer::Projection(const SFrameSettings& frame, const CFrameScene& scene) const
 {

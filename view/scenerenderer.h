@@ -40,9 +40,11 @@ public:
     /** Frees it. */
     void Release();
     void Render(const SFrameSettings& frame);
+    /** Builds what is visible in a view and isn't built; draws nothing. */
+    static void Build(qint64 nViewId);
 
 private:
-    void BuildDrawables(const CFrameScene& scene);
+    static void BuildDrawables(const CFrameScene& scene);
     QMatrix4x4 Projection(const SFrameSettings& frame, const CFrameScene& scene) const;
     void DrawProgram(int nKey, const SFrameSettings& frame, const CFrameScene& scene,
                      const QMatrix4x4& projection);

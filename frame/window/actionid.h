@@ -113,6 +113,7 @@ enum ActionId_e : int {
     ActionColormapDialog,
     ActionVectorDialog,
     ActionBindToLocal,
+    ActionVariables,
     ActionUnify,
     ActionGlobalTransparency,
     ActionAnalyzeWindow,

@@ -123,6 +123,8 @@ static constexpr SActionRow s_rows[] = {
     {ActionVectorDialog, "Vector Dialog", ":/Icons/vector.png", "", "", false, HasSelection},
     {ActionBindToLocal, "Bind To Local", ":/Icons/pin.png", "",
      "Colours follow the range of each item, not that of the case", true, HasSelection},
+    {ActionVariables, "Variables...", ":/Icons/table.png", "", "Look at variables, make them of formulas",
+     false, HasSimulation},
     {ActionUnify, "Unify", ":/Icons/unify.png", "", "Link items with the same grid", false, HasSimulation},
     {ActionGlobalTransparency, "Transparency", ":/Icons/transparent.png", "",
      "Set transparency of selected item(s)", false, HasSelection},

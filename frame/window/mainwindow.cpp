@@ -7,6 +7,7 @@
 #include "frame/ui/fontincrement.h"
 #include "frame/widgetmanager.h"
 #include "frame/window/cameracommands.h"
+#include "frame/window/dialogcommands.h"
 #include "frame/window/displaycommands.h"
 #include "frame/window/docklogic.h"
 #include "frame/window/editcommands.h"
@@ -18,6 +19,7 @@
 #include "frame/window/simulationtabs.h"
 #include "frame/window/startuptimings.h"
 #include "frame/window/stylesheets.h"
+#include "frame/window/variabletoolbar.h"
 #include "frame/window/viewarea.h"
 #include "frame/window/viewcommands.h"
 #include "frame/window/windowactions.h"
@@ -129,6 +131,7 @@ void CMainWindow::BuildActions()
     m_pDisplayCommands = std::make_unique<CDisplayCommands>(*m_pActions);
     m_pHelpCommands = std::make_unique<CHelpCommands>(*m_pActions);
     m_pCameraCommands = std::make_unique<CCameraCommands>(*m_pActions, *m_pViewArea);
+    m_pDialogCommands = std::make_unique<CDialogCommands>(*m_pActions, this);
     m_pActions->Bind(ActionPreferences, this, &CMainWindow::SlotPreferences);
     m_pActions->Bind(ActionExit, this, &CMainWindow::SlotExit);
     m_pActions->Bind(ActionDefaultView, this, &CMainWindow::SlotDefaultView);
@@ -141,6 +144,10 @@ void CMainWindow::BuildToolBars()
     m_pUi->m_pToolbarsMenu->addAction(m_pUi->m_pSimulationItemPanel->toggleViewAction());
     m_pUi->m_pToolbarsMenu->addSeparator();
     CWindowToolBars::ListInMenu(m_pToolBars->GetToolBars(), m_pUi->m_pToolbarsMenu);
+    for (CVariableToolBar* const pToolBar : m_pToolBars->GetVariableToolBars())
+        pToolBar->SetBrowser([this](VariableKind_e eKind, qint64 nCurrent) {
+            return m_pDialogCommands->ChooseVariable(eKind, nCurrent);
+        });
     connect(m_pToolBars->GetMirrorToolBar(), &CMirrorToolBar::SignalChanged, this, [this] {
         RefreshDocks(GetActiveViewId(), false, false);
         UpdateActiveViewer(0);
@@ -183,6 +190,7 @@ ISimulation* CMainWindow::GetActiveSimulation(qint64 nViewId) const
 
 void CMainWindow::UpdateActions()
 {
+    m_pViewCommands->GetTwins().Follow(GetActiveViewId());
     const SActionState state = TakeActionState(GetActiveViewId());
     m_pActions->Update(state);
     m_pDisplayCommands->SlotShowSelection();

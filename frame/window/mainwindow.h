@@ -12,6 +12,7 @@
 
 class CDisplayCommands;
 class CCameraCommands;
+class CDialogCommands;
 class CDockLogic;
 class CEditCommands;
 class CFileCommands;
@@ -119,4 +120,5 @@ private:
     std::unique_ptr<CDisplayCommands> m_pDisplayCommands;
     std::unique_ptr<CHelpCommands> m_pHelpCommands;
     std::unique_ptr<CCameraCommands> m_pCameraCommands;
+    std::unique_ptr<CDialogCommands> m_pDialogCommands;
 };

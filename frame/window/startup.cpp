@@ -11,6 +11,7 @@
 #include "frame/window/mainwindow.h"
 #include "frame/window/startuptimings.h"
 #include "simulation/simulationcases.h"
+#include "view/dialogs/colormapeditor.h"
 #include "view/selectables/selectablefactory.h"
 
 #include <QApplication>
@@ -40,6 +41,7 @@ public:
     CUserScope()
     {
         UserPrompt::Install(&m_prompt);
+        CColormapEditor::Install();
         CProgressDialog::Install();
     }
     ~CUserScope()

@@ -3,6 +3,8 @@
 #include "frame/window/viewarea.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
+#include "view/ui/oglviewer.h"
+#include "view/ui/opengldrawer.h"
 
 namespace {
 
@@ -32,6 +34,8 @@ CViewCommands::CViewCommands(CViewArea& area) : m_area(area)
     connect(&area, &CViewArea::SignalSplit, this, &CViewCommands::SlotViewerSplit);
     connect(&area, &CViewArea::SignalClose, this, &CViewCommands::SlotViewerClose);
     connect(&area, &CViewArea::SignalExpand, this, &CViewCommands::SlotViewerExpand);
+    connect(&CSimulationManager::Instance(), &CSimulationManager::SignalViewSimulationsChanged, this,
+            &CViewCommands::SlotViewSimulationsChanged);
 }
 
 void CViewCommands::SlotViewerSplit(qlonglong nViewIndex, Qt::Orientation eOrientation, ViewSplit_e eSplit)
@@ -49,7 +53,18 @@ void CViewCommands::SlotViewerSplit(qlonglong nViewIndex, Qt::Orientation eOrien
         if (const ISimulation* const pActive = manager.GetSimulationOfView(nViewIndex))
             manager.SetActiveSimulation(nNewId, pActive->GetId());
     }
+    if (eSplit == SplitInstance)
+        m_twins.Join(nViewIndex, nNewId);
     m_area.SetActive(nNewId);
+}
+
+void CViewCommands::SlotViewSimulationsChanged(qlonglong nViewId)
+{
+    const int nCount = CSimulationManager::Instance().GetSimulationIds(nViewId).size();
+    const int nFormer = std::exchange(m_caseCounts[nViewId], nCount);
+    COglViewer* const pViewer = m_area.GetOglViewer(nViewId);
+    if (pViewer && nFormer == 0 && nCount == 1)
+        pViewer->GetDrawer().FitNextFrame();
 }
 
 void CViewCommands::SlotViewerClose(qlonglong nViewIndex)
@@ -58,6 +73,7 @@ void CViewCommands::SlotViewerClose(qlonglong nViewIndex)
     if (!m_area.GetViewer(nViewIndex) || !manager.CloseSimulations(OnlyIn(nViewIndex)))
         return;
     manager.RemoveView(nViewIndex);
+    m_twins.Forget(nViewIndex);
     manager.CopyDisplayFiles();
     m_area.Close(nViewIndex);
 }

@@ -2,6 +2,8 @@
 
 #include "view/iviewer.h"
 
+#include "frame/window/twinviews.h"
+
 #include <QObject>
 
 class CViewArea;
@@ -15,7 +17,11 @@ public:
     /** Connects the area, which must outlive it. */
     explicit CViewCommands(CViewArea& area);
 
+    CTwinViews& GetTwins() { return m_twins; }
+
 public slots:
+    /** The first case that comes into a view is shown as a whole. */
+    void SlotViewSimulationsChanged(qlonglong nViewId);
     /**
      * Makes a view beside the one that asks and makes it active. But for an empty one it shows the same
      * cases, the same one on top; a copy starts with the same display settings.
@@ -28,4 +34,6 @@ public slots:
 
 private:
     CViewArea& m_area;
+    CTwinViews m_twins;
+    QHash<qint64, int> m_caseCounts; // by view, as of the last change
 };

@@ -57,7 +57,7 @@ void FillFileMenus(const Ui::CMainWindow& ui, const CMenuFiller& filler)
 void FillEditMenus(const Ui::CMainWindow& ui, const CMenuFiller& filler)
 {
     filler.Fill(ui.m_pEditMenu, {ActionUndo, ActionRedo, SEPARATOR, ActionDuplicate, ActionDelete, SEPARATOR,
-                                 ui.m_pTransformMenu, ActionUnify});
+                                 ui.m_pTransformMenu, ActionUnify, ActionVariables});
     filler.Fill(ui.m_pTransformMenu,
                 {ActionTranslate, ActionRotate, ActionScale, ActionMirror, SEPARATOR, ActionResetTransform});
     filler.Fill(ui.m_pSelectionMenu,

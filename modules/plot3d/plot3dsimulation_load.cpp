@@ -1,6 +1,7 @@
 // CPlot3DSimulation: from files to items and registered data.
 #include "data/gridmanager.h"
 #include "data/solutionmanager.h"
+#include "data/variables/storedvariables.h"
 #include "data/variables/variablemanager.h"
 #include "frame/messagesink.h"
 #include "modules/plot3d/block.h"
@@ -158,6 +159,7 @@ void CPlot3DSimulation::RegisterCase(const SPlot3DCase& examined, const QVector<
     CVariableManager::Instance().RemoveUnusedFileVariables(GetId());
     m_case = examined;
     CreateConservativeVariables("");
+    MakeStoredVariables(GetId());
     UpdateTimes();
 }
 

@@ -67,6 +67,7 @@ void COpenGLDrawer::resizeGL(int nWidth, int nHeight) { m_camera.Resize(QSize(nW
 
 void COpenGLDrawer::SetCamera(const SCamera& camera, int nFit)
 {
+    m_bFitNext = false;
     m_camera.SetCamera(camera, nFit);
     UpdateCamera();
 }
@@ -114,8 +115,21 @@ void COpenGLDrawer::paintGL()
     m_paintMutex.unlock();
 }
 
+void COpenGLDrawer::FitNextFrame()
+{
+    m_bFitNext = true;
+    update();
+}
+
 void COpenGLDrawer::PaintScene(bool bInteracting)
 {
+    if (m_bFitNext) {
+        CSceneRenderer::Build(m_nViewId);
+        if (const SViewBounds bounds = BoundsInView(false); !bounds.IsEmpty()) {
+            m_camera.ZoomToBounds(bounds);
+            m_bFitNext = false;
+        }
+    }
     SFrameSettings frame;
     frame.nViewId = m_nViewId;
     frame.view = m_camera.FloatView();

@@ -41,6 +41,8 @@ public:
     SCamera GetCamera() const { return m_camera.Camera(); }
     /** Without a size it waits for the first one. @param nFit  a CameraFit_e */
     void SetCamera(const SCamera& camera, int nFit);
+    /** The next frame that has something to show shows all of it, once it is built. */
+    void FitNextFrame();
     /** Where the pointer was last; what is picked there. */
     const SPointPick& GetPicked() const { return m_picked; }
 
@@ -154,6 +156,7 @@ private:
     QElapsedTimer m_sinceWheel;
     QElapsedTimer m_sinceRotation;
     UpdateState_e m_eUpdate = UpdateFull;
+    bool m_bFitNext = false;
     std::optional<bool> m_showsItems; // unknown after a selectable has come or gone
     CAnnotation* m_pDragged = nullptr;
     QPoint m_dragStart;

@@ -8,6 +8,7 @@
 #include "modules/plot3d/plot3dsimulation.h"
 #include "modules/plot3d/ui/filesdialogeditor.h"
 #include "simulation/simulationmanager.h"
+#include "view/docks/surfacedatadock.h"
 
 #include <optional>
 
@@ -57,8 +58,14 @@ CPlot3DModule::~CPlot3DModule() = default;
 
 void CPlot3DModule::Initialize()
 {
-    if (!m_pEditor)
-        m_pEditor = std::make_unique<CFilesDialogEditor>();
+    if (m_pEditor)
+        return;
+    m_pEditor = std::make_unique<CFilesDialogEditor>();
+    m_pSurfaceDock = new CSurfaceDataDock;
+    m_pSurfaceDock->setObjectName(QString("m_p%1SurfaceDock").arg(GetId()));
+    m_pSurfaceDock->hide();
+    m_secondDocks.append(m_pSurfaceDock); // opened by the user, not with the case
+    m_ownedWidgets.append(m_pSurfaceDock);
 }
 
 CPlot3DSimulation* CPlot3DModule::MakeSimulation() const { return new CPlot3DSimulation(GetId()); }

@@ -10,6 +10,7 @@
 class CCaseRecords;
 class CFilesDialogEditor;
 class CPlot3DSimulation;
+class CSurfaceDataDock;
 
 /** The viewer of structured files. */
 class CPlot3DModule : public QObject, public CModuleInterface
@@ -64,6 +65,10 @@ public:
 public slots:
     /** Asks for the files of a case and shows it on top of the active view. */
     void SlotImportPlot3D();
+    /** Makes a surface in the middle of each selected block and opens them in the dock, one undo step. */
+    void SlotCreateSurface();
+    /** Opens the selection in the dock that edits it. */
+    void SlotModify();
     /** Writes the grids of the selected blocks, or of all. */
     void SlotExportPlot3D();
     /** Gives the settings of each selected item to those with the same grid, after a question. */
@@ -101,4 +106,5 @@ private:
     std::array<QAction*, MODULE_ACTIONS> m_moduleActions = {}; // null before AddMainMenus
     QMenu* m_pCreateMenu = nullptr;
     std::unique_ptr<CFilesDialogEditor> m_pEditor; // null before Initialize
+    CSurfaceDataDock* m_pSurfaceDock = nullptr;    // null before Initialize; the window owns it
 };

@@ -15,6 +15,7 @@
 #include "scene/selectablemanager.h"
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"
+#include "view/selectables/surfaceitems.h"
 
 #include <QAction>
 #include <QFileInfo>
@@ -79,6 +80,8 @@ void CPlot3DModule::MakeActions()
         pAction->setEnabled(false); // until there is something that it can be used for
         m_moduleActions[n] = pAction;
     }
+    connect(m_moduleActions[ActionSurface], &QAction::triggered, this, &CPlot3DModule::SlotCreateSurface);
+    connect(m_moduleActions[ActionModify], &QAction::triggered, this, &CPlot3DModule::SlotModify);
     connect(m_moduleActions[ActionUnifyData], &QAction::triggered, this, &CPlot3DModule::SlotUnifyData);
     connect(m_moduleActions[ActionImportPlot3D], &QAction::triggered, this, &CPlot3DModule::SlotImportPlot3D);
     connect(m_moduleActions[ActionExportPlot3D], &QAction::triggered, this, &CPlot3DModule::SlotExportPlot3D);
@@ -138,8 +141,10 @@ void CPlot3DModule::UpdateActions(qint64 nViewId, qint64 nSimulationId)
     if (!m_pCreateMenu)
         return;
     const CPlot3DSimulation* const pSimulation = FindSimulation(nSimulationId);
-    m_moduleActions[ActionUnifyData]->setEnabled(pSimulation &&
-                                                 !SelectedItems(*pSimulation, nViewId).isEmpty());
+    const QVector<qint64> selected = pSimulation ? SelectedItems(*pSimulation, nViewId) : QVector<qint64>();
+    m_moduleActions[ActionSurface]->setEnabled(pSimulation && pSimulation->GetItemCount() > 0);
+    m_moduleActions[ActionModify]->setEnabled(!selected.isEmpty());
+    m_moduleActions[ActionUnifyData]->setEnabled(!selected.isEmpty());
     m_moduleActions[ActionExportPlot3D]->setEnabled(pSimulation && pSimulation->GetItemCount() > 0);
 }
 
@@ -150,6 +155,39 @@ void CPlot3DModule::FillPopupMenu(QMenu* pMenu, qint64 nViewId)
     pMenu->addActions(m_pCreateMenu->actions());
     pMenu->addSeparator();
     pMenu->addAction(m_moduleActions[ActionExportPlot3D]);
+}
+
+void CPlot3DModule::SlotCreateSurface()
+{
+    CPlot3DSimulation* const pSimulation = ActivePlot3D();
+    if (!pSimulation)
+        return;
+    const qint64 nViewId = GetActiveViewId();
+    QVector<qint64> blockIds = ChosenBlocks(*pSimulation, nViewId);
+    if (SelectedItems(*pSimulation, nViewId).isEmpty())
+        blockIds = blockIds.mid(0, 1); // one to start from, not one in each of thousands
+    QVector<ISelectable*> made;
+    pSimulation->BeginUndoStep();
+    for (const qint64 nBlockId : std::as_const(blockIds)) {
+        const IVector3D size = pSimulation->GetItem(nBlockId)->GetSize();
+        SSurfacePlane plane = FacePlane(size, 4);
+        plane.constants = {(size.i + 1) / 2, (size.j + 1) / 2, (size.k + 1) / 2};
+        if (const CItem* const pItem = CreateSurfaceItem(*pSimulation, nBlockId, plane))
+            made.append(pItem->GetSelectable(nViewId));
+    }
+    pSimulation->EndUndoStep();
+    pSimulation->RefreshViews();
+    made.removeAll(nullptr);
+    CSelectableManager::Instance().NotifyDoubleClicked(made);
+    CWidgetManager::Instance().UpdateActiveViewer();
+}
+
+void CPlot3DModule::SlotModify()
+{
+    const CPlot3DSimulation* const pSimulation = ActivePlot3D();
+    if (pSimulation)
+        CSelectableManager::Instance().NotifyDoubleClicked(
+            CSelectableManager::Instance().GetSelected(GetActiveViewId(), pSimulation->GetId()));
 }
 
 void CPlot3DModule::SlotImportPlot3D()
