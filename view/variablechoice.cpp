@@ -66,7 +66,7 @@ void VariableChoice::SetThreshold(const QVector<ISelectable*>& items, qint64 nVa
 }
 
 qint64 VariableChoice::CommonVariable(const QVector<ISelectable*>& items,
-                                      qint64 (ISelectable::*getter)() const)
+                                      qint64 (CDrawableGroup::*getter)() const)
 {
     const qint64 nFirst = items.isEmpty() ? NO_ID : (items.first()->*getter)();
     const bool bAgree = std::all_of(items.begin(), items.end(),

@@ -4,6 +4,7 @@
 
 #include <QVector>
 
+class CDrawableGroup;
 class ISelectable;
 
 /**
@@ -31,6 +32,6 @@ void SetVector(const QVector<ISelectable*>& items, qint64 nVariableId);
 void SetThreshold(const QVector<ISelectable*>& items, qint64 nVariableId);
 
 /** The variable that all items agree in; -1 without one or where they differ. */
-qint64 CommonVariable(const QVector<ISelectable*>& items, qint64 (ISelectable::*getter)() const);
+qint64 CommonVariable(const QVector<ISelectable*>& items, qint64 (CDrawableGroup::*getter)() const);
 
 } // namespace VariableChoice
