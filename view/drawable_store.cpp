@@ -189,7 +189,9 @@ QByteArray CDrawable::toBinary() const
     writer.Write(m_colormap.nId);
     writer.Write(m_colormap.dMinimum);
     writer.Write(m_colormap.dMaximum);
-    writer.Write(m_pLegend->toBinary());
+    CAnnotationColormap legend = *m_pLegend;
+    legend.setDrawableSerial(-1); // of this session alone: equal states must have equal bytes
+    writer.Write(legend.toBinary());
     return writer.Take();
 }
 

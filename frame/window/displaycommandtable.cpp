@@ -63,11 +63,24 @@ void TakeRainbowColor(Subjects subjects, const SDisplayAnswer&)
                   QColor::fromHsv(n * HUES / subjects.size(), RAINBOW_SATURATION, RAINBOW_VALUE));
 }
 
+/** Items of one variable, map and range share the legend of the first: the same again would cover it. */
 void TakeLegend(Subjects subjects, const SDisplayAnswer& answer)
 {
-    for (const ISelectable* const pSubject : subjects)
-        if (Get(*pSubject, SelectableKey::HAS_LEGEND) && pSubject->annotationColormap())
-            pSubject->annotationColormap()->setVisible(answer.bFlag);
+    QVector<std::pair<qint64, SColormapRecord>> shown;
+    for (const ISelectable* const pSubject : subjects) {
+        if (!Get(*pSubject, SelectableKey::HAS_LEGEND) || !pSubject->annotationColormap())
+            continue;
+        SColormapRecord record = pSubject->colormap();
+        if (!pSubject->colormapBindToLocal()) {
+            record.dLocalMinimum = 0.0; // not in use
+            record.dLocalMaximum = 0.0;
+        }
+        const std::pair key(pSubject->scalarVariable(), record);
+        const bool bShow = answer.bFlag && !shown.contains(key);
+        pSubject->annotationColormap()->setVisible(bShow);
+        if (bShow)
+            shown.append(key);
+    }
 }
 
 /** Gives each item the range of its scalar. */
@@ -133,8 +146,8 @@ bool ShowHolesNow(Subjects subjects)
 }
 bool ShowLegendNow(Subjects subjects)
 {
-    return NotAll(subjects, [](const ISelectable* p) {
-        return !p->annotationColormap() || p->annotationColormap()->isVisible();
+    return std::none_of(subjects.begin(), subjects.end(), [](const ISelectable* p) {
+        return p->annotationColormap() && p->annotationColormap()->isVisible();
     });
 }
 

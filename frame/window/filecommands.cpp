@@ -7,6 +7,7 @@
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
 #include "frame/window/windowactions.h"
+#include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 
 #include <QDir>
@@ -85,6 +86,10 @@ CFileCommands::CFileCommands(CWindowActions& actions, QMenu* pNewMenu, QMenu* pA
     actions.BindWithoutSlot(ActionAnalyze);
     connect(pNewMenu, &QMenu::triggered, this, &CFileCommands::SlotNewSimulation);
     connect(pAnalyzeMenu, &QMenu::triggered, this, &CFileCommands::SlotAnalyzeSimulation);
+    actions.Bind(ActionImport, this, [] {
+        if (ISimulation* const pSimulation = CWidgetManager::Instance().GetActiveSimulation())
+            pSimulation->EditData();
+    });
     actions.Bind(ActionOpen, this, [this] { SlotOpenSimulation({}); });
     connect(&m_recentFiles, &CRecentFiles::SignalOpen, this, &CFileCommands::SlotOpenSimulation);
 }

@@ -53,6 +53,8 @@ void CViewCommands::SlotViewerSplit(qlonglong nViewIndex, Qt::Orientation eOrien
         if (const ISimulation* const pActive = manager.GetSimulationOfView(nViewIndex))
             manager.SetActiveSimulation(nNewId, pActive->GetId());
     }
+    // The first case of a view is shown as a whole; here it is shown as in the other one.
+    m_area.GetOglViewer(nNewId)->SetCamera(m_area.GetOglViewer(nViewIndex)->GetCamera());
     if (eSplit == SplitInstance)
         m_twins.Join(nViewIndex, nNewId);
     m_area.SetActive(nNewId);

@@ -62,7 +62,8 @@ public:
     CItem* CreateItem(qint64 nType, qint64 nKind, bool bNew, qint64 nIndex, qint64 nId,
                       qint64 nSubId) override;
     QVector<qint64> GetLinkedItems(qint64 nId) const override;
-    void SelectAdjacent(qint64) override {}
+    /** Adds the surfaces that go on from the selected ones within the preference "Data.AngleLimit". */
+    void SelectAdjacent(qint64 nViewId) override;
     void ActivateSelection(qint64) override {}
     void DeleteSelection(qint64 nViewId) override;
     void DuplicateSelection(qint64) override {}

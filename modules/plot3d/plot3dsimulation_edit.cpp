@@ -1,6 +1,8 @@
 // CPlot3DSimulation: what the user does to its items and files.
 #include "data/gridmanager.h"
 #include "data/solutionmanager.h"
+#include "frame/preferencekeys.h"
+#include "frame/preferences.h"
 #include "frame/userprompt.h"
 #include "modules/plot3d/block.h"
 #include "modules/plot3d/boundaryitem.h"
@@ -9,6 +11,7 @@
 #include "scene/iselectable.h"
 #include "scene/selectablekind.h"
 #include "scene/selectablemanager.h"
+#include "view/adjacency.h"
 
 namespace {
 
@@ -91,6 +94,20 @@ bool CPlot3DSimulation::CanDelete(qint64 nViewId) const
 }
 
 /** A selectable of its item's own kind stands for the item; any other one is only shown on it. */
+void CPlot3DSimulation::SelectAdjacent(qint64 nViewId)
+{
+    CSelectableManager& manager = CSelectableManager::Instance();
+    QVector<ISelectable*> candidates = manager.GetSelectables(nViewId, GetId());
+    candidates.erase(std::remove_if(candidates.begin(), candidates.end(),
+                                    [](const ISelectable* pSelectable) { return !pSelectable->isVisible(); }),
+                     candidates.end());
+    const double dLimit = Get(CPreferences::Instance(), PreferenceKey::ANGLE_LIMIT);
+    for (ISelectable* const pAdjacent :
+         FindAdjacent(manager.GetSelected(nViewId, GetId()), candidates, dLimit))
+        pAdjacent->setSelected(true);
+    manager.NotifySelectionChanged(nViewId, GetId());
+}
+
 void CPlot3DSimulation::DeleteSelection(qint64 nViewId)
 {
     CSelectableManager& manager = CSelectableManager::Instance();

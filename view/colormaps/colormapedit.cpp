@@ -60,17 +60,6 @@ void ColormapEdit::SetRange(const QVector<ISelectable*>& items, const SValueRang
     }
 }
 
-void ColormapEdit::ToggleLegends(const QVector<ISelectable*>& items)
-{
-    const auto IsShown = [](const ISelectable* pItem) {
-        return !pItem->annotationColormap() || pItem->annotationColormap()->isVisible();
-    };
-    const bool bShow = !std::all_of(items.begin(), items.end(), IsShown);
-    for (const ISelectable* const pItem : items)
-        if (CAnnotationColormap* const pLegend = pItem->annotationColormap())
-            pLegend->setVisible(bShow);
-}
-
 QString ColormapEdit::VariableText(const QVector<ISelectable*>& items)
 {
     QVector<qint64> ids;

@@ -26,9 +26,6 @@ SValueRange CaseRange(const QVector<ISelectable*>& items);
  */
 void SetRange(const QVector<ISelectable*>& items, const SValueRange& range);
 
-/** Shows the legends of the items, or hides them if all are on show. */
-void ToggleLegends(const QVector<ISelectable*>& items);
-
 /** The variable that all items share, "various variables" where they differ, "" without any. */
 QString VariableText(const QVector<ISelectable*>& items);
 

@@ -175,7 +175,9 @@ void COpenGLDrawer::ShowDemotion(bool bInteracting)
         if (!pDrawable->canDemote() || eType == DisplayContour || eType == DisplayNodes ||
             eType == DisplayVector)
             continue;
-        m_savedTypes.insert(pDrawable, eType);
+        m_savedParts.insert(pDrawable, {eType, pDrawable->drawWireframe(), pDrawable->drawShaded(),
+                                        pDrawable->drawNodes(), pDrawable->drawOutlines(),
+                                        pDrawable->drawContoursFlag(), pDrawable->drawVectorsFlag()});
         if (eType > DisplayWireframe)
             pDrawable->setDisplayTypeQuick(DisplayWireframe);
     }
@@ -185,12 +187,19 @@ void COpenGLDrawer::RestoreDemoted()
 {
     if (!std::exchange(m_bDemoted, false))
         return;
-    const QHash<IDrawable*, DisplayType_e> saved = std::exchange(m_savedTypes, {});
+    const QHash<IDrawable*, SShownParts> saved = std::exchange(m_savedParts, {});
     for (const qint64 nSimulationId : CSimulationManager::Instance().GetSimulationIds(m_nViewId))
         for (IDrawable* const pDrawable :
              CDrawableManager::Instance().GetDrawables(m_nViewId, nSimulationId)) // those that still live
-            if (const auto type = saved.constFind(pDrawable); type != saved.cend())
-                pDrawable->setDisplayTypeQuick(*type);
+            if (const auto parts = saved.constFind(pDrawable); parts != saved.cend()) {
+                pDrawable->setDisplayTypeQuick(parts->eType);
+                pDrawable->setDrawWireframe(parts->bWireframe);
+                pDrawable->setDrawShaded(parts->bShaded);
+                pDrawable->setDrawNodes(parts->bNodes);
+                pDrawable->setDrawOutlines(parts->bOutlines);
+                pDrawable->setDrawContours(parts->bContours);
+                pDrawable->setDrawVectors(parts->bVectors);
+            }
 }
 
 // What is painted over the scene.

@@ -143,7 +143,13 @@ private:
     QTimer m_timer;
     Demotion_e m_eDemotion = DemotionOff;
     bool m_bDemoted = false;
-    QHash<IDrawable*, DisplayType_e> m_savedTypes; // what to restore after a demotion
+    /** What a demotion changes of a drawable. */
+    struct SShownParts
+    {
+        DisplayType_e eType;
+        bool bWireframe, bShaded, bNodes, bOutlines, bContours, bVectors;
+    };
+    QHash<IDrawable*, SShownParts> m_savedParts; // what to restore after a demotion
     COrthoCamera m_camera;
     CSceneRenderer m_renderer;
     CInputTracker m_input;
