@@ -206,6 +206,8 @@ void CMainWindow::RefreshDocks(qint64 nViewId, bool, bool)
     for (const qint64 nSimulationId : manager.GetSimulationIds(nViewId))
         if (CItemPanel* const pPanel = manager.GetItemPanel(nViewId, nSimulationId))
             pPanel->SlotRefreshAll();
+    if (IViewer* const pViewer = GetViewerById(nViewId))
+        pViewer->Refresh();
     emit SignalRefreshDockWidgets();
 }
 

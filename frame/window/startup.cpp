@@ -13,6 +13,7 @@
 #include "simulation/simulationcases.h"
 #include "view/dialogs/colormapeditor.h"
 #include "view/selectables/selectablefactory.h"
+#include "view/shownvariables.h"
 
 #include <QApplication>
 #include <QSurfaceFormat>
@@ -85,6 +86,7 @@ int Run(const SCommandLine& commandLine, QApplication& application, int argc, ch
 {
     const CSimulationCases cases;
     const CSelectableFactory selectables;
+    const CShownVariables shownVariables;
     try {
         if (commandLine.eMode == SCommandLine::RunModule)
             return RunModule(commandLine.sModule, application, argc, argv);

@@ -44,7 +44,7 @@ void COglViewer::SetActive(bool bActive)
 void COglViewer::SetExpanded(bool bExpanded) { ViewHeadline::SetExpanded(m_pUi->m_pExpandViewB, bExpanded); }
 
 void COglViewer::SetExpandable(bool bExpandable) { m_pUi->m_pExpandViewB->setEnabled(bExpandable); }
-void COglViewer::Refresh() { m_pDrawer->update(); }
+void COglViewer::Refresh() { m_pDrawer->UpdateAll(); }
 SCamera COglViewer::GetCamera() const { return m_pDrawer->GetCamera(); }
 void COglViewer::SetCamera(const SCamera& camera, int nFit) { m_pDrawer->SetCamera(camera, nFit); }
 void COglViewer::SetName(const QString& sName) { m_pUi->m_pViewName->setText(sName); }

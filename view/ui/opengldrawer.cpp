@@ -81,8 +81,21 @@ void COpenGLDrawer::SetActive(bool bActive)
 
 void COpenGLDrawer::UpdateCamera()
 {
-    m_eUpdate = UpdateCameraOnly;
-    QOpenGLWidget::update();
+    m_bCameraAsked = true;
+    update();
+}
+
+void COpenGLDrawer::UpdateAll()
+{
+    m_bChangeAsked = true;
+    update();
+}
+
+/** Whether drawables have to be asked if they need building: not in a frame that only a camera asked for. */
+bool COpenGLDrawer::TakeNeedsCheck()
+{
+    const bool bCameraAsked = std::exchange(m_bCameraAsked, false);
+    return std::exchange(m_bChangeAsked, false) || !bCameraAsked;
 }
 
 // The frame.
@@ -97,7 +110,7 @@ bool COpenGLDrawer::IsInteracting() const
 void COpenGLDrawer::paintGL()
 {
     if (!m_paintMutex.tryLock()) {
-        update(); // from an event handled inside of the frame
+        UpdateAll(); // from an event handled inside of the frame
         return;
     }
     const bool bInteracting = IsInteracting();
@@ -118,7 +131,7 @@ void COpenGLDrawer::paintGL()
 void COpenGLDrawer::FitNextFrame()
 {
     m_bFitNext = true;
-    update();
+    UpdateAll();
 }
 
 void COpenGLDrawer::PaintScene(bool bInteracting)
@@ -139,7 +152,7 @@ void COpenGLDrawer::PaintScene(bool bInteracting)
     frame.dBottom = m_camera.Box().dBottom;
     frame.viewport = size() * devicePixelRatioF();
     frame.bBoundingBoxes = bInteracting && m_eDemotion == DemotionBoundingBox;
-    frame.bCheckDrawables = std::exchange(m_eUpdate, UpdateFull) == UpdateFull;
+    frame.bCheckDrawables = TakeNeedsCheck();
     frame.fScale = float(devicePixelRatioF());
     m_renderer.Render(frame);
 }
@@ -159,7 +172,7 @@ QVector<IDrawable*> COpenGLDrawer::VisibleDrawables() const
 void COpenGLDrawer::SetDemotion(Demotion_e eDemotion)
 {
     m_eDemotion = eDemotion;
-    update();
+    UpdateAll();
 }
 
 void COpenGLDrawer::ShowDemotion(bool bInteracting)
@@ -251,14 +264,14 @@ void COpenGLDrawer::PaintRotationMarker(QPainter& painter, bool bInteracting)
 void COpenGLDrawer::SlotSelectableCreated(ISelectable*)
 {
     m_showsItems.reset();
-    update();
+    UpdateAll();
 }
 
 void COpenGLDrawer::SlotSelectableDeleted(ISelectable* pSelectable)
 {
     m_showsItems.reset();
     m_hover.Forget(pSelectable);
-    update();
+    UpdateAll();
 }
 
 // The camera.

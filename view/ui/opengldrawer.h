@@ -46,6 +46,9 @@ public:
     /** Where the pointer was last; what is picked there. */
     const SPointPick& GetPicked() const { return m_picked; }
 
+    /** Draws anew; drawables may have changed. */
+    void UpdateAll();
+
     // Commands. Linked views follow each.
     void ZoomToFit();
     void ZoomToSelection();
@@ -86,8 +89,6 @@ protected:
     void focusOutEvent(QFocusEvent* pEvent) override;
 
 private:
-    enum UpdateState_e { UpdateFull, UpdateCameraOnly };
-
     // opengldrawer.cpp
     bool IsInteracting() const;
     void ShowDemotion(bool bInteracting);
@@ -99,6 +100,7 @@ private:
     bool ShowsItems();
     /** Only the camera, or what lies over the scene, has changed. */
     void UpdateCamera();
+    bool TakeNeedsCheck();
     QVector<IDrawable*> VisibleDrawables() const;
     SViewBounds BoundsInView(bool bSelectedOnly) const;
 
@@ -161,7 +163,8 @@ private:
     std::optional<DVector3D> m_measureTo;
     QElapsedTimer m_sinceWheel;
     QElapsedTimer m_sinceRotation;
-    UpdateState_e m_eUpdate = UpdateFull;
+    bool m_bChangeAsked = false; // since the last frame: for changed drawables
+    bool m_bCameraAsked = false; // for a moved camera
     bool m_bFitNext = false;
     std::optional<bool> m_showsItems; // unknown after a selectable has come or gone
     CAnnotation* m_pDragged = nullptr;

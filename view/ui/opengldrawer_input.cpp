@@ -63,7 +63,7 @@ void COpenGLDrawer::SlotTimerUpdate()
     if (!m_bInside)
         ClearHover();
     if (m_sinceWheel.isValid() && m_sinceWheel.elapsed() >= 200 && m_sinceWheel.elapsed() < WHEEL_SETTLED_MS)
-        update();
+        UpdateAll();
     StartTimer();
     const bool bHeld = m_input.State().buttons || !m_input.State().keys.isEmpty();
     if (!bHeld || m_eMode == MouseZoomBox)
@@ -215,7 +215,7 @@ void COpenGLDrawer::mouseReleaseEvent(QMouseEvent* pEvent)
     StartTimer();
     if (m_eMode == MouseZoomBox && pEvent->button() == Qt::LeftButton) {
         ZoomToBand(band);
-        update();
+        UpdateAll();
         return;
     }
     const MouseAction_e eAction = FindAction(Preset(), state);
@@ -223,7 +223,7 @@ void COpenGLDrawer::mouseReleaseEvent(QMouseEvent* pEvent)
         BoxAction(eAction, band, state.modifiers);
     else
         ClickAction(eAction, state.modifiers);
-    update(); // without demotion, without the band
+    UpdateAll(); // without demotion, without the band
 }
 
 void COpenGLDrawer::ClickAction(MouseAction_e eAction, Qt::KeyboardModifiers modifiers)
@@ -263,7 +263,7 @@ void COpenGLDrawer::mouseDoubleClickEvent(QMouseEvent* pEvent)
         return;
     if (CAnnotation* const pAnnotation = AnnotationAt(pEvent->pos())) {
         pAnnotation->doubleClicked();
-        update();
+        UpdateAll();
         return;
     }
     if (pEvent->button() == Qt::LeftButton && m_hover.Current())
@@ -293,7 +293,7 @@ void COpenGLDrawer::focusOutEvent(QFocusEvent* pEvent)
 {
     QOpenGLWidget::focusOutEvent(pEvent);
     m_input.Clear(); // what goes up elsewhere isn't seen here
-    update();
+    UpdateAll();
 }
 
 // The keyboard.
@@ -307,7 +307,7 @@ void COpenGLDrawer::keyPressEvent(QKeyEvent* pEvent)
         m_input.Clear();
         m_eMode = MouseNormal;
         emit SignalMode(MouseNormal);
-        update();
+        UpdateAll();
         return;
     }
     if (pEvent->matches(QKeySequence::Copy)) {
@@ -329,7 +329,7 @@ void COpenGLDrawer::keyReleaseEvent(QKeyEvent* pEvent)
     if (!pEvent->isAutoRepeat())
         m_input.ReleaseKey(pEvent->key());
     StartTimer();
-    update();
+    UpdateAll();
 }
 
 /** Keys with a meaning of their own when they are pressed alone. */
