@@ -1,7 +1,13 @@
 #include "frame/window/variablechoice.h"
 
+#include "data/solutionmanager.h"
+#include "data/solutions/istructredsolution.h"
 #include "data/variables/variablemanager.h"
 #include "scene/iselectable.h"
+#include "simulation/simulationmanager.h"
+#include "view/viewbounds.h"
+
+#include <cmath>
 
 namespace {
 
@@ -35,6 +41,45 @@ void ShowVector(ISelectable& selectable, qint64 nId)
     selectable.setVectorVariable(nId);
     if (nId == NO_ID)
         LeaveType(selectable, DisplayVector);
+}
+
+/** The largest component of the vector over the item's block. */
+double LargestComponent(const ISelectable& selectable, qint64 nId)
+{
+    const double dTime =
+        CSimulationManager::Instance().GetRequestTime(selectable.viewId(), selectable.simulationId());
+    const auto pField = CSolutionManager::Instance().GetSolution(nId, selectable.simulationId(),
+                                                                 selectable.blockId(), -1, dTime);
+    double dLargest = 0.0;
+    for (int nAxis = 0; pField && nAxis < 3; ++nAxis)
+        if (const SValueRange range = pField->GetRange(nAxis, true); !range.IsEmpty())
+            dLargest = std::max({dLargest, std::abs(range.dMin), std::abs(range.dMax)});
+    return dLargest;
+}
+
+/**
+ * Gives items whose arrows have the scale of the start one with which they can be seen: the longest is about
+ * a twentieth of all items. A scale that the user has set stays.
+ */
+void ScaleFirstArrows(const QVector<ISelectable*>& subjects, qint64 nId)
+{
+    constexpr double FIRST_SCALE = 1.0;
+    constexpr double UNIT = 0.001; // of the length that a scale of 1 gives a vector of 1
+    constexpr double SHARE = 1.0 / 20.0;
+    double dLargest = 0.0;
+    SViewBounds bounds;
+    for (const ISelectable* const pSubject : subjects) {
+        dLargest = std::max(dLargest, LargestComponent(*pSubject, nId));
+        for (const IDrawable* const pDrawable : pSubject->drawables())
+            bounds.AddBox(pDrawable->boundsMinimum(), pDrawable->boundsMaximum(), DMatrix4x4());
+    }
+    if (bounds.IsEmpty() || !(dLargest > 0.0))
+        return;
+    const double dScale = Length(bounds.maximum - bounds.minimum) * SHARE / (dLargest * UNIT);
+    const double dDecade = std::pow(10.0, std::floor(std::log10(dScale)));
+    for (ISelectable* const pSubject : subjects)
+        if (pSubject->vectorBodyScale() == FIRST_SCALE)
+            pSubject->setVectorBodyScale(std::round(dScale / dDecade) * dDecade); // one digit is enough
 }
 
 void ShowThreshold(ISelectable& selectable, qint64 nId)
@@ -122,6 +167,8 @@ void VariableChoice::Show(const QVector<ISelectable*>& subjects, VariableRole_e 
 {
     for (ISelectable* const pSubject : subjects)
         ROLES[eRole].Show(*pSubject, nId);
+    if (eRole == RoleVector && nId != NO_ID)
+        ScaleFirstArrows(subjects, nId);
 }
 
 QString VariableChoice::InvalidText(VariableRole_e eRole) { return ROLES[eRole].sInvalid; }
