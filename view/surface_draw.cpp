@@ -165,7 +165,10 @@ void CSurface::DrawShaded(CSurfaceShaderProgram& program)
     program.Set(UniformAlphaValue, float(alphaValue()));
     program.Set(UniformConstColor, shadeColor());
     program.Set(UniformEnableLight, 1.0F);
+    // A triangle in a corner has only edge vertices, and would be filled with the colour of the outline.
+    program.Set(UniformUseOutlineColor, 0.0F);
     DrawIndices(TriangleIndices, GL_TRIANGLES);
+    program.Set(UniformUseOutlineColor, CPreferences::Instance().Draw().bUseOutlineColor ? 1.0F : 0.0F);
 }
 
 void CSurface::DrawIndices(SurfaceIndices_e eIndices, GLenum eMode)
