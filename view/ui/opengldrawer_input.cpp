@@ -16,11 +16,6 @@ namespace {
 constexpr int TICK_AT_REST_MS = 100;
 constexpr int TICK_HELD_MS = 10;
 constexpr int WHEEL_SETTLED_MS = 350; // one frame after demotion has ended
-constexpr double PAN_FACTOR = 0.1;
-constexpr double RATE_FACTOR = 100.0; // degrees a tick for a drag over the whole widget
-constexpr double KEY_STEP = 0.2;
-constexpr double ZOOM_FACTOR = 0.001;
-constexpr double LEAST_DRAG = 1e-5;
 
 const SDrawPreferences& Draw() { return CPreferences::Instance().Draw(); }
 
