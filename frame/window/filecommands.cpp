@@ -6,6 +6,7 @@
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
+#include "frame/window/firstcolors.h"
 #include "frame/window/windowactions.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
@@ -157,11 +158,14 @@ void CFileCommands::OpenFiles(const QStringList& sFileList)
     if (sDataFileList.isEmpty())
         return;
     const CWaitCursor wait;
+    const QVector<qint64> openIds = CSimulationManager::Instance().GetSimulationIds();
     const qint64 nSimulationId = CreateFromFiles(sDataFileList);
     if (nSimulationId == -1) {
         TellUnknown(sDataFileList.join(", "));
         return;
     }
     ShowInActiveView(nSimulationId);
+    if (!openIds.contains(nSimulationId))
+        FirstColors::Show(CWidgetManager::Instance().GetActiveViewId(), nSimulationId);
     m_recentFiles.Add(sDataFileList.first());
 }
