@@ -76,22 +76,27 @@ SBlock MakeBackground()
         HOLE);
 }
 
-/** Velocity over that far ahead. */
-SPoint Velocity(const SPoint& p)
+/** Velocity over that far ahead, without friction. */
+SPoint PotentialVelocity(const SPoint& p)
 {
     const double r = std::max(std::hypot(p.x, p.y, p.z), 0.5);
     const double dCubed = 0.5 / (r * r * r);
     const double dFactor = 3.0 * dCubed * p.x / (r * r);
-    SPoint v{1.0 + dCubed - dFactor * p.x, -dFactor * p.y, -dFactor * p.z};
-    const double dWall = 1.0 - std::exp(-std::max(r - 1.0, 0.0) / LAYER);
+    return {1.0 + dCubed - dFactor * p.x, -dFactor * p.y, -dFactor * p.z};
+}
+
+/** What friction leaves of the velocity near the wall and in the wake. */
+double Remainder(const SPoint& p)
+{
+    const double dWall = 1.0 - std::exp(-std::max(std::hypot(p.x, p.y, p.z) - 1.0, 0.0) / LAYER);
     const double dAside = std::hypot(p.y, p.z) / (0.55 + 0.06 * std::max(p.x, 0.0));
     const double dBehind = p.x > 0.0 ? 1.0 - std::exp(-p.x * p.x) : 0.0;
-    const double dWake =
-        1.0 - 0.75 * dBehind * std::exp(-dAside * dAside) * std::exp(-0.12 * std::max(p.x, 0.0));
-    for (double* const pComponent : {&v.x, &v.y, &v.z})
-        *pComponent *= dWall * dWake;
-    return v;
+    const double dLoss = 0.75 * dBehind * std::exp(-dAside * dAside) * std::exp(-0.12 * std::max(p.x, 0.0));
+    return dWall * (1.0 - dLoss);
 }
+
+/** Of the speed, with the total enthalpy that is the same everywhere. */
+double SquaredSpeedOfSound(double dSpeed2) { return 1.0 + 0.5 * (GAMMA - 1.0) * (MACH * MACH - dSpeed2); }
 
 /** Density, momentum and energy, made dimensionless with density and speed of sound far ahead. */
 std::vector<float> ConservativeState(const SBlock& block)
@@ -99,13 +104,16 @@ std::vector<float> ConservativeState(const SBlock& block)
     const std::size_t nPoints = block.points.size();
     std::vector<float> q(5 * nPoints);
     for (std::size_t n = 0; n < nPoints; ++n) {
-        const SPoint v = Velocity(block.points[n]);
-        const double dSpeed2 = (v.x * v.x + v.y * v.y + v.z * v.z) * MACH * MACH;
-        const double dSound2 = 1.0 + 0.5 * (GAMMA - 1.0) * (MACH * MACH - dSpeed2);
-        const double dDensity = std::pow(dSound2, 1.0 / (GAMMA - 1.0));
-        const double dPressure = dDensity * dSound2 / GAMMA;
-        const double values[] = {dDensity, dDensity * v.x * MACH, dDensity * v.y * MACH,
-                                 dDensity * v.z * MACH, dPressure / (GAMMA - 1.0) + 0.5 * dDensity * dSpeed2};
+        const SPoint outer = PotentialVelocity(block.points[n]);
+        const double dOuter2 = (outer.x * outer.x + outer.y * outer.y + outer.z * outer.z) * MACH * MACH;
+        // The layer takes the pressure of the flow outside of it.
+        const double dPressure = std::pow(SquaredSpeedOfSound(dOuter2), GAMMA / (GAMMA - 1.0)) / GAMMA;
+        const double dRemainder = Remainder(block.points[n]);
+        const double dSpeed2 = dOuter2 * dRemainder * dRemainder;
+        const double dDensity = GAMMA * dPressure / SquaredSpeedOfSound(dSpeed2);
+        const double dMomentum = dDensity * MACH * dRemainder; // for a velocity of 1
+        const double values[] = {dDensity, dMomentum * outer.x, dMomentum * outer.y, dMomentum * outer.z,
+                                 dPressure / (GAMMA - 1.0) + 0.5 * dDensity * dSpeed2};
         for (int nVariable = 0; nVariable < 5; ++nVariable)
             q[nVariable * nPoints + n] = float(values[nVariable]);
     }
