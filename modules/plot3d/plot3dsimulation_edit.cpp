@@ -47,6 +47,8 @@ CItem* CPlot3DSimulation::CreateItem(qint64 nType, qint64 nKind, bool, qint64, q
         pItem = new CBlock;
     else if (nType == KindBoundarySurface)
         pItem = new CBoundaryItem;
+    else if (nType == KindSurface)
+        pItem = new CItem;
     else
         return nullptr;
     pItem->SetId(nId == NO_ID ? GetNextItemId() : nId);

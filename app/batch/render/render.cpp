@@ -84,14 +84,6 @@ int Render(const CBatchOptions& options, const SRenderRequest& request)
 
 } // namespace
 
-int CBatchPrompt::Ask(const SPrompt& prompt)
-{
-    BatchError(BatchFailed, prompt.sText.simplified());
-    if (prompt.eKind == PromptCritical)
-        std::_Exit(BatchFailed);
-    return prompt.nEscape;
-}
-
 int RunRenderHere(const QStringList& sArgumentList)
 {
     if (sArgumentList.contains("--help")) {

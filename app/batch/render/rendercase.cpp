@@ -12,7 +12,6 @@
 #include "simulation/simulationmanager.h"
 #include "view/annotations/annotationcolormap.h"
 #include "view/selectables/surfaceitems.h"
-#include "view/variablechoice.h"
 
 #include <QFileInfo>
 
@@ -25,6 +24,8 @@ QString AddFile(CCaseRecords& records, const QString& sFileName, FileRole_e eRol
 {
     if (!QFileInfo(sFileName).isReadable())
         return QString("can't read %1").arg(sFileName);
+    if (!CFileRecord(sFileName, eRole).IsIdentified())
+        return QString("%1 could not be identified").arg(sFileName);
     const SFilesProblem problem = records.SetFile(sFileName, eRole);
     return problem.IsNone() ? QString() : QString("%1: %2").arg(sFileName, problem.sText);
 }
@@ -159,13 +160,14 @@ BatchStatus_e CRenderCase::ShowScalar(const SRenderRequest& request)
     qint64 nId = NO_ID;
     if (const BatchStatus_e eStatus = FindVariable(request.sScalar, false, nId); eStatus != BatchOk)
         return eStatus;
-    if (!request.range)
-        VariableChoice::SetScalar(Shown(), nId); // reads all blocks for the range
+    const SValueRange range = request.range ? *request.range
+                                            : CVariableManager::Instance().GetVariable(nId)->GetGlobalRange(
+                                                  VIEW, m_pSimulation->GetId(), NO_ID);
     for (ISelectable* const pSelectable : Shown()) {
         pSelectable->setScalarVariable(nId);
         pSelectable->setGeometricColor(false);
-        if (request.range)
-            pSelectable->setColormapValues(request.range->dMin, request.range->dMax);
+        if (!range.IsEmpty())
+            pSelectable->setColormapValues(range.dMin, range.dMax);
         if (request.nColormap != -1)
             pSelectable->setColormapType(request.nColormap);
     }
@@ -177,10 +179,11 @@ BatchStatus_e CRenderCase::ShowVector(const QString& sName)
     if (sName.isEmpty())
         return BatchOk;
     qint64 nId = NO_ID;
-    const BatchStatus_e eStatus = FindVariable(sName, true, nId);
-    if (eStatus == BatchOk)
-        VariableChoice::SetVector(Shown(), nId);
-    return eStatus;
+    if (const BatchStatus_e eStatus = FindVariable(sName, true, nId); eStatus != BatchOk)
+        return eStatus;
+    for (ISelectable* const pSelectable : Shown())
+        pSelectable->setVectorVariable(nId);
+    return BatchOk;
 }
 
 /** One legend stands for all: they have one scalar and one range. */
