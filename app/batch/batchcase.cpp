@@ -2,6 +2,7 @@
 
 #include "app/batch/batch.h"
 #include "app/batch/jsonwriter.h"
+#include "app/batch/nearnames.h"
 #include "app/batch/timings.h"
 #include "data/casedata.h"
 #include "data/variables/expressionvariable.h"
@@ -18,6 +19,29 @@ QVector<SBatchOption> CaseOptions()
             {"--variable", "NAME", true, "what to tell; ? lists the names"},
             {"--block", "N", true, "block number, from 1; all without it"},
             {"--timings", "FILE", false, "writes seconds by stage and the peak of memory as JSON"}};
+}
+
+QString DefineVariable(qint64 nSimulationId, const QString& sDefinition)
+{
+    CVariableManager& manager = CVariableManager::Instance();
+    const int nEqual = sDefinition.indexOf('=');
+    const QString sName = sDefinition.left(nEqual).trimmed();
+    if (nEqual < 0)
+        return QString("--define needs NAME=FORMULA, not '%1'").arg(sDefinition);
+    if (!manager.IsNameValid(-1, sName, nSimulationId, LocationNode))
+        return QString("the name '%1' is not valid or already in use").arg(sName);
+    auto* const pVariable = new CExpressionVariable(nSimulationId, true);
+    pVariable->SetName(sName);
+    pVariable->SetScope(manager.ListVariables(nSimulationId, false));
+    const QString sFormula = sDefinition.mid(nEqual + 1);
+    if (pVariable->SetExpression(sFormula, false, true))
+        return {};
+    if (pVariable->GetErrorPosition() == 0) // it would compile
+        return QString("the formula of '%1' refers to itself: '%2'").arg(sName, sFormula);
+    return QString("the formula of '%1' has an error at character %2 of '%3'")
+        .arg(sName)
+        .arg(pVariable->GetErrorPosition())
+        .arg(sFormula);
 }
 
 CBatchCase::~CBatchCase() { RemoveCaseData(SIMULATION); }
@@ -37,8 +61,8 @@ CBatchCase::Status_e CBatchCase::Open(const CBatchOptions& options)
     if (!m_case.sError.isEmpty())
         return Fail(CaseFailed, m_case.sError);
     for (const QString& sDefinition : options.All("--define"))
-        if (const Status_e eStatus = Define(sDefinition); eStatus != CaseOk)
-            return eStatus;
+        if (const QString sProblem = DefineVariable(SIMULATION, sDefinition); !sProblem.isEmpty())
+            return Fail(CaseUsage, sProblem);
     if (const Status_e eStatus = ChooseBlocks(options.All("--block")); eStatus != CaseOk)
         return eStatus;
     return ChooseVariables(options.All("--variable"));
@@ -52,29 +76,6 @@ QStringList CBatchCase::VariableNames() const
     return sNameList;
 }
 
-CBatchCase::Status_e CBatchCase::Define(const QString& sDefinition)
-{
-    CVariableManager& manager = CVariableManager::Instance();
-    const int nEqual = sDefinition.indexOf('=');
-    const QString sName = sDefinition.left(nEqual).trimmed();
-    if (nEqual < 0)
-        return Fail(CaseUsage, QString("--define needs NAME=FORMULA, not '%1'").arg(sDefinition));
-    if (!manager.IsNameValid(-1, sName, SIMULATION, LocationNode))
-        return Fail(CaseUsage, QString("the name '%1' is not valid or already in use").arg(sName));
-    auto* const pVariable = new CExpressionVariable(SIMULATION, true);
-    pVariable->SetName(sName);
-    pVariable->SetScope(manager.ListVariables(SIMULATION, false));
-    const QString sFormula = sDefinition.mid(nEqual + 1);
-    if (pVariable->SetExpression(sFormula, false, true))
-        return CaseOk;
-    if (pVariable->GetErrorPosition() == 0) // it would compile
-        return Fail(CaseUsage, QString("the formula of '%1' refers to itself: '%2'").arg(sName, sFormula));
-    return Fail(CaseUsage, QString("the formula of '%1' has an error at character %2 of '%3'")
-                               .arg(sName)
-                               .arg(pVariable->GetErrorPosition())
-                               .arg(sFormula));
-}
-
 CBatchCase::Status_e CBatchCase::ChooseVariables(const QStringList& sNameList)
 {
     const CVariableManager& manager = CVariableManager::Instance();
@@ -85,7 +86,8 @@ CBatchCase::Status_e CBatchCase::ChooseVariables(const QStringList& sNameList)
         if (nId == -1)
             nId = manager.FindByName(SIMULATION, sName, LocationNone);
         if (nId == -1)
-            return Fail(CaseUsage, QString("there is no variable '%1'; --variable ? lists them").arg(sName));
+            return Fail(CaseUsage, QString("there is no variable '%1'%2; --variable ? lists them")
+                                       .arg(sName, NearNamesText(sName, VariableNames())));
         m_variables.append(nId);
     }
     return CaseOk;

@@ -8,6 +8,14 @@
 
 class CJsonWriter;
 
+/**
+ * Makes a variable of the user in a case, of all that stand there so far.
+ *
+ * @param sDefinition  NAME=FORMULA
+ * @return the problem in one line; empty if all is well
+ */
+QString DefineVariable(qint64 nSimulationId, const QString& sDefinition);
+
 /** The options that name the files, variables and blocks of a case: --grid, --q, --function, --define ... */
 QVector<SBatchOption> CaseOptions();
 
@@ -36,7 +44,6 @@ public:
 
 private:
     Status_e Fail(Status_e eStatus, const QString& sError);
-    Status_e Define(const QString& sDefinition);
     Status_e ChooseVariables(const QStringList& sNameList);
     Status_e ChooseBlocks(const QStringList& sNumberList);
 

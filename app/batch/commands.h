@@ -6,3 +6,4 @@
 int RunInfo(const QStringList& sArgumentList);
 int RunStats(const QStringList& sArgumentList);
 int RunProbe(const QStringList& sArgumentList);
+int RunRender(const QStringList& sArgumentList);

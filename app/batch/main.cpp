@@ -11,6 +11,7 @@ constexpr SBatchCommand COMMANDS[] = {
     {"info", "what a file is and what its headers say", RunInfo},
     {"stats", "least, greatest and mean of variables, by block", RunStats},
     {"probe", "values at a grid point or at a place", RunProbe},
+    {"render", "a picture of a case", RunRender},
 };
 } // namespace
 

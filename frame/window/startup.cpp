@@ -14,26 +14,15 @@
 #include "view/dialogs/colormapeditor.h"
 #include "view/selectables/selectablefactory.h"
 #include "view/shownvariables.h"
+#include "view/ui/surfaceformat.h"
 
 #include <QApplication>
-#include <QSurfaceFormat>
 
 #include <cstdio>
 
 namespace {
 
-QSurfaceFormat DefaultSurfaceFormat()
-{
-    QSurfaceFormat format(QSurfaceFormat::DeprecatedFunctions);
-    format.setSwapBehavior(QSurfaceFormat::DoubleBuffer);
-    format.setRenderableType(QSurfaceFormat::OpenGL);
-    format.setDepthBufferSize(24);
-    format.setStencilBufferSize(8);
-    format.setOption(QSurfaceFormat::DebugContext);
-    format.setProfile(QSurfaceFormat::CompatibilityProfile);
-    format.setSamples(8);
-    return format;
-}
+constexpr int SAMPLES = 8; // for each pixel of a view
 
 /** Messages and the progress of tasks reach the user while this lives; a command-line run has none. */
 class CUserScope
@@ -116,7 +105,7 @@ int RunApplication(int argc, char** argv)
     QCoreApplication::setAttribute(Qt::AA_UseDesktopOpenGL);
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QSurfaceFormat::setDefaultFormat(DefaultSurfaceFormat());
+    QSurfaceFormat::setDefaultFormat(ViewSurfaceFormat(SAMPLES));
     QApplication application(argc, argv);
     StartupTimings::Note("application");
     QGuiApplication::setDesktopFileName("zento"); // a desktop finds the name and the large icon by it

@@ -1,0 +1,98 @@
+#include "app/batch/render/offscreenview.h"
+
+#include "frame/preferencekeys.h"
+#include "frame/preferences.h"
+#include "scene/drawablemanager.h"
+#include "scene/idrawable.h"
+#include "simulation/simulationmanager.h"
+#include "view/ui/opengldrawer.h"
+
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions>
+
+namespace {
+
+constexpr double FREE_BORDER = 1.06; // view to case
+
+/** What a frame reads of the user's settings: those of the request, the defaults for the rest. */
+void SetDrawSettings(const SRenderRequest& request)
+{
+    enum { HIDE_ROTATION_AXIS };
+    CPreferences& preferences = CPreferences::Instance();
+    Set(preferences, PreferenceKey::SHOW_AXES, request.bAxes);
+    Set(preferences, PreferenceKey::ROTATION_AXIS_VISIBILITY, HIDE_ROTATION_AXIS);
+    if (request.background.isValid())
+        for (const SKey<QColor>& key : PreferenceKey::BACKGROUND_COLORS)
+            Set(preferences, key, request.background);
+    preferences.Apply();
+}
+
+/** Fitting the view needs the places of all that is shown. */
+void BuildDrawables(qint64 nViewId)
+{
+    for (const qint64 nSimulationId : CSimulationManager::Instance().GetSimulationIds(nViewId))
+        for (IDrawable* const pDrawable : CDrawableManager::Instance().GetDrawables(nViewId, nSimulationId))
+            if (pDrawable->isVisible() && pDrawable->needsBuild())
+                pDrawable->build();
+}
+
+/** From -x, -y and +z: the rows are what is right, up and towards the user. */
+QMatrix4x4 IsometricView()
+{
+    const QVector3D back = QVector3D(-1.0F, -1.0F, 1.0F).normalized();
+    const QVector3D right = QVector3D::crossProduct({0.0F, 0.0F, 1.0F}, back).normalized();
+    QMatrix4x4 view;
+    view.setRow(0, right);
+    view.setRow(1, QVector3D::crossProduct(back, right));
+    view.setRow(2, back);
+    view(3, 3) = 1.0F;
+    return view;
+}
+
+void SetCamera(COpenGLDrawer& drawer, const SRenderRequest::SView& view)
+{
+    if (view.nAxis >= 0) {
+        drawer.LookAlong(view.nAxis, view.bPositive); // fits the view too
+    } else {
+        SCamera camera = drawer.GetCamera();
+        camera.view = IsometricView();
+        drawer.SetCamera(camera, FitAll);
+        drawer.ZoomToFit();
+    }
+    SCamera camera = drawer.GetCamera();
+    camera.viewSize *= FREE_BORDER;
+    drawer.SetCamera(camera, FitAll);
+}
+
+} // namespace
+
+QString OffscreenView::FindProblem(const QSize& size)
+{
+    QOffscreenSurface surface;
+    surface.create();
+    QOpenGLContext context;
+    if (!context.create() || !context.makeCurrent(&surface))
+        return QString("there is no OpenGL on display %1").arg(qEnvironmentVariable("DISPLAY"));
+    GLint nMost = 0;
+    context.functions()->glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &nMost);
+    context.doneCurrent();
+    if (std::max(size.width(), size.height()) <= nMost)
+        return {};
+    return QString("the OpenGL of display %1 draws pictures of at most %2x%2 pixels")
+        .arg(qEnvironmentVariable("DISPLAY"))
+        .arg(nMost);
+}
+
+QImage OffscreenView::Draw(qint64 nViewId, const SRenderRequest& request)
+{
+    SetDrawSettings(request);
+    BuildDrawables(nViewId);
+    COpenGLDrawer drawer(nViewId);
+    drawer.setAttribute(Qt::WA_DontShowOnScreen);
+    drawer.resize(request.size);
+    drawer.show();
+    SetCamera(drawer, request.view);
+    const QImage image = drawer.grabFramebuffer();
+    return image.size() == request.size ? image.convertToFormat(QImage::Format_RGB32) : QImage();
+}

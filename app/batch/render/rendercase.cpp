@@ -1,0 +1,203 @@
+#include "app/batch/render/rendercase.h"
+
+#include "app/batch/batchcase.h"
+#include "app/batch/nearnames.h"
+#include "data/variables/variablemanager.h"
+#include "modules/plot3d/plot3dsimulation.h"
+#include "modules/plot3d/ui/plot3dmodule.h"
+#include "scene/iselectable.h"
+#include "scene/selectablekind.h"
+#include "scene/selectablemanager.h"
+#include "simulation/item.h"
+#include "simulation/simulationmanager.h"
+#include "view/annotations/annotationcolormap.h"
+#include "view/selectables/surfaceitems.h"
+
+#include <QFileInfo>
+
+namespace {
+
+constexpr int DARK_BELOW = 128; // lightness
+
+/** Puts a file where it belongs; gives the problem in one line. */
+QString AddFile(CCaseRecords& records, const QString& sFileName, FileRole_e eRole)
+{
+    if (!QFileInfo(sFileName).isReadable())
+        return QString("can't read %1").arg(sFileName);
+    if (!CFileRecord(sFileName, eRole).IsIdentified())
+        return QString("%1 could not be identified").arg(sFileName);
+    const SFilesProblem problem = records.SetFile(sFileName, eRole);
+    return problem.IsNone() ? QString() : QString("%1: %2").arg(sFileName, problem.sText);
+}
+
+/** The files as they are named: nothing that lies beside them is taken along. */
+QString ReadRecords(const CBatchOptions& options, CCaseRecords& records)
+{
+    records.bReadTransient = false;
+    QString sProblem = AddFile(records, options.First("--grid"), RoleGrid);
+    if (sProblem.isEmpty() && options.Has("--q"))
+        sProblem = AddFile(records, options.First("--q"), RoleQ);
+    for (const QString& sFileName : options.All("--function"))
+        if (sProblem.isEmpty())
+            sProblem = AddFile(records, sFileName, RoleFunction);
+    return sProblem;
+}
+
+} // namespace
+
+CRenderCase::~CRenderCase() { CSimulationManager::Instance().RemoveAllViews(); }
+
+BatchStatus_e CRenderCase::Fail(BatchStatus_e eStatus, const QString& sError)
+{
+    m_sError = sError;
+    return eStatus;
+}
+
+BatchStatus_e CRenderCase::Open(const CBatchOptions& options)
+{
+    CCaseRecords records;
+    if (const QString sProblem = ReadRecords(options, records); !sProblem.isEmpty())
+        return Fail(BatchFailed, sProblem);
+    m_pSimulation = new CPlot3DSimulation(CPlot3DModule::PLOT3D_ID);
+    CSimulationManager& manager = CSimulationManager::Instance();
+    manager.AddSimulation(m_pSimulation, VIEW);
+    manager.SetActiveSimulation(VIEW, m_pSimulation->GetId());
+    if (const QString sProblem = m_pSimulation->Load(records); !sProblem.isEmpty())
+        return Fail(BatchFailed, sProblem);
+    for (const QString& sDefinition : options.All("--define"))
+        if (const QString sProblem = DefineVariable(m_pSimulation->GetId(), sDefinition); !sProblem.isEmpty())
+            return Fail(BatchUsage, sProblem);
+    return BatchOk;
+}
+
+QStringList CRenderCase::VariableNames() const
+{
+    const CVariableManager& manager = CVariableManager::Instance();
+    QStringList sNameList;
+    for (const qint64 nId : manager.ListVariables(m_pSimulation->GetId(), false))
+        sNameList << manager.GetVariable(nId)->GetName();
+    return sNameList;
+}
+
+BatchStatus_e CRenderCase::Show(const SRenderRequest& request)
+{
+    if (const BatchStatus_e eStatus = ShowSurfaces(request.surfaces); eStatus != BatchOk)
+        return eStatus;
+    if (const BatchStatus_e eStatus = ShowScalar(request); eStatus != BatchOk)
+        return eStatus;
+    if (const BatchStatus_e eStatus = ShowVector(request.sVector); eStatus != BatchOk)
+        return eStatus;
+    for (ISelectable* const pSelectable : Shown())
+        pSelectable->setDisplayType(request.eMode);
+    if (request.bLegend)
+        ShowLegend(request.background);
+    return BatchOk;
+}
+
+QVector<ISelectable*> CRenderCase::Shown() const
+{
+    QVector<ISelectable*> shown = CSelectableManager::Instance().GetSelectables(VIEW, m_pSimulation->GetId());
+    const auto isOut = [](const ISelectable* p) { return p->drawables().isEmpty() || !p->isVisible(); };
+    shown.erase(std::remove_if(shown.begin(), shown.end(), isOut), shown.end());
+    return shown;
+}
+
+BatchStatus_e CRenderCase::CheckSurface(const SRenderRequest::SSurface& surface)
+{
+    const QVector<CItem*> blocks = m_pSimulation->GetItems(KindBlock);
+    if (surface.nBlock < 1 || surface.nBlock > blocks.size())
+        return Fail(BatchUsage,
+                    QString("there is no block %1; the grid has %2").arg(surface.nBlock).arg(blocks.size()));
+    const qint64 nPoints = blocks[int(surface.nBlock - 1)]->GetSize()[surface.nDirection];
+    if (surface.nConstant >= 1 && surface.nConstant <= nPoints)
+        return BatchOk;
+    return Fail(BatchUsage, QString("there is no %1 = %2 in block %3; it has 1 to %4")
+                                .arg(QChar("IJK"[surface.nDirection]))
+                                .arg(surface.nConstant)
+                                .arg(surface.nBlock)
+                                .arg(nPoints));
+}
+
+BatchStatus_e CRenderCase::ShowSurfaces(const QVector<SRenderRequest::SSurface>& surfaces)
+{
+    if (surfaces.isEmpty())
+        return BatchOk;
+    for (ISelectable* const pSelectable : Shown())
+        pSelectable->setVisible(false);
+    for (const SRenderRequest::SSurface& surface : surfaces) {
+        if (const BatchStatus_e eStatus = CheckSurface(surface); eStatus != BatchOk)
+            return eStatus;
+        const CItem& block = *m_pSimulation->GetItems(KindBlock)[int(surface.nBlock - 1)];
+        SSurfacePlane plane = FacePlane(block.GetSize(), 2 * surface.nDirection);
+        plane.constants[surface.nDirection] = surface.nConstant;
+        CreateSurfaceItem(*m_pSimulation, block.GetId(), plane);
+    }
+    return BatchOk;
+}
+
+BatchStatus_e CRenderCase::FindVariable(const QString& sName, bool bVector, qint64& nId)
+{
+    const CVariableManager& manager = CVariableManager::Instance();
+    nId = manager.FindByName(m_pSimulation->GetId(), sName, LocationNode);
+    if (nId == NO_ID)
+        nId = manager.FindByName(m_pSimulation->GetId(), sName, LocationCell);
+    if (nId == NO_ID && manager.FindByName(m_pSimulation->GetId(), sName, LocationNone) != NO_ID)
+        return Fail(BatchUsage, QString("'%1' is a constant and has no field to show").arg(sName));
+    if (nId == NO_ID)
+        return Fail(BatchUsage, QString("there is no variable '%1'%2; --scalar ? lists them")
+                                    .arg(sName, NearNamesText(sName, VariableNames())));
+    if ((manager.GetVariable(nId)->GetKind() == KindVector) == bVector)
+        return BatchOk;
+    return Fail(BatchUsage, QString(bVector ? "'%1' is no vector; --scalar colours by it"
+                                            : "'%1' is a vector; --mode vector --vector shows it")
+                                .arg(sName));
+}
+
+BatchStatus_e CRenderCase::ShowScalar(const SRenderRequest& request)
+{
+    if (request.sScalar.isEmpty())
+        return BatchOk;
+    qint64 nId = NO_ID;
+    if (const BatchStatus_e eStatus = FindVariable(request.sScalar, false, nId); eStatus != BatchOk)
+        return eStatus;
+    const SValueRange range = request.range ? *request.range
+                                            : CVariableManager::Instance().GetVariable(nId)->GetGlobalRange(
+                                                  VIEW, m_pSimulation->GetId(), NO_ID);
+    for (ISelectable* const pSelectable : Shown()) {
+        pSelectable->setScalarVariable(nId);
+        pSelectable->setGeometricColor(false);
+        if (!range.IsEmpty())
+            pSelectable->setColormapValues(range.dMin, range.dMax);
+        if (request.nColormap != -1)
+            pSelectable->setColormapType(request.nColormap);
+    }
+    return BatchOk;
+}
+
+BatchStatus_e CRenderCase::ShowVector(const QString& sName)
+{
+    if (sName.isEmpty())
+        return BatchOk;
+    qint64 nId = NO_ID;
+    if (const BatchStatus_e eStatus = FindVariable(sName, true, nId); eStatus != BatchOk)
+        return eStatus;
+    for (ISelectable* const pSelectable : Shown())
+        pSelectable->setVectorVariable(nId);
+    return BatchOk;
+}
+
+/** One legend stands for all: they have one scalar and one range. */
+void CRenderCase::ShowLegend(const QColor& background) const
+{
+    const QVector<ISelectable*> shown = Shown();
+    if (shown.isEmpty())
+        return;
+    CAnnotationColormap& legend = *shown.first()->annotationColormap();
+    SLegendSettings settings = legend.settings();
+    settings.subtitle.bVisible = shown.size() == 1; // it names the item
+    if (background.isValid() && background.lightness() < DARK_BELOW)
+        for (SLegendText* const pText : {&settings.title, &settings.subtitle, &settings.labels})
+            pText->color = Qt::white;
+    legend.setSettings(settings);
+    legend.setVisible(true);
+}
