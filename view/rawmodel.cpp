@@ -47,6 +47,7 @@ void CRawModel::SetAttribute(int nAttribute, int nComponents, qint64 nCount, con
 {
     if (nAttribute < 0)
         return;
+    s_nUploadedBytes += nCount * nComponents * qint64(sizeof(float));
     glBindVertexArray(m_nVertexArray);
     glBindBuffer(GL_ARRAY_BUFFER, BufferAt(INDEX_PLACES + nAttribute));
     glBufferData(GL_ARRAY_BUFFER, GLsizeiptr(nCount * nComponents * sizeof(float)), pData, GL_STATIC_DRAW);

@@ -34,12 +34,17 @@ public:
     void DrawArrays(GLenum eMode, int nCount);
     void DrawElements(GLenum eMode, int nPlace, int nCount);
 
+    /** Bytes of attributes that all models have handed over since the start, for tests and benches. */
+    static qint64 UploadedBytes() { return s_nUploadedBytes; }
+
 private:
     static constexpr int ATTRIBUTES = 7;
     static constexpr int BUFFERS = INDEX_PLACES + ATTRIBUTES;
 
     GLuint BufferAt(int nPlace);
     QVector<GLuint> BufferNames() const;
+
+    static inline qint64 s_nUploadedBytes = 0;
 
     QOpenGLContext* m_pContext = nullptr; // the one that it was created in
     QOpenGLContextGroup* m_pGroup = nullptr;
