@@ -190,7 +190,7 @@ TEST_F(Plot3DModule, CommandsThatCanBeUsedAreNotGrey)
     EXPECT_TRUE(m_module.GetMenus()[0]->menuAction()->isVisible());
     EXPECT_EQ(States(m_window.m_exportMenu), QStringList({"Plot3D..."}));
     EXPECT_EQ(States(*m_module.GetMenus()[0]),
-              QStringList({"Surface -", "Coordinate Surface -", "ISO Surface -", "Extreme Point -",
+              QStringList({"Surface", "Coordinate Surface -", "ISO Surface -", "Extreme Point -",
                            "Streamline -", "Modify -", "Unify item data -"}));
     Simulation(nId)->GetItem(1)->SelectInView(VIEW);
     m_module.UpdateActions(VIEW, nId);
