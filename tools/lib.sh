@@ -1,4 +1,4 @@
-# Shell functions of ./run, ./test and .ci/run. Source it with the project's folder as current directory.
+# Shell functions of ./run, ./test, .ci/run and tools/make-pictures. Source it with the project's folder as current directory.
 
 say() { printf '== %s\n' "$*"; }
 fail() { printf '%s\n' "$*" >&2; exit 1; }
@@ -61,4 +61,13 @@ with_display() {
     else
         xvfb-run -a -s '-screen 0 1280x1024x24' "$@"
     fi
+}
+
+# Draws the example case as a PNG: the sphere and, with the block behind all, the plane through its middle.
+render_example() {
+    local stem=build/default/examples/sphere sphere=() plane block
+    for block in 1 2 3 4; do sphere+=(--surface "$block:K=1"); done
+    plane=(--surface 1:J=1 --surface 3:J=1 --surface 5:K=23)
+    build/default/bin/zento-batch render --grid $stem.xyz --q $stem.q --scalar 'M[Q]' --colormap Viridis \
+        "${sphere[@]}" "${plane[@]}" --legend --axes --background white --size 1000x640 --output "$1"
 }

@@ -1,0 +1,162 @@
+// zento-batch render, as a script sees it: on a machine with no display but with Xvfb.
+#include <QDataStream>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <csignal>
+
+namespace {
+
+/** A plane of 4 x 4 cells, one unit each, at K = 1 and K = 2; the node in the middle of both is blanked. */
+class Render : public testing::Test
+{
+protected:
+    static constexpr int POINTS = 5;
+
+    Render()
+    {
+        for (const char* const sName : {"DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR"})
+            m_environment.remove(sName);
+        QFile file(m_sGrid);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        QDataStream stream(&file);
+        stream.setByteOrder(QDataStream::LittleEndian);
+        stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
+        stream << qint32(1) << qint32(POINTS) << qint32(POINTS) << qint32(2);
+        for (int nArray = 0; nArray < 4; ++nArray)
+            for (int n = 0; n < POINTS * POINTS * 2; ++n)
+                WritePoint(stream, nArray, n % POINTS, n / POINTS % POINTS, n / POINTS / POINTS);
+    }
+    static void WritePoint(QDataStream& stream, int nArray, int i, int j, int k)
+    {
+        const int ijk[] = {i, j, k};
+        if (nArray < 3)
+            stream << float(ijk[nArray]);
+        else
+            stream << qint32(i == POINTS / 2 && j == POINTS / 2 ? 0 : 1);
+    }
+
+    void SetUp() override
+    {
+        if (QStandardPaths::findExecutable("Xvfb").isEmpty())
+            GTEST_SKIP() << "there is no Xvfb";
+    }
+
+    /** Renders from above without smoothing; gives the exit status. */
+    int Run(const QStringList& sMore)
+    {
+        QProcess process;
+        process.setProcessEnvironment(m_environment);
+        process.start(ZENTO_BATCH, QStringList{"render", "--grid", m_sGrid, "--output", m_sPicture, "--view",
+                                               "-z", "--samples", "0", "--size", "212x318"} +
+                                       sMore);
+        EXPECT_TRUE(process.waitForFinished(60000));
+        m_sErrors = process.readAllStandardError();
+        m_picture = QImage(m_sPicture);
+        return process.exitCode();
+    }
+    /** The pixel at a place of the plane; its extent is 200 of the 212 pixels. */
+    QColor At(double x, double y) const
+    {
+        return m_picture.pixelColor(int(106 + 50 * (x - 2)), int(159 - 50 * (y - 2)));
+    }
+    /** Puts a script in the place of Xvfb. */
+    void ReplaceXvfb(const QByteArray& script)
+    {
+        QFile file(m_folder.filePath("Xvfb"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("#!/bin/sh\n" + script + '\n');
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        m_environment.insert("PATH", m_folder.path() + ':' + qEnvironmentVariable("PATH"));
+    }
+
+    QTemporaryDir m_folder;
+    const QString m_sGrid = m_folder.filePath("plane.xyz");
+    const QString m_sPicture = m_folder.filePath("plane.png");
+    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
+    QString m_sErrors;
+    QImage m_picture;
+};
+
+} // namespace
+
+TEST_F(Render, ThePictureHasItsSizeTheSilhouetteTheColoursAndTheHole)
+{
+    ASSERT_EQ(Run({"--scalar", "X", "--range", "1,3", "--background", "#102030"}), 0)
+        << m_sErrors.toStdString();
+    EXPECT_EQ(m_sErrors, "");
+    ASSERT_EQ(m_picture.size(), QSize(212, 318));
+    const QColor background(0x10, 0x20, 0x30);
+    const QColor low = At(0.5, 0.5), high = At(3.5, 3.5);
+    EXPECT_TRUE(low.blue() > 100 && low.red() < 40) << low.name().toStdString();
+    EXPECT_TRUE(high.red() > 100 && high.blue() < 40) << high.name().toStdString();
+    EXPECT_EQ(At(0.7, 3.3), low) << "all below the range has one colour";
+    EXPECT_EQ(At(2.0, 2.0), background) << "the node is blanked";
+    EXPECT_EQ(At(4.07, 2.0), background);
+    int nLit = 0;
+    for (int y = 0; y < m_picture.height(); ++y)
+        for (int x = 0; x < m_picture.width(); ++x)
+            nLit += int(m_picture.pixelColor(x, y) != background);
+    EXPECT_NEAR(nLit, 13 * 50 * 50, 1000) << "12 cells, and 2 triangles that the node isn't in";
+}
+
+TEST_F(Render, APictureWithoutSamplesIsTheSameEachTimeAndThatOfTheFirstFace)
+{
+    ASSERT_EQ(Run({"--scalar", "Y", "--legend", "--axes"}), 0) << m_sErrors.toStdString();
+    const QImage first = m_picture;
+    ASSERT_EQ(Run({"--scalar", "Y", "--legend", "--axes"}), 0);
+    EXPECT_EQ(m_picture, first);
+    ASSERT_EQ(Run({"--scalar", "Y", "--background", "white"}), 0);
+    const QImage face = m_picture;
+    ASSERT_EQ(Run({"--scalar", "Y", "--background", "white", "--surface", "1:K=1"}), 0);
+    EXPECT_EQ(m_picture, face);
+    ASSERT_EQ(Run({"--mode", "outline", "--background", "white", "--surface", "1:J=5"}), 0);
+    EXPECT_NE(m_picture, face);
+}
+
+TEST_F(Render, WrongUsageIsSaidInALineAndNothingIsWritten)
+{
+    const struct
+    {
+        QStringList sMore;
+        const char* sText;
+    } cases[] = {
+        {{"--scalar", "hole"}, "there is no variable 'hole', near it: Hole"},
+        {{"--surface", "2:K=1"}, "there is no block 2; the grid has 1"},
+        {{"--surface", "1:K=3"}, "there is no K = 3 in block 1; it has 1 to 2"},
+        {{"--surface", "1:K"}, "is not BLOCK:I=N"},
+        {{"--scalar", "X", "--range", "2,1"}, "the lower one first"},
+        {{"--scalar", "X", "--colormap", "none"}, "one of NASA1"},
+        {{"--mode", "contour"}, "needs a --scalar"},
+        {{"--mode", "vector"}, "go together"},
+        {{"--legend"}, "need a --scalar"},
+    };
+    for (const auto& wrong : cases) {
+        EXPECT_EQ(Run(wrong.sMore), 2) << wrong.sMore.join(' ').toStdString();
+        EXPECT_TRUE(m_sErrors.contains(wrong.sText)) << m_sErrors.toStdString();
+        EXPECT_EQ(m_sErrors.count('\n'), 1);
+        EXPECT_FALSE(QFile::exists(m_sPicture));
+    }
+}
+
+TEST_F(Render, ItsOwnDisplayEndsWithItAndOneThatDoesntStartIsSaid)
+{
+    m_environment.insert("DISPLAY", ":59999"); // nobody answers
+    const QString sPid = m_folder.filePath("pid");
+    ReplaceXvfb("echo $$ >" + sPid.toLocal8Bit() + "\nexec " +
+                QStandardPaths::findExecutable("Xvfb").toLocal8Bit() + " \"$@\"");
+    EXPECT_EQ(Run({"--scalar", "none"}), 2);
+    QFile file(sPid);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_NE(kill(file.readAll().trimmed().toInt(), 0), 0) << "Xvfb still runs";
+    ReplaceXvfb("exit 3");
+    EXPECT_EQ(Run({}), 1);
+    EXPECT_TRUE(m_sErrors.contains("doesn't start")) << m_sErrors.toStdString();
+    m_environment.insert("PATH", "");
+    EXPECT_EQ(Run({}), 1);
+    EXPECT_TRUE(m_sErrors.contains("install xvfb")) << m_sErrors.toStdString();
+    EXPECT_EQ(m_sErrors.count('\n'), 1);
+}
