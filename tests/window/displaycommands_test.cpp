@@ -1,7 +1,9 @@
 // How items are shown, changed through the actions and boxes of the main window.
+#include "data/variables/variablemanager.h"
 #include "frame/applicationinfo.h"
 #include "frame/preferences.h"
 #include "frame/window/displaycommandtable.h"
+#include "frame/window/firstcolors.h"
 #include "frame/window/mainwindow.h"
 #include "frame/window/variabletoolbar.h"
 #include "frame/window/windowactions.h"
@@ -114,6 +116,21 @@ TEST_F(DisplayCommands, ChildrenFollowOnlyWhileTheyAreAskedFor)
     Action(ActionNodes)->trigger();
     EXPECT_EQ(pSurface->displayType(), DisplayNodes);
     EXPECT_EQ(Selectable(2)->displayType(), DisplayShaded);
+}
+
+TEST_F(DisplayCommands, ANewCaseShowsItsPressureWithOneLegend)
+{
+    Selectable(1)->setVisible(false);
+    FirstColors::Show(VIEW, SIMULATION);
+    const IVariable* const pScalar =
+        CVariableManager::Instance().GetVariable(Selectable(1)->scalarVariable());
+    ASSERT_NE(pScalar, nullptr);
+    EXPECT_EQ(pScalar->GetName(), "P[Q]");
+    EXPECT_EQ(Selectable(2)->scalarVariable(), pScalar->GetId());
+    EXPECT_EQ(Selectable(1)->colormap().dMaximum, Selectable(2)->colormap().dMaximum);
+    EXPECT_FALSE(Selectable(1)->annotationColormap()->isVisible());
+    EXPECT_TRUE(Selectable(2)->annotationColormap()->isVisible());
+    EXPECT_EQ(m_pSimulation->GetUndoCount(), 0);
 }
 
 TEST_F(DisplayCommands, RainbowColoursAllDiffer)
