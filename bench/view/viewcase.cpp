@@ -65,6 +65,8 @@ CViewCase::CViewCase(int nBlocks, qint64 nSide) : m_nBlocks(nBlocks), m_nSide(nS
             fields[nField] = CSolutionManager::Instance().GetSolution(VariableId(nField), m_nSimulation,
                                                                       n + 1, -1, STEADY_TIME);
     }
+    for (int n = 0; n < nBlocks; ++n)
+        Block(n); // reads the files
     for (int n = 0; n < FACES * nBlocks; ++n)
         m_selectables.emplace_back(VIEW, m_nSimulation, n / FACES + 1);
 }
@@ -118,8 +120,8 @@ void CViewCase::MakeSurfaces()
 {
     DeleteSurfaces();
     for (int n = 0; n < FACES * m_nBlocks; ++n) {
-        auto& pSurface = m_surfaces.emplace_back(
-            std::make_unique<CSurfaceDrawable>(m_nSimulation, VIEW, n / FACES + 1));
+        auto& pSurface =
+            m_surfaces.emplace_back(std::make_unique<CSurfaceDrawable>(m_nSimulation, VIEW, n / FACES + 1));
         pSurface->setPlane(FacePlane({m_nSide, m_nSide, m_nSide}, n % FACES));
         pSurface->setDisplayTypeQuick(DisplayShaded);
         pSurface->setScalarVariable(VariableId(0));
