@@ -5,7 +5,9 @@
 /** The settings of the user that the frame itself reads. Modules declare theirs beside their code. */
 namespace PreferenceKey {
 
-inline constexpr SKey<bool> USE_DISPLAY_LISTS{"Basic.UseDisplayLists", true};
+/** Off: to compile lists takes two to three times as long as to fill buffers, and no frame is faster by them
+ *  (view_bench). */
+inline constexpr SKey<bool> USE_DISPLAY_LISTS{"Basic.UseDisplayLists", false};
 inline constexpr SKey<qint64> SELECTION_AREA{"Basic.SelectionArea", 4}; // pick radius [pixels]
 inline constexpr SKey<bool> USE_OUTLINE_COLOR{"Basic.UseOutlineColor", true};
 inline constexpr SKey<double> MOUSE_SENSITIVITY{"Basic.MouseSensitivity", 0.06};

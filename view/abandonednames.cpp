@@ -21,6 +21,12 @@ QHash<QOpenGLContextGroup*, Names>& Buffers()
     return s_names;
 }
 
+QHash<QOpenGLContextGroup*, Names>& Lists()
+{
+    static QHash<QOpenGLContextGroup*, Names> s_names;
+    return s_names;
+}
+
 } // namespace
 
 void AbandonedNames::Watch()
@@ -30,16 +36,25 @@ void AbandonedNames::Watch()
         return;
     VertexArrays().insert(pContext, {});
     Buffers()[pContext->shareGroup()]; // stands from now on
+    Lists()[pContext->shareGroup()];
     QObject::connect(pContext, &QOpenGLContext::aboutToBeDestroyed,
                      [pContext] { VertexArrays().remove(pContext); });
-    QObject::connect(pContext->shareGroup(), &QObject::destroyed,
-                     [pGroup = pContext->shareGroup()] { Buffers().remove(pGroup); });
+    QObject::connect(pContext->shareGroup(), &QObject::destroyed, [pGroup = pContext->shareGroup()] {
+        Buffers().remove(pGroup);
+        Lists().remove(pGroup);
+    });
 }
 
 void AbandonedNames::LeaveBuffers(QOpenGLContextGroup* pGroup, const QVector<GLuint>& buffers)
 {
     if (const auto waiting = Buffers().find(pGroup); waiting != Buffers().end())
         *waiting += buffers;
+}
+
+void AbandonedNames::LeaveLists(QOpenGLContextGroup* pGroup, const QVector<GLuint>& lists)
+{
+    if (const auto waiting = Lists().find(pGroup); waiting != Lists().end())
+        *waiting += lists;
 }
 
 void AbandonedNames::LeaveVertexArray(QOpenGLContext* pContext, GLuint nVertexArray)
@@ -55,6 +70,8 @@ void AbandonedNames::Delete()
         return;
     const Names arrays = std::exchange(VertexArrays()[pContext], {});
     const Names buffers = std::exchange(Buffers()[pContext->shareGroup()], {});
+    for (const GLuint nList : std::exchange(Lists()[pContext->shareGroup()], {}))
+        glDeleteLists(nList, 1);
     QOpenGLExtraFunctions* const pGl = pContext->extraFunctions();
     if (!arrays.isEmpty())
         pGl->glDeleteVertexArrays(arrays.size(), arrays.constData());

@@ -17,6 +17,9 @@ void LeaveBuffers(QOpenGLContextGroup* pGroup, const QVector<GLuint>& buffers);
 /** A vertex array belongs to the one context that made it. */
 void LeaveVertexArray(QOpenGLContext* pContext, GLuint nVertexArray);
 
+/** Display lists belong to all contexts of the group too. */
+void LeaveLists(QOpenGLContextGroup* pGroup, const QVector<GLuint>& lists);
+
 /** Frees what waits for the current context or its group. Once a frame. */
 void Delete();
 

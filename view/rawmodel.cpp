@@ -5,12 +5,15 @@
 #include <QOpenGLContext>
 #include <QVector>
 
-CRawModel::~CRawModel()
+CRawModel::~CRawModel() { Clear(); }
+
+void CRawModel::Clear()
 {
-    if (IsEmpty())
+    if (m_nVertexArray == 0)
         return;
     AbandonedNames::LeaveBuffers(m_pGroup, BufferNames());
-    AbandonedNames::LeaveVertexArray(m_pContext, m_nVertexArray);
+    AbandonedNames::LeaveVertexArray(m_pContext, std::exchange(m_nVertexArray, 0));
+    m_buffers = {};
 }
 
 QVector<GLuint> CRawModel::BufferNames() const

@@ -18,7 +18,6 @@ public:
     CRawModel() = default;
     CRawModel(const CRawModel&) = delete;
     CRawModel& operator=(const CRawModel&) = delete;
-    /** Leaves its names to AbandonedNames: its context may not be current. */
     virtual ~CRawModel();
 
     virtual void Bind();
@@ -26,6 +25,8 @@ public:
     virtual bool IsEmpty() const { return m_nVertexArray == 0; }
     virtual void Create();
     virtual void Release();
+    /** Empty again; leaves the names to AbandonedNames, so that any context, or none, may be current. */
+    void Clear();
 
     /** @param pData  nCount vertices of nComponents floats each; replaces what the attribute had */
     void SetAttribute(int nAttribute, int nComponents, qint64 nCount, const float* pData);

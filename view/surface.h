@@ -2,8 +2,7 @@
 
 #include "view/drawable.h"
 #include "view/rawmodel.h"
-#include "view/surfacearrays.h"
-#include "view/surfaceindexbuffer.h"
+#include "view/surfacelists.h"
 
 #include <array>
 
@@ -24,6 +23,7 @@ public:
 
     bool needsBuild() const override;
     void build() override;
+    void deleteDisplayLists() override { m_lists.ForgetAll(); }
     void draw(bool bOverlay) override;
     void addBounds(DVector3D& minimum, DVector3D& maximum, const QMatrix4x4& view) const override;
     SPickedPoint minimumRecord() const override { return m_minimum; }
@@ -85,9 +85,17 @@ private:
     void SetUniforms(CSurfaceShaderProgram& program) const;
     void DrawWith(CSurfaceShaderProgram& program, const QMatrix4x4& model, bool bOverlay);
     void DrawShaded(CSurfaceShaderProgram& program);
-    void DrawIndices(SurfaceIndices_e eIndices, GLenum eMode);
-    void DrawVectors(CSurfaceShaderProgram& program);
-    void DrawContours(CSurfaceShaderProgram& program);
+    VectorArrays::SArrows Arrows() const;
+    void DrawPart(SurfacePart_e ePart);
+    void DrawElements(SurfacePart_e ePart);
+    void DrawLines(CSurfaceShaderProgram& program, SurfacePart_e ePart);
+    // surface_lists.cpp
+    void ChooseLists();
+    void ForgetStaleLists();
+    void CallList(SurfacePart_e ePart);
+    void CompileElements(SurfacePart_e ePart);
+    void CompileContours();
+    void CompileVectors();
 
     enum Stale_e { StaleGeometry, StaleValues, StaleThresholds, StaleVectors, StaleContours, STALE_COUNT };
 
@@ -105,6 +113,8 @@ private:
     SPickedPoint m_maximum;
     std::unique_ptr<CGLTree> m_pPickTree; // of the elements that stand; null until it is asked for
 
+    bool m_bWithLists = false; // in place of the models
+    CSurfaceLists m_lists;
     CRawModel m_model;
     CRawModel m_contourModel;
     CRawModel m_vectorModel;

@@ -84,7 +84,7 @@ bool CSurface::IsHole(qint64 nElement) const { return showHoles() && !m_holes.em
 void CSurface::BuildValues()
 {
     m_bValuesValid = true;
-    m_bStale[StaleValues] = true;
+    m_bStale[StaleValues] = m_bStale[StaleVectors] = true; // arrows carry the values too
     m_bContoursValid = false;
     m_values.clear();
     m_minimum = m_maximum = {};
@@ -132,7 +132,8 @@ void CSurface::RecordExtremes(std::span<const double> values)
 void CSurface::BuildThresholds()
 {
     m_bThresholdsValid = true;
-    m_bStale[StaleThresholds] = true;
+    m_bStale[StaleThresholds] = m_bStale[StaleVectors] = true; // arrows and contours carry them too
+    m_bContoursValid = false;
     m_thresholds.clear();
     if (!m_holes.empty())
         MeasureBounds(); // holes that come on show count, those that go don't
@@ -168,6 +169,6 @@ void CSurface::BuildContourLines()
     const QPointF range = colormapRange();
     const std::span<const char> holes =
         showHoles() ? std::span<const char>(m_holes) : std::span<const char>();
-    m_contours = SurfaceArrays::BuildContours(m_size, m_positions, m_values, holes, contourCount(), range.x(),
-                                              range.y());
+    m_contours = SurfaceArrays::BuildContours({m_size, m_positions, m_values, holes, m_thresholds},
+                                              contourCount(), range.x(), range.y());
 }

@@ -5,7 +5,6 @@
 #include "view/shadermanager.h"
 #include "view/surface.h"
 #include "view/surfaceshaderprogram.h"
-#include "view/vectorarrays.h"
 
 #include <QMatrix3x3>
 
@@ -14,14 +13,11 @@ namespace {
 constexpr float HEAD_FACTOR = 0.25F; // of the scales that the user sets
 constexpr float BODY_FACTOR = 0.001F;
 
-std::vector<float> ToFloats(std::span<const DVector3D> points)
+template <class Draw> void DrawModel(CRawModel& model, const Draw& draw)
 {
-    std::vector<float> floats(3 * points.size());
-    float* pFloat = floats.data();
-    for (const DVector3D& point : points)
-        for (int nAxis = 0; nAxis < 3; ++nAxis)
-            *pFloat++ = static_cast<float>(point[nAxis]);
-    return floats;
+    model.Bind();
+    draw();
+    model.Release();
 }
 
 } // namespace
@@ -29,7 +25,8 @@ std::vector<float> ToFloats(std::span<const DVector3D> points)
 void CSurface::UploadMain()
 {
     if (m_bStale[StaleGeometry]) {
-        m_model.SetAttribute(AttributePosition, 3, m_size.Count(), ToFloats(m_positions).data());
+        m_model.SetAttribute(AttributePosition, 3, m_size.Count(),
+                             SurfaceArrays::ToFloats(m_positions).data());
         if (!m_normals.empty())
             m_model.SetAttribute(AttributeNormal, 3, m_size.Count(), m_normals.data());
         std::vector<float> flags(m_size.Count());
@@ -48,6 +45,11 @@ void CSurface::Upload()
 {
     if (m_size.Count() == 0)
         return;
+    ChooseLists();
+    if (m_bWithLists) {
+        ForgetStaleLists();
+        return;
+    }
     m_model.Create();
     if (m_bStale[StaleGeometry] || m_bStale[StaleValues] || m_bStale[StaleThresholds])
         UploadMain();
@@ -57,28 +59,26 @@ void CSurface::Upload()
         UploadContours();
 }
 
+VectorArrays::SArrows CSurface::Arrows() const
+{
+    if (m_vectors.empty())
+        return {};
+    return VectorArrays::Build({m_size, m_positions, m_normals, m_values, m_thresholds, m_vectors,
+                                showHoles() ? std::span<const char>(m_holes) : std::span<const char>()});
+}
+
 void CSurface::UploadVectors()
 {
     m_bStale[StaleVectors] = false;
-    m_nVectorIndices = 0;
-    if (m_vectors.empty())
-        return;
-    const VectorArrays::SArrows arrows =
-        VectorArrays::Build({m_size, m_positions, m_normals, m_values, m_thresholds, m_vectors,
-                             showHoles() ? std::span<const char>(m_holes) : std::span<const char>()});
-    const qint64 nVertices = VectorArrays::CORNERS * m_size.Count();
-    m_vectorModel.Create();
-    m_vectorModel.SetAttribute(AttributePosition, 3, nVertices, arrows.positions.data());
-    m_vectorModel.SetAttribute(AttributeVector, 3, nVertices, arrows.vectors.data());
-    m_vectorModel.SetAttribute(AttributeIJ, 3, nVertices, arrows.ij.data());
-    if (!arrows.normals.empty())
-        m_vectorModel.SetAttribute(AttributeNormal, 3, nVertices, arrows.normals.data());
-    if (!arrows.values.empty())
-        m_vectorModel.SetAttribute(AttributeValue, 1, nVertices, arrows.values.data());
-    if (!arrows.thresholds.empty())
-        m_vectorModel.SetAttribute(AttributeThreshold, 3, nVertices, arrows.thresholds.data());
-    m_vectorModel.SetIndices(arrows.indices, 0);
+    const VectorArrays::SArrows arrows = Arrows();
     m_nVectorIndices = arrows.indices.size();
+    if (m_nVectorIndices == 0)
+        return;
+    m_vectorModel.Create();
+    for (const SVertexAttribute& attribute : AttributesOf(arrows))
+        m_vectorModel.SetAttribute(attribute.nAttribute, attribute.nComponents,
+                                   VectorArrays::CORNERS * m_size.Count(), attribute.pData);
+    m_vectorModel.SetIndices(arrows.indices, 0);
 }
 
 void CSurface::UploadContours()
@@ -88,8 +88,9 @@ void CSurface::UploadContours()
     if (m_nContourVertices == 0)
         return;
     m_contourModel.Create();
-    m_contourModel.SetAttribute(AttributePosition, 3, m_nContourVertices, m_contours.positions.data());
-    m_contourModel.SetAttribute(AttributeValue, 1, m_nContourVertices, m_contours.values.data());
+    for (const SVertexAttribute& attribute : AttributesOf(m_contours))
+        m_contourModel.SetAttribute(attribute.nAttribute, attribute.nComponents, m_nContourVertices,
+                                    attribute.pData);
 }
 
 void CSurface::SetUniforms(CSurfaceShaderProgram& program) const
@@ -140,22 +141,25 @@ void CSurface::DrawWith(CSurfaceShaderProgram& program, const QMatrix4x4& model,
     program.Set(UniformModelMatrix, model);
     program.Set(UniformNormalMatrix,
                 model.isIdentity() ? context.normal : (context.view * model).normalMatrix());
-    m_model.Bind();
-    program.Set(UniformEnableLight, 0.0F);
-    program.Set(UniformConstColor, wireframeColor());
     if (drawNodes() || nodeVisible())
-        m_model.DrawArrays(GL_POINTS, int(m_size.Count()));
+        DrawLines(program, NodesPart);
     if (drawOutlines())
-        DrawIndices(OutlineIndices, GL_LINE_STRIP);
+        DrawLines(program, OutlinesPart);
     else if (drawWireframe() || (bOverlay && drawShaded()))
-        DrawIndices(WireframeIndices, GL_LINE_STRIP);
+        DrawLines(program, WireframePart);
     if (drawShaded() && !bOverlay)
         DrawShaded(program);
-    m_model.Release();
     if (drawVectors())
-        DrawVectors(program);
+        DrawLines(program, VectorsPart);
     if (drawContours())
-        DrawContours(program);
+        DrawLines(program, ContoursPart);
+}
+
+void CSurface::DrawLines(CSurfaceShaderProgram& program, SurfacePart_e ePart)
+{
+    program.Set(UniformEnableLight, 0.0F);
+    program.Set(UniformConstColor, wireframeColor());
+    DrawPart(ePart);
 }
 
 void CSurface::DrawShaded(CSurfaceShaderProgram& program)
@@ -167,35 +171,30 @@ void CSurface::DrawShaded(CSurfaceShaderProgram& program)
     program.Set(UniformEnableLight, 1.0F);
     // A triangle in a corner has only edge vertices, and would be filled with the colour of the outline.
     program.Set(UniformUseOutlineColor, 0.0F);
-    DrawIndices(TriangleIndices, GL_TRIANGLES);
+    DrawPart(ShadedPart);
     program.Set(UniformUseOutlineColor, CPreferences::Instance().Draw().bUseOutlineColor ? 1.0F : 0.0F);
 }
 
-void CSurface::DrawIndices(SurfaceIndices_e eIndices, GLenum eMode)
+void CSurface::DrawPart(SurfacePart_e ePart)
 {
+    if (m_bWithLists)
+        CallList(ePart);
+    else if (ePart == VectorsPart && m_nVectorIndices > 0)
+        DrawModel(m_vectorModel, [&] { m_vectorModel.DrawElements(GL_LINES, 0, m_nVectorIndices); });
+    else if (ePart == ContoursPart && m_nContourVertices > 0)
+        DrawModel(m_contourModel, [&] { m_contourModel.DrawArrays(GL_LINES, m_nContourVertices); });
+    else if (ePart < ContoursPart)
+        DrawModel(m_model, [&] { DrawElements(ePart); });
+}
+
+void CSurface::DrawElements(SurfacePart_e ePart)
+{
+    const auto [eMode, eIndices] = ELEMENTS_PARTS[ePart];
+    if (eIndices == SURFACE_INDICES_COUNT) {
+        m_model.DrawArrays(eMode, int(m_size.Count()));
+        return;
+    }
     if (!m_pIndices[eIndices])
         m_pIndices[eIndices] = CSurfaceIndexBuffer::Of(m_size, eIndices);
     m_pIndices[eIndices]->Draw(eMode);
-}
-
-void CSurface::DrawVectors(CSurfaceShaderProgram& program)
-{
-    if (m_nVectorIndices == 0)
-        return;
-    program.Set(UniformEnableLight, 0.0F);
-    program.Set(UniformConstColor, wireframeColor());
-    m_vectorModel.Bind();
-    m_vectorModel.DrawElements(GL_LINES, 0, m_nVectorIndices);
-    m_vectorModel.Release();
-}
-
-void CSurface::DrawContours(CSurfaceShaderProgram& program)
-{
-    if (m_nContourVertices == 0)
-        return;
-    program.Set(UniformEnableLight, 0.0F);
-    program.Set(UniformConstColor, wireframeColor());
-    m_contourModel.Bind();
-    m_contourModel.DrawArrays(GL_LINES, m_nContourVertices);
-    m_contourModel.Release();
 }

@@ -37,28 +37,26 @@ bool HasValue(float fValue) { return fValue > -LARGEST_VALUE && fValue < LARGEST
 /** One cell while its contours are looked for: the corners in the order of a walk round it. */
 struct SCell
 {
-    const DVector3D* pCorners[4];
+    qint64 nCorners[4];
     float fValues[4];
     float fLeast;
     float fGreatest;
 };
 
 /** The cells that have a value and no hole at every corner. */
-std::vector<SCell> WholeCells(const SSurfaceSize& size, std::span<const DVector3D> positions,
-                              std::span<const float> values, std::span<const char> holes)
+std::vector<SCell> WholeCells(const SurfaceArrays::SContourInput& input)
 {
     std::vector<SCell> cells;
-    for (qint64 nRow = 0; nRow + 1 < size.nRows; ++nRow)
-        for (qint64 nColumn = 0; nColumn + 1 < size.nColumns; ++nColumn) {
-            const qint64 a = size.Index(nRow, nColumn);
-            const qint64 b = size.Index(nRow + 1, nColumn);
-            const qint64 corners[] = {a, b, b + 1, a + 1};
-            SCell cell;
+    for (qint64 nRow = 0; nRow + 1 < input.size.nRows; ++nRow)
+        for (qint64 nColumn = 0; nColumn + 1 < input.size.nColumns; ++nColumn) {
+            const qint64 a = input.size.Index(nRow, nColumn);
+            const qint64 b = input.size.Index(nRow + 1, nColumn);
+            SCell cell{{a, b, b + 1, a + 1}, {}, 0.0F, 0.0F};
             bool bIsWhole = true;
             for (int n = 0; n < 4; ++n) {
-                cell.pCorners[n] = &positions[corners[n]];
-                cell.fValues[n] = values[corners[n]];
-                bIsWhole &= HasValue(cell.fValues[n]) && (holes.empty() || !holes[corners[n]]);
+                cell.fValues[n] = input.values[cell.nCorners[n]];
+                bIsWhole &=
+                    HasValue(cell.fValues[n]) && (input.holes.empty() || !input.holes[cell.nCorners[n]]);
             }
             if (!bIsWhole)
                 continue;
@@ -70,21 +68,28 @@ std::vector<SCell> WholeCells(const SSurfaceSize& size, std::span<const DVector3
     return cells;
 }
 
-void AppendCrossing(const SCell& cell, int nFrom, double dLevel, SurfaceArrays::SContours& out)
+void AppendCrossing(const SurfaceArrays::SContourInput& input, const SCell& cell, int nFrom, double dLevel,
+                    SurfaceArrays::SContours& out)
 {
     const int nTo = (nFrom + 1) % 4;
     const double t = (dLevel - cell.fValues[nFrom]) / (double(cell.fValues[nTo]) - cell.fValues[nFrom]);
-    const DVector3D point = *cell.pCorners[nFrom] + t * (*cell.pCorners[nTo] - *cell.pCorners[nFrom]);
+    const qint64 a = cell.nCorners[nFrom], b = cell.nCorners[nTo];
+    const DVector3D point = input.positions[a] + t * (input.positions[b] - input.positions[a]);
     out.positions.insert(out.positions.end(), {float(point.x), float(point.y), float(point.z)});
     out.values.push_back(float(dLevel));
+    for (int n = 0; !input.thresholds.empty() && n < 3; ++n) {
+        const double dFirst = input.thresholds[3 * a + n];
+        out.thresholds.push_back(float(dFirst + t * (input.thresholds[3 * b + n] - dFirst)));
+    }
 }
 
 /** Walks round the cell; the crossings come in pairs, each pair a segment. */
-void AppendSegments(const SCell& cell, double dLevel, SurfaceArrays::SContours& out)
+void AppendSegments(const SurfaceArrays::SContourInput& input, const SCell& cell, double dLevel,
+                    SurfaceArrays::SContours& out)
 {
     for (int n = 0; n < 4; ++n)
         if ((cell.fValues[n] < dLevel) != (cell.fValues[(n + 1) % 4] < dLevel))
-            AppendCrossing(cell, n, dLevel, out);
+            AppendCrossing(input, cell, n, dLevel, out);
 }
 
 } // namespace
@@ -164,23 +169,30 @@ QVector<quint32> SurfaceArrays::OutlineIndices(const SSurfaceSize& size)
     return indices;
 }
 
-SurfaceArrays::SContours SurfaceArrays::BuildContours(const SSurfaceSize& size,
-                                                      std::span<const DVector3D> positions,
-                                                      std::span<const float> values,
-                                                      std::span<const char> holes, qint64 nCount,
+SurfaceArrays::SContours SurfaceArrays::BuildContours(const SContourInput& input, qint64 nCount,
                                                       double dMinimum, double dMaximum)
 {
     SContours contours;
-    if (!size.HasCells() || nCount < 1)
+    if (!input.size.HasCells() || nCount < 1)
         return contours;
-    const std::vector<SCell> cells = WholeCells(size, positions, values, holes);
+    const std::vector<SCell> cells = WholeCells(input);
     for (qint64 n = 0; n <= nCount; ++n) {
         const double dLevel = dMinimum + double(n) / double(nCount) * (dMaximum - dMinimum);
         for (const SCell& cell : cells)
             if (dLevel > cell.fLeast && dLevel <= cell.fGreatest)
-                AppendSegments(cell, dLevel, contours);
+                AppendSegments(input, cell, dLevel, contours);
     }
     return contours;
+}
+
+std::vector<float> SurfaceArrays::ToFloats(std::span<const DVector3D> points)
+{
+    std::vector<float> floats(3 * points.size());
+    float* pFloat = floats.data();
+    for (const DVector3D& point : points)
+        for (const double d : {point.x, point.y, point.z})
+            *pFloat++ = static_cast<float>(d);
+    return floats;
 }
 
 float SurfaceArrays::ToGpuValue(double dValue)

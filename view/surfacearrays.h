@@ -5,6 +5,7 @@
 #include <QVector>
 
 #include <span>
+#include <vector>
 
 /**
  * The arrays of a surface of nRows x nColumns elements. Element (r, c), counted from 0, stands at
@@ -52,18 +53,28 @@ struct SContours
 {
     std::vector<float> positions; ///< three floats a vertex
     std::vector<float> values;
+    std::vector<float> thresholds; ///< three floats a vertex; empty without those of elements
+};
+
+/** What contours are made from; one entry an element. */
+struct SContourInput
+{
+    SSurfaceSize size;
+    std::span<const DVector3D> positions;
+    std::span<const float> values;     ///< 1e30 and above, or NaN, where there is none
+    std::span<const char> holes;       ///< true where the element is blanked; may be empty
+    std::span<const float> thresholds; ///< three an element; may be empty
 };
 
 /**
  * Contour lines by marching squares. Cells with a hole or without a value at a corner are left out.
  *
- * @param values  one an element; 1e30 and above, or NaN, where there is none
- * @param holes   true where the element is blanked; may be empty
  * @param nCount  n gives n + 1 levels from dMinimum to dMaximum, both included
  */
-SContours BuildContours(const SSurfaceSize& size, std::span<const DVector3D> positions,
-                        std::span<const float> values, std::span<const char> holes, qint64 nCount,
-                        double dMinimum, double dMaximum);
+SContours BuildContours(const SContourInput& input, qint64 nCount, double dMinimum, double dMaximum);
+
+/** Three floats a point. */
+std::vector<float> ToFloats(std::span<const DVector3D> points);
 
 /** The values that go to the GPU: what is no number, or no value, becomes 1e36, which the shaders don't
  * colour.

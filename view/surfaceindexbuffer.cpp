@@ -12,7 +12,9 @@ namespace {
 
 using Key = std::tuple<QOpenGLContextGroup*, qint64, qint64, int>;
 
-QVector<quint32> IndicesOf(const SSurfaceSize& size, SurfaceIndices_e eIndices)
+} // namespace
+
+QVector<quint32> SurfaceIndices(const SSurfaceSize& size, SurfaceIndices_e eIndices)
 {
     switch (eIndices) {
     case WireframeIndices:
@@ -24,8 +26,6 @@ QVector<quint32> IndicesOf(const SSurfaceSize& size, SurfaceIndices_e eIndices)
     }
 }
 
-} // namespace
-
 std::shared_ptr<CSurfaceIndexBuffer> CSurfaceIndexBuffer::Of(const SSurfaceSize& size,
                                                              SurfaceIndices_e eIndices)
 {
@@ -34,7 +34,7 @@ std::shared_ptr<CSurfaceIndexBuffer> CSurfaceIndexBuffer::Of(const SSurfaceSize&
     std::weak_ptr<CSurfaceIndexBuffer>& known = s_buffers[{pGroup, size.nRows, size.nColumns, eIndices}];
     std::shared_ptr<CSurfaceIndexBuffer> pBuffer = known.lock();
     if (!pBuffer) {
-        pBuffer.reset(new CSurfaceIndexBuffer(IndicesOf(size, eIndices)));
+        pBuffer.reset(new CSurfaceIndexBuffer(SurfaceIndices(size, eIndices)));
         known = pBuffer;
         std::erase_if(s_buffers, [](const auto& entry) { return entry.second.expired(); });
     }

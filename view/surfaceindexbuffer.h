@@ -10,6 +10,8 @@ class QOpenGLContextGroup;
 
 enum SurfaceIndices_e { WireframeIndices, TriangleIndices, OutlineIndices, SURFACE_INDICES_COUNT };
 
+QVector<quint32> SurfaceIndices(const SSurfaceSize& size, SurfaceIndices_e eIndices);
+
 /**
  * The index list of all surfaces of one size, on the GPU. Surfaces of a case are often of one size; they
  * share it, in all views, and it goes with the last of them.

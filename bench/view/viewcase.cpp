@@ -65,6 +65,8 @@ CViewCase::CViewCase(int nBlocks, qint64 nSide) : m_nBlocks(nBlocks), m_nSide(nS
             fields[nField] = CSolutionManager::Instance().GetSolution(VariableId(nField), m_nSimulation,
                                                                       n + 1, -1, STEADY_TIME);
     }
+    for (int n = 0; n < nBlocks; ++n)
+        Block(n); // reads the files
     for (int n = 0; n < FACES * nBlocks; ++n)
         m_selectables.emplace_back(VIEW, m_nSimulation, n / FACES + 1);
 }
