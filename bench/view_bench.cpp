@@ -140,9 +140,9 @@ public:
     }
 
 private:
-    template <class Work> static double Time(const Work& work)
+    template <class Work> double Time(const Work& work)
     {
-        glClear(GL_COLOR_BUFFER_BIT);
+        m_context.Clear();
         glFinish();
         QElapsedTimer timer;
         timer.start();

@@ -5,8 +5,6 @@
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 
-#include <QVector3D>
-
 CFrameScene::CFrameScene(qint64 nViewId, const QMatrix4x4& view, bool bSilhouette)
 {
     const CSimulationManager& manager = CSimulationManager::Instance();
@@ -46,6 +44,13 @@ bool CFrameScene::IsEmpty() const
                        [](const SCaseScene& scene) { return scene.visible.empty(); });
 }
 
+bool CFrameScene::HasMarked(int nKey) const
+{
+    return std::any_of(m_cases.begin(), m_cases.end(), [nKey](const SCaseScene& scene) {
+        return !scene.Marked(nKey, PassSelected).empty() || !scene.Marked(nKey, PassHighlighted).empty();
+    });
+}
+
 QPointF CFrameScene::DepthRange() const
 {
     double dLeast = std::numeric_limits<double>::max();
@@ -53,36 +58,41 @@ QPointF CFrameScene::DepthRange() const
     for (const SCaseScene& scene : m_cases)
         for (const QMatrix4x4& view : scene.views)
             for (const IDrawable* const pDrawable : scene.visible)
-                for (const QVector3D& corner : BoxCorners(*pDrawable, view)) {
-                    dLeast = std::min<double>(dLeast, corner.z());
-                    dGreatest = std::max<double>(dGreatest, corner.z());
-                }
+                if (const auto corners = BoxCorners(*pDrawable, view))
+                    for (const QVector3D& corner : *corners) {
+                        dLeast = std::min<double>(dLeast, corner.z());
+                        dGreatest = std::max<double>(dGreatest, corner.z());
+                    }
     return {dLeast, dGreatest};
 }
 
-QVector<QVector3D> BoxCorners(const IDrawable& drawable, const QMatrix4x4& view)
+std::optional<std::array<QVector3D, 8>> BoxCorners(const IDrawable& drawable, const QMatrix4x4& view)
 {
     const DVector3D minimum = drawable.boundsMinimum();
     const DVector3D maximum = drawable.boundsMaximum();
     if (minimum.x > maximum.x)
         return {};
-    const QMatrix4x4 product = view * drawable.modelMatrix();
-    QVector<QVector3D> corners;
-    corners.reserve(8);
+    const QMatrix4x4 model = drawable.modelMatrix();
+    const QMatrix4x4 product = model.isIdentity() ? view : view * model;
+    std::array<QVector3D, 8> corners;
     for (int n = 0; n < 8; ++n)
-        corners.append(product * QVector3D(float(n & 1 ? maximum.x : minimum.x),
-                                           float(n & 2 ? maximum.y : minimum.y),
-                                           float(n & 4 ? maximum.z : minimum.z)));
+        corners[n] =
+            product * QVector3D(float(n & 1 ? maximum.x : minimum.x), float(n & 2 ? maximum.y : minimum.y),
+                                float(n & 4 ? maximum.z : minimum.z));
     return corners;
 }
 
 bool IsInRectangle(const IDrawable& drawable, const QMatrix4x4& view, double dLeft, double dRight,
                    double dTop, double dBottom)
 {
-    const QVector<QVector3D> corners = BoxCorners(drawable, view);
-    const auto allAre = [&](auto isBeyond) { return std::all_of(corners.begin(), corners.end(), isBeyond); };
-    return corners.isEmpty() || !(allAre([=](const QVector3D& c) { return c.x() < dLeft; }) ||
-                                  allAre([=](const QVector3D& c) { return c.x() > dRight; }) ||
-                                  allAre([=](const QVector3D& c) { return c.y() > dTop; }) ||
-                                  allAre([=](const QVector3D& c) { return c.y() < dBottom; }));
+    const auto corners = BoxCorners(drawable, view);
+    if (!corners)
+        return true;
+    const auto allAre = [&](auto isBeyond) {
+        return std::all_of(corners->begin(), corners->end(), isBeyond);
+    };
+    return !(allAre([=](const QVector3D& c) { return c.x() < dLeft; }) ||
+             allAre([=](const QVector3D& c) { return c.x() > dRight; }) ||
+             allAre([=](const QVector3D& c) { return c.y() > dTop; }) ||
+             allAre([=](const QVector3D& c) { return c.y() < dBottom; }));
 }

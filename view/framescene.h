@@ -3,9 +3,11 @@
 #include "scene/displaytype.h"
 
 #include <QMatrix4x4>
+#include <QVector3D>
 #include <QVector>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 class IDrawable;
@@ -43,6 +45,8 @@ public:
 
     const std::vector<SCaseScene>& Cases() const { return m_cases; }
     bool IsEmpty() const;
+    /** Something that the program draws is selected or highlighted. */
+    bool HasMarked(int nKey) const;
 
     /**
      * Least and greatest z of all boxes in view coordinates; x > y without any. Positive z is towards the
@@ -60,5 +64,5 @@ private:
 bool IsInRectangle(const IDrawable& drawable, const QMatrix4x4& view, double dLeft, double dRight,
                    double dTop, double dBottom);
 
-/** The eight corners of its box in the coordinates of the matrix; empty while the box isn't known. */
-QVector<QVector3D> BoxCorners(const IDrawable& drawable, const QMatrix4x4& view);
+/** The eight corners of its box in the coordinates of the matrix; nothing while the box isn't known. */
+std::optional<std::array<QVector3D, 8>> BoxCorners(const IDrawable& drawable, const QMatrix4x4& view);

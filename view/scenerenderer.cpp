@@ -180,12 +180,12 @@ void CSceneRenderer::DrawBoundingBoxes(const CFrameScene& scene, const QMatrix4x
     for (const SCaseScene& one : scene.Cases())
         for (const QMatrix4x4& view : one.views)
             for (const IDrawable* const pDrawable : one.visible) {
-                const QVector<QVector3D> corners = BoxCorners(*pDrawable, view);
-                if (corners.isEmpty())
+                const auto corners = BoxCorners(*pDrawable, view);
+                if (!corners)
                     continue;
                 QVector<QVector3D> lines;
                 for (const auto& edge : EDGES)
-                    lines << corners[edge[0]] << corners[edge[1]];
+                    lines << (*corners)[edge[0]] << (*corners)[edge[1]];
                 pProgram->Set(UniformConstColor, pDrawable->wireframeColor());
                 pProgram->setAttributeArray(AttributePosition, lines.constData());
                 Gl().glDrawArrays(GL_LINES, 0, lines.size());

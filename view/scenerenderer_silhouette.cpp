@@ -56,6 +56,8 @@ void CSceneRenderer::DrawSilhouette(const SFrameSettings& frame, const CFrameSce
                                     const QMatrix4x4& projection)
 {
     CSilhouetteShaderProgram* const pProgram = CShaderManager::Instance().GetSilhouetteProgram();
+    if (!scene.HasMarked(CShaderManager::SURFACE)) // the usual frame needs no mask
+        return;
     if (!pProgram || frame.viewport.width() < 1 || frame.viewport.height() < 1)
         return;
     if (!m_pMask || m_pMask->size() != frame.viewport)

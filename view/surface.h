@@ -64,6 +64,7 @@ protected:
 private:
     // surface_build.cpp
     void BuildGeometry();
+    void BuildHoles();
     void BuildValues();
     void BuildThresholds();
     void BuildVectors();

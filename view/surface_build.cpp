@@ -58,17 +58,23 @@ void CSurface::BuildGeometry()
         Clear();
         return;
     }
-    std::vector<double> mask(m_size.Count());
-    if (ReadMask(mask)) {
-        m_holes.resize(mask.size());
-        for (std::size_t n = 0; n < mask.size(); ++n)
-            m_holes[n] = mask[n] != 1.0; // NaN is a hole too
-    }
+    BuildHoles();
     MeasureBounds();
     if (NeedsNormals()) {
         m_normals.resize(3 * m_size.Count());
         SurfaceArrays::BuildNormals(m_size, m_positions, m_normals);
     }
+}
+
+/** A block that blanks nothing here is like one without blanking: no mask to upload and to draw with. */
+void CSurface::BuildHoles()
+{
+    std::vector<double> mask(m_size.Count());
+    if (!ReadMask(mask) || std::all_of(mask.begin(), mask.end(), [](double d) { return d == 1.0; }))
+        return;
+    m_holes.resize(mask.size());
+    for (std::size_t n = 0; n < mask.size(); ++n)
+        m_holes[n] = mask[n] != 1.0; // NaN is a hole too
 }
 
 void CSurface::MeasureBounds()
@@ -138,9 +144,12 @@ void CSurface::BuildThresholds()
     if (!m_holes.empty())
         MeasureBounds(); // holes that come on show count, those that go don't
     m_bMaskThere = showHoles() && !m_holes.empty();
-    std::vector<double> values(m_size.Count(), NO_VALUE);
-    m_bThresholdThere =
-        thresholdVariable() != -1 && m_size.Count() > 0 && ReadValues(thresholdVariable(), values);
+    std::vector<double> values;
+    m_bThresholdThere = false;
+    if (thresholdVariable() != -1 && m_size.Count() > 0) {
+        values.assign(m_size.Count(), NO_VALUE);
+        m_bThresholdThere = ReadValues(thresholdVariable(), values);
+    }
     if (!m_bThresholdThere && !m_bMaskThere)
         return;
     m_thresholds.resize(3 * m_size.Count());

@@ -95,11 +95,11 @@ void CSurface::UploadContours()
 
 void CSurface::SetUniforms(CSurfaceShaderProgram& program) const
 {
-    const bool bMarked = isSelected(true) || isHighlighted(true);
-    program.Set(UniformSelected, isSelected(true) ? 1.0F : 0.0F);
-    program.Set(UniformHighlighted, isHighlighted(true) ? 1.0F : 0.0F);
+    const bool bSelected = isSelected(true), bHighlighted = isHighlighted(true);
+    program.Set(UniformSelected, bSelected ? 1.0F : 0.0F);
+    program.Set(UniformHighlighted, bHighlighted ? 1.0F : 0.0F);
     program.Set(UniformIsPreview, isPreview() ? 1.0F : 0.0F);
-    program.Set(UniformAlphaValue, bMarked ? 1.0F : float(alphaValue()));
+    program.Set(UniformAlphaValue, bSelected || bHighlighted ? 1.0F : float(alphaValue()));
     program.Set(UniformVecPlane, float(vectorPlane()));
     program.Set(UniformVecHeadScale, float(vectorHeadScale()) * HEAD_FACTOR);
     program.Set(UniformVecBodyScale, float(vectorBodyScale()) * BODY_FACTOR);

@@ -1,5 +1,6 @@
 #include "view/surfacearrays.h"
 
+#include "data/kernels/parallel.h"
 #include "frame/novalue.h"
 
 #include <cmath>
@@ -8,6 +9,7 @@ namespace {
 
 constexpr float GPU_NO_VALUE = 1e36F;
 constexpr float LARGEST_VALUE = 1e30F;
+constexpr qint64 NORMALS_AT_ONCE = 8192; // by one thread
 
 DVector3D UnitNormal(const DVector3D& a, const DVector3D& b, const DVector3D& c)
 {
@@ -30,6 +32,20 @@ DVector3D CellNormal(const SSurfaceSize& size, std::span<const DVector3D> positi
     const DVector3D sum = n1 + n2;
     const double dLength = Length(sum);
     return dLength > 0.0 ? sum / dLength : DVector3D();
+}
+
+void BuildRowOfNormals(const SSurfaceSize& size, std::span<const DVector3D> positions, qint64 nRow,
+                       std::span<float> normals)
+{
+    float* pNormal = normals.data();
+    for (qint64 nColumn = 0; nColumn < size.nColumns; ++nColumn) {
+        DVector3D normal{0.0, 0.0, 1.0};
+        if (size.HasCells())
+            normal = CellNormal(size, positions, std::min(nRow, size.nRows - 2),
+                                std::min(nColumn, size.nColumns - 2));
+        for (const double d : {normal.x, normal.y, normal.z})
+            *pNormal++ = static_cast<float>(d);
+    }
 }
 
 bool HasValue(float fValue) { return fValue > -LARGEST_VALUE && fValue < LARGEST_VALUE; }
@@ -97,16 +113,12 @@ void AppendSegments(const SurfaceArrays::SContourInput& input, const SCell& cell
 void SurfaceArrays::BuildNormals(const SSurfaceSize& size, std::span<const DVector3D> positions,
                                  std::span<float> normals)
 {
-    float* pNormal = normals.data();
-    for (qint64 nRow = 0; nRow < size.nRows; ++nRow)
-        for (qint64 nColumn = 0; nColumn < size.nColumns; ++nColumn) {
-            DVector3D normal{0.0, 0.0, 1.0};
-            if (size.HasCells())
-                normal = CellNormal(size, positions, std::min(nRow, size.nRows - 2),
-                                    std::min(nColumn, size.nColumns - 2));
-            for (int nAxis = 0; nAxis < 3; ++nAxis)
-                *pNormal++ = static_cast<float>(normal[nAxis]);
-        }
+    RunRanges(size.nRows, std::max<qint64>(NORMALS_AT_ONCE / std::max<qint64>(size.nColumns, 1), 1),
+              [&](qint64, qint64 nBegin, qint64 nEnd) {
+                  for (qint64 nRow = nBegin; nRow < nEnd; ++nRow)
+                      BuildRowOfNormals(size, positions, nRow,
+                                        normals.subspan(3 * size.Index(nRow, 0), 3 * size.nColumns));
+              });
 }
 
 void SurfaceArrays::BuildOutlineFlags(const SSurfaceSize& size, std::span<float> flags)

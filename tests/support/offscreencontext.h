@@ -23,7 +23,9 @@ public:
         if (!m_context.create() || !m_context.makeCurrent(&m_surface))
             return;
         CShaderManager::Instance().CreatePrograms();
-        m_bIsValid = CShaderManager::Instance().LinkAll();
+        if (!CShaderManager::Instance().LinkAll())
+            qFatal("the shaders don't link");
+        m_bIsValid = true;
         m_renderer.Initialize();
     }
     ~COffscreenContext()
@@ -42,9 +44,15 @@ public:
     void SetSize(const QSize& size)
     {
         m_pTarget = std::make_unique<QOpenGLFramebufferObject>(size, QOpenGLFramebufferObject::Depth);
-        m_pTarget->bind();
         glViewport(0, 0, size.width(), size.height());
+        Clear();
+    }
+    /** Before each frame. The frame may have left Qt with another idea of what is bound. */
+    void Clear()
+    {
+        m_pTarget->bind();
         glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
+        glClear(GL_COLOR_BUFFER_BIT);
     }
     QSize Size() const { return m_pTarget->size(); }
     QImage Image() const { return m_pTarget->toImage(); }

@@ -66,6 +66,7 @@ protected:
         CSimulationManager::Instance().RemoveAllViews();
         SetPreference(PreferenceKey::USE_DISPLAY_LISTS, false);
         SetPreference(PreferenceKey::HIGHLIGHT_OUTLINE, false);
+        SetPreference(PreferenceKey::USE_OUTLINE_COLOR, true);
     }
 
     /** n x n elements over the square from -1 to 1, rows from left to right; coloured by its values. */
@@ -93,7 +94,7 @@ protected:
 
     void Draw()
     {
-        glClear(GL_COLOR_BUFFER_BIT);
+        m_context.Clear();
         SFrameSettings frame;
         frame.nViewId = VIEW;
         frame.dLeft = frame.dBottom = -HALF_WIDTH;
@@ -165,17 +166,19 @@ TEST_F(Render, WhatHasNoValueTakesTheNanColour)
 
 TEST_F(Render, ASingularCellHasFullBrightness)
 {
-    const auto draw = [this](const DVector3D& b, const DVector3D& c) {
-        const DVector3D corners[] = {{-1, -1, -4}, c, b, {1, 1, 4}}; // rows of two
+    SetPreference(PreferenceKey::USE_OUTLINE_COLOR, false); // all of its elements are at the edge
+    // A cell with B in the place of C: neither triangle of the normal has an area, those that are drawn have.
+    const auto draw = [this](double x) {
+        const DVector3D corners[] = {{-1, -1, -4}, {x, -1, 4}, {1, -1, 4}, {1, 1, 4}}; // rows of two
         m_pSurface = std::make_unique<CColouredSurface>(
-            m_nSimulation, VIEW, SSurfaceSize{2, 2}, [&](qint64 r, qint64 n) { return corners[2 * r + n]; });
+            m_nSimulation, VIEW, SSurfaceSize{2, 2}, [&](qint64 r, qint64 c) { return corners[2 * r + c]; });
         m_pSurface->setDisplayType(DisplayShaded);
         m_pSurface->setShadeColor(QColor(200, 200, 200));
         Draw();
-        return At(0.4, -0.4).red();
+        return At(0.5, -0.5).red();
     };
-    EXPECT_LT(draw({1, -1, 4}, {-1, 1, -4}), 100); // steep: dark
-    EXPECT_NEAR(draw({1, -1, 4}, {1, -1, 4}), 200, TOLERANCE);
+    EXPECT_LT(draw(0.9), 170); // steep: darker
+    EXPECT_NEAR(draw(1.0), 200, TOLERANCE);
 }
 
 TEST_F(Render, AThresholdAndHolesCutTheSurface)
