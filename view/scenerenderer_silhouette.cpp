@@ -60,10 +60,10 @@ void CSceneRenderer::DrawSilhouette(const SFrameSettings& frame, const CFrameSce
         return;
     if (!pProgram || frame.viewport.width() < 1 || frame.viewport.height() < 1)
         return;
+    GLint nFramebuffer = 0; // ahead of a new mask, which binds the context's own
+    Gl().glGetIntegerv(GL_FRAMEBUFFER_BINDING, &nFramebuffer);
     if (!m_pMask || m_pMask->size() != frame.viewport)
         m_pMask = std::make_unique<QOpenGLFramebufferObject>(frame.viewport);
-    GLint nFramebuffer = 0;
-    Gl().glGetIntegerv(GL_FRAMEBUFFER_BINDING, &nFramebuffer);
     if (!m_pMask->bind())
         return;
     Gl().glViewport(0, 0, frame.viewport.width(), frame.viewport.height());
