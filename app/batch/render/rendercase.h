@@ -3,11 +3,8 @@
 #include "app/batch/batch.h"
 #include "app/batch/render/renderrequest.h"
 
-#include <memory>
-
 class CPlot3DSimulation;
 class ISelectable;
-struct IVector3D;
 
 /** A Plot3D case in one view, as a window opens it, shown as a request wants it. The view is empty
  * afterwards.

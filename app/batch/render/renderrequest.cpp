@@ -173,7 +173,7 @@ const QVector<SRenderOption>& OptionTable()
         {{"--size", "WxH", false, "pixels (1280x960)"},
          TakeSize,
          QString("WIDTHxHEIGHT, each from 1 to %1").arg(SRenderRequest::MAX_SIZE)},
-        {{"--samples", "N", false, "for each pixel, to smooth edges; 0: none, the same everywhere (8)"},
+        {{"--samples", "N", false, "for each pixel, to smooth edges; 0: no smoothing (8)"},
          TakeSamples,
          QString("a number from 0 to %1").arg(SRenderRequest::MAX_SAMPLES)},
         {{"--output", "FILE", false, "picture to write, as PNG"}, TakeOutput, "a file name"},
