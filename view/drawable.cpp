@@ -214,13 +214,13 @@ void CDrawable::setColormapBindToLocal(bool bBind)
 
 bool CDrawable::OwnerShows(bool (ISelectable::*is)() const, bool bRespect) const
 {
-    if (m_bPreview || m_owners.isEmpty())
+    // The owners first: for most drawables of a frame they are all that has to be asked.
+    const auto isShown = [is](const ISelectable* p) { return (p->*is)(); };
+    if (m_bPreview || std::none_of(m_owners.begin(), m_owners.end(), isShown))
         return false;
     const ISimulation* const pSimulation =
         bRespect ? CSimulationManager::Instance().GetSimulation(m_nSimulationId) : nullptr;
-    if (pSimulation && !pSimulation->ShowsSelection())
-        return false;
-    return std::any_of(m_owners.begin(), m_owners.end(), [is](const ISelectable* p) { return (p->*is)(); });
+    return !pSimulation || pSimulation->ShowsSelection();
 }
 
 bool CDrawable::isSelected(bool bRespect) const { return OwnerShows(&ISelectable::isSelected, bRespect); }
