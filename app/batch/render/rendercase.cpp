@@ -3,6 +3,7 @@
 #include "app/batch/batchcase.h"
 #include "app/batch/nearnames.h"
 #include "data/variables/variablemanager.h"
+#include "frame/window/variablechoice.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "modules/plot3d/ui/plot3dmodule.h"
 #include "scene/iselectable.h"
@@ -181,8 +182,11 @@ BatchStatus_e CRenderCase::ShowVector(const QString& sName)
     qint64 nId = NO_ID;
     if (const BatchStatus_e eStatus = FindVariable(sName, true, nId); eStatus != BatchOk)
         return eStatus;
-    for (ISelectable* const pSelectable : Shown())
-        pSelectable->setVectorVariable(nId);
+    // The first length of the arrows goes by the size of what is shown.
+    for (const ISelectable* const pSelectable : Shown())
+        for (IDrawable* const pDrawable : pSelectable->drawables())
+            pDrawable->build();
+    VariableChoice::Show(Shown(), RoleVector, nId);
     return BatchOk;
 }
 
