@@ -5,7 +5,7 @@
 /** The settings of the user that the frame itself reads. Modules declare theirs beside their code. */
 namespace PreferenceKey {
 
-/** Off: to compile lists takes two to three times as long as to fill buffers, and no frame is faster by them
+/** Off: to compile lists takes two to five times as long as to fill buffers, and no frame is faster by them
  *  (view_bench). */
 inline constexpr SKey<bool> USE_DISPLAY_LISTS{"Basic.UseDisplayLists", false};
 inline constexpr SKey<qint64> SELECTION_AREA{"Basic.SelectionArea", 4}; // pick radius [pixels]

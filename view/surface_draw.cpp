@@ -25,6 +25,8 @@ template <class Draw> void DrawModel(CRawModel& model, const Draw& draw)
 void CSurface::UploadMain()
 {
     if (m_bStale[StaleGeometry]) {
+        m_model.Clear(); // an attribute that is no longer there may be of fewer elements
+        m_model.Create();
         m_model.SetAttribute(AttributePosition, 3, m_size.Count(),
                              SurfaceArrays::ToFloats(m_positions).data());
         if (!m_normals.empty())
@@ -70,6 +72,7 @@ VectorArrays::SArrows CSurface::Arrows() const
 void CSurface::UploadVectors()
 {
     m_bStale[StaleVectors] = false;
+    m_vectorModel.Clear();
     const VectorArrays::SArrows arrows = Arrows();
     m_nVectorIndices = arrows.indices.size();
     if (m_nVectorIndices == 0)
@@ -84,6 +87,7 @@ void CSurface::UploadVectors()
 void CSurface::UploadContours()
 {
     m_bStale[StaleContours] = false;
+    m_contourModel.Clear();
     m_nContourVertices = static_cast<int>(m_contours.values.size());
     if (m_nContourVertices == 0)
         return;
