@@ -1,11 +1,11 @@
 #include "frame/window/firstcolors.h"
 
 #include "data/variables/variablemanager.h"
-#include "frame/window/variablechoice.h"
 #include "scene/iselectable.h"
 #include "scene/selectablekeys.h"
 #include "scene/selectablemanager.h"
 #include "view/annotations/annotationcolormap.h"
+#include "view/variablechoice.h"
 
 namespace {
 

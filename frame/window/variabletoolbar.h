@@ -2,7 +2,7 @@
 
 #include "data/variables/ivariable.h"
 #include "frame/window/actionid.h"
-#include "frame/window/variablechoice.h"
+#include "view/variablechoice.h"
 
 #include <QToolBar>
 

@@ -3,7 +3,6 @@
 #include "app/batch/batchcase.h"
 #include "app/batch/nearnames.h"
 #include "data/variables/variablemanager.h"
-#include "frame/window/variablechoice.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "modules/plot3d/ui/plot3dmodule.h"
 #include "scene/iselectable.h"
@@ -13,6 +12,7 @@
 #include "simulation/simulationmanager.h"
 #include "view/annotations/annotationcolormap.h"
 #include "view/selectables/surfaceitems.h"
+#include "view/variablechoice.h"
 
 #include <QFileInfo>
 

@@ -1,4 +1,4 @@
-#include "frame/window/variablechoice.h"
+#include "view/variablechoice.h"
 
 #include "data/solutionmanager.h"
 #include "data/solutions/istructredsolution.h"
