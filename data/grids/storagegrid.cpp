@@ -95,8 +95,17 @@ template <class Real> void CStorageGrid<Real>::SetPoint(qint64 nIndex, const DVe
 }
 
 template <class Real>
+bool CStorageGrid<Real>::FillFromFile(const SIJKRange& range, const SPointBuffers& out) const
+{
+    return !m_bFilled && m_partialReads.Take(this->GetShape(), range, sizeof(Real)) &&
+           CGridIO().ReadPoints(*this, range, out);
+}
+
+template <class Real>
 void CStorageGrid<Real>::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
 {
+    if (FillFromFile(range, out))
+        return;
     for (int nAxis = 0; nAxis < 3; ++nAxis) {
         if (EnsureLoaded())
             CopyRange(m_axes[nAxis].Data(), this->GetShape(), range, out.Axis(nAxis));

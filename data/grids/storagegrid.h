@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/grids/grid.h"
+#include "data/io/partialreads.h"
 #include "data/kernels/largearray.h"
 #include "data/kernels/pointkernels.h"
 
@@ -10,7 +11,8 @@
 
 /**
  * A block of a structured grid file, in the precision of the file: three arrays that are loaded at the first
- * access and may be evicted while nobody holds the grid. The only grid class that touches a file.
+ * access and may be evicted while nobody holds the grid. FillPoints of a small range reads that range alone
+ * (see CPartialReads). The only grid class that touches a file.
  */
 template <class Real> class CStorageGrid : public CGrid
 {
@@ -37,11 +39,14 @@ public:
 
 private:
     bool EnsureLoaded() const;
+    /** The range alone, from the file; false where all is there or had better be. */
+    bool FillFromFile(const SIJKRange& range, const SPointBuffers& out) const;
 
     mutable std::mutex m_mutex; // serialises loads
     // The arrays are filled, not only allocated: another thread may be loading them now.
     std::atomic<bool> m_bFilled = false;
     std::array<CLargeArray<Real>, 3> m_axes;
+    mutable CPartialReads m_partialReads;
     std::optional<CMemoryRegistration> m_registration; // last: begins when all above is there
 };
 

@@ -2,6 +2,7 @@
 
 #include "data/gridmanager.h"
 #include "data/grids/storagegrid.h"
+#include "data/io/partialreads.h"
 #include "data/io/plot3dprobe.h"
 #include "data/io/plot3dread.h"
 #include "frame/messagesink.h"
@@ -79,5 +80,32 @@ template <class Real> int CGridIO::LoadGrid(CStorageGrid<Real>& grid) const
     return Report(ReadGridBlock(device, file, nBlock, xyz, WholeRun(file.blocks[int(nBlock)])));
 }
 
+template <class Real>
+bool CGridIO::ReadPoints(const CStorageGrid<Real>& grid, const SIJKRange& range,
+                         const SPointBuffers& out) const
+{
+    const SPlot3DFile file = Detect(grid.GetFileName());
+    const qint64 nBlock = grid.GetFileIndex();
+    const SBlockRequest request{grid.IsDoublePrecision(), nBlock, grid.GetDimensions()};
+    CReadFile device;
+    if (!CheckGrid(file, grid.GetFileName(), request).IsOk() || !device.Open(grid.GetFileName()))
+        return false;
+    const CRangeRuns runs(grid.GetShape(), range);
+    const qint64 nLength = runs.Length();
+    std::vector<Real> points(3 * nLength); // of two-dimensional files the third stays zero
+    const std::span<Real> all(points);
+    const std::array<std::span<Real>, 3> xyz = {all.first(nLength), all.subspan(nLength, nLength),
+                                                all.last(nLength)};
+    for (qint64 nRun = 0; nRun < runs.Count(); ++nRun) {
+        if (!ReadGridBlock(device, file, nBlock, xyz, runs.Run(nRun)).IsOk())
+            return false;
+        for (int nAxis = 0; nAxis < 3; ++nAxis)
+            std::copy(xyz[nAxis].begin(), xyz[nAxis].end(), out.Axis(nAxis).begin() + nRun * nLength);
+    }
+    return true;
+}
+
 template int CGridIO::LoadGrid(CStorageGrid<float>& grid) const;
 template int CGridIO::LoadGrid(CStorageGrid<double>& grid) const;
+template bool CGridIO::ReadPoints(const CStorageGrid<float>&, const SIJKRange&, const SPointBuffers&) const;
+template bool CGridIO::ReadPoints(const CStorageGrid<double>&, const SIJKRange&, const SPointBuffers&) const;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "data/blockshape.h"
 #include "data/io/plot3dfile.h"
+#include "data/pointbuffers.h"
 #include "frame/taskcreator.h"
 
 #include <QVector>
@@ -27,4 +29,12 @@ public:
      * than the grid's corrects the grid's and gives LoadNever, so that the next access loads it.
      */
     template <class Real> int LoadGrid(CStorageGrid<Real>& grid) const;
+
+    /**
+     * Reads the points of a range (within the grid) and nothing else; the grid stays as it is.
+     *
+     * @return false, without a message, where the grid can't be read: out is undefined then
+     */
+    template <class Real>
+    bool ReadPoints(const CStorageGrid<Real>& grid, const SIJKRange& range, const SPointBuffers& out) const;
 };

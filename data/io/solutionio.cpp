@@ -1,5 +1,6 @@
 #include "data/io/solutionio.h"
 
+#include "data/io/partialreads.h"
 #include "data/io/plot3dprobe.h"
 #include "data/io/plot3dread.h"
 #include "data/kernels/largearray.h"
@@ -81,5 +82,30 @@ template <class Real> int CSolutionIO::LoadSolution(CStorageSolution<Real>& solu
     return Report(ReadVariable(device, file, nBlock, nVariable, solution.Values(), WholeRun(block)));
 }
 
+template <class Real>
+bool CSolutionIO::ReadValues(const CStorageSolution<Real>& solution, const SIJKRange& range,
+                             std::span<double> out) const
+{
+    const SPlot3DFile file = Detect(solution.GetFileName());
+    const qint64 nBlock = solution.GetFileIndex();
+    const int nVariable = int(solution.GetVariableIndex());
+    const SBlockRequest request{solution.IsDoublePrecision(), nBlock, solution.GetDimensions()};
+    CReadFile device;
+    if (!CheckSolution(file, request).IsOk() || !device.Open(solution.GetFileName()))
+        return false;
+    const CRangeRuns runs(solution.GetShape(), range);
+    std::vector<Real> values(runs.Length());
+    for (qint64 nRun = 0; nRun < runs.Count(); ++nRun) {
+        if (!ReadVariable(device, file, nBlock, nVariable, std::span(values), runs.Run(nRun)).IsOk())
+            return false;
+        std::copy(values.begin(), values.end(), out.begin() + nRun * runs.Length());
+    }
+    return true;
+}
+
 template int CSolutionIO::LoadSolution(CStorageSolution<float>& solution) const;
 template int CSolutionIO::LoadSolution(CStorageSolution<double>& solution) const;
+template bool CSolutionIO::ReadValues(const CStorageSolution<float>&, const SIJKRange&,
+                                      std::span<double>) const;
+template bool CSolutionIO::ReadValues(const CStorageSolution<double>&, const SIJKRange&,
+                                      std::span<double>) const;

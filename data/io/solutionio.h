@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/blockshape.h"
 #include "data/io/plot3dfile.h"
 #include "frame/taskcreator.h"
 
@@ -22,4 +23,13 @@ public:
     std::optional<std::array<double, 4>> GetSolutionHeader(const QString& sFileName, qint64 nBlock) const;
     /** Allocates and fills the solution with its variable of its block. Gives a LoadStatus_e. */
     template <class Real> int LoadSolution(CStorageSolution<Real>& solution) const;
+    /**
+     * Reads the values of a range (within the solution) as plain numbers and nothing else; the solution stays
+     * as it is.
+     *
+     * @return false, without a message, where it can't be read: out is undefined then
+     */
+    template <class Real>
+    bool ReadValues(const CStorageSolution<Real>& solution, const SIJKRange& range,
+                    std::span<double> out) const;
 };

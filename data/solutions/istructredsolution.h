@@ -54,6 +54,9 @@ public:
     /** The array behind the whole field, loaded if need be; nothing for one that is computed or of integers.
      */
     virtual SStoredValues GetStoredValues() const = 0;
+    /** True while FillValues would read just this range from a file, so that nobody should load the whole for
+     * it. */
+    virtual bool ReadsInPart(const SIJKRange& range) const = 0;
 
     /** Addresses of all values inside one of the ranges, ends included; i outermost, k innermost. */
     virtual qint64 CollectInRanges(const QVector<SValueRange>& ranges, QVector<IVector3D>& out) const = 0;

@@ -42,6 +42,7 @@ public:
     qint64 GetIntegerValue(const IVector3D& ijk) const override;
     void FillVectors(const SIJKRange& range, const SPointBuffers& out) const override;
     SStoredValues GetStoredValues() const override { return {}; }
+    bool ReadsInPart(const SIJKRange&) const override { return false; }
     void StoreIntegers(const qint32*, qint64) override {}
     const float* GetValuesSingle() override;
     const double* GetValuesDouble() override;

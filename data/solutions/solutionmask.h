@@ -40,6 +40,10 @@ public:
     {
         return m_pInner ? m_pInner->GetStoredValues() : SStoredValues();
     }
+    bool ReadsInPart(const SIJKRange& range) const override
+    {
+        return m_pInner && m_pInner->ReadsInPart(range);
+    }
     void StoreIntegers(const qint32* pValues, qint64 nCount) override;
     const float* GetValuesSingle() override { return m_pInner ? m_pInner->GetValuesSingle() : nullptr; }
     const double* GetValuesDouble() override { return m_pInner ? m_pInner->GetValuesDouble() : nullptr; }

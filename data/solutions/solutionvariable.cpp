@@ -209,7 +209,7 @@ bool CSolutionVariable::FillFromStored(const SIJKRange& range, std::span<double>
     const size_t nCount = range.Count();
     std::vector<CFormulaColumn> columns;
     for (const IStructredSolution* const pLeaf : Flat().leaves) {
-        if (!(pLeaf->GetShape() == shape))
+        if (!(pLeaf->GetShape() == shape) || pLeaf->ReadsInPart(range))
             return false;
         const SStoredValues stored = pLeaf->GetStoredValues();
         if (stored.pSingle)

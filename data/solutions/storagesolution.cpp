@@ -83,9 +83,17 @@ template <class Real> double CStorageSolution<Real>::GetValue(qint64 nIndex) con
     return dValue;
 }
 
+template <class Real> bool CStorageSolution<Real>::ReadsInPart(const SIJKRange& range) const
+{
+    return !m_bFilled && IsPlainNumber() && m_partialReads.Allows(this->GetShape(), range, sizeof(Real));
+}
+
 template <class Real>
 void CStorageSolution<Real>::FillValues(const SIJKRange& range, std::span<double> out) const
 {
+    if (ReadsInPart(range) && m_partialReads.Take(this->GetShape(), range, sizeof(Real)) &&
+        CSolutionIO().ReadValues(*this, range, out))
+        return;
     if (!EnsureLoaded()) {
         std::fill_n(out.begin(), range.Count(), 0.0);
         return;

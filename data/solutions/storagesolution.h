@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/io/partialreads.h"
 #include "data/kernels/largearray.h"
 #include "data/solutions/solution.h"
 
@@ -9,8 +10,9 @@
 
 /**
  * One variable of one block of a solution file, in the precision of the file: an array that is loaded at the
- * first access and may be evicted while nobody holds the solution. The only solution class that touches a
- * file. A read outside of the block gives the nearest value, one that can't be loaded 0.0.
+ * first access and may be evicted while nobody holds the solution. FillValues of a small range reads that
+ * range alone (see CPartialReads). The only solution class that touches a file. A read outside of the block
+ * gives the nearest value, one that can't be loaded 0.0.
  */
 template <class Real> class CStorageSolution : public CSolution
 {
@@ -33,6 +35,7 @@ public:
     double GetValue(qint64 nIndex) const override;
     void FillValues(const SIJKRange& range, std::span<double> out) const override;
     SStoredValues GetStoredValues() const override;
+    bool ReadsInPart(const SIJKRange& range) const override;
     const float* GetValuesSingle() override;
     const double* GetValuesDouble() override;
     void ComputeRanges() override;
@@ -51,6 +54,7 @@ private:
     mutable std::mutex m_mutex; // serialises loads
     // The array is filled, not only allocated: another thread may be loading it now.
     std::atomic<bool> m_bFilled = false;
+    mutable CPartialReads m_partialReads;
     std::optional<CMemoryRegistration> m_registration; // last: begins when all above is there
 };
 

@@ -1,9 +1,14 @@
 #include "frame/window/firstcolors.h"
 
 #include "data/variables/variablemanager.h"
+#include "frame/widgetmanager.h"
 #include "scene/iselectable.h"
 #include "scene/selectablekeys.h"
+#include "scene/selectablekind.h"
 #include "scene/selectablemanager.h"
+#include "simulation/isimulation.h"
+#include "simulation/item.h"
+#include "simulation/simulationmanager.h"
 #include "view/annotations/annotationcolormap.h"
 #include "view/variablechoice.h"
 
@@ -44,9 +49,39 @@ void ShowLegend(const QVector<ISelectable*>& subjects)
     }
 }
 
+qint64 CountPoints(qint64 nSimulationId)
+{
+    qint64 nPoints = 0;
+    const ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(nSimulationId);
+    for (const CItem* const pBlock : pSimulation ? pSimulation->GetItems(KindBlock) : QVector<CItem*>())
+        nPoints += pBlock->GetPointCount();
+    return nPoints;
+}
+
+/** Colours the items over the range of what they show: only that is read. */
+void ShowOverShownRange(const QVector<ISelectable*>& subjects, qint64 nId)
+{
+    SValueRange range;
+    for (ISelectable* const pSubject : subjects) {
+        pSubject->setScalarVariable(nId);
+        pSubject->setGeometricColor(false);
+        for (IDrawable* const pDrawable : pSubject->drawables()) {
+            pDrawable->build();
+            if (const SColormapRecord shown = pDrawable->colormap(); shown.HasLocalRange())
+                range.Add({shown.dLocalMinimum, shown.dLocalMaximum});
+        }
+    }
+    if (range.IsEmpty())
+        return;
+    for (ISelectable* const pSubject : subjects)
+        pSubject->setColormapValues(range.dMin, range.dMax);
+    CWidgetManager::Instance().SetStatusText(
+        "The colours span what is shown; \"Set Global Range\" reads all of the case");
+}
+
 } // namespace
 
-void FirstColors::Show(qint64 nViewId, qint64 nSimulationId)
+void FirstColors::Show(qint64 nViewId, qint64 nSimulationId, qint64 nMostPoints)
 {
     const qint64 nId = FindFirstScalar(nSimulationId);
     if (nId == NO_ID)
@@ -56,6 +91,9 @@ void FirstColors::Show(qint64 nViewId, qint64 nSimulationId)
          CSelectableManager::Instance().GetSelectables(nViewId, nSimulationId))
         if (!pSelectable->drawables().isEmpty())
             subjects.append(pSelectable);
-    VariableChoice::Show(subjects, RoleScalar, nId);
+    if (CountPoints(nSimulationId) <= nMostPoints)
+        VariableChoice::Show(subjects, RoleScalar, nId);
+    else
+        ShowOverShownRange(subjects, nId);
     ShowLegend(subjects);
 }

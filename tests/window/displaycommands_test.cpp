@@ -133,6 +133,19 @@ TEST_F(DisplayCommands, ANewCaseShowsItsPressureWithOneLegend)
     EXPECT_EQ(m_pSimulation->GetUndoCount(), 0);
 }
 
+TEST_F(DisplayCommands, ALargeNewCaseIsColouredOverWhatItShows)
+{
+    FirstColors::Show(VIEW, SIMULATION, 10);
+    const SColormapRecord first = Selectable(1)->colormap();
+    EXPECT_EQ(first.dMaximum, Selectable(2)->colormap().dMaximum);
+    EXPECT_EQ(first.dMaximum, std::max(first.dLocalMaximum, Selectable(2)->colormap().dLocalMaximum));
+    EXPECT_EQ(first.dMinimum, std::min(first.dLocalMinimum, Selectable(2)->colormap().dLocalMinimum));
+    const IVariable* const pScalar =
+        CVariableManager::Instance().GetVariable(Selectable(1)->scalarVariable());
+    ASSERT_NE(pScalar, nullptr);
+    EXPECT_EQ(pScalar->GetName(), "P[Q]");
+}
+
 TEST_F(DisplayCommands, RainbowColoursAllDiffer)
 {
     for (int n = 0; n < 5; ++n)
