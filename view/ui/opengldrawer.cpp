@@ -43,6 +43,10 @@ COpenGLDrawer::COpenGLDrawer(qint64 nViewId, QWidget* pParent)
             &COpenGLDrawer::SlotSelectableCreated);
     connect(&manager, &CSelectableManager::SignalSelectableDeleted, this,
             &COpenGLDrawer::SlotSelectableDeleted);
+    connect(&manager, &CSelectableManager::SignalSelectionChanged, this, [this](qlonglong nChangedViewId) {
+        if (nChangedViewId == m_nViewId)
+            update();
+    });
     m_timer.setInterval(TICK_AT_REST_MS);
     connect(&m_timer, &QTimer::timeout, this, &COpenGLDrawer::SlotTimerUpdate);
     m_timer.start();
