@@ -164,6 +164,22 @@ TEST_F(Selectables, ASurfaceStaysInsideItsBlockAndTellsWhereItIs)
     EXPECT_EQ(CreateSurfaceItem(*m_pSimulation, 77, {}), nullptr);
 }
 
+TEST_F(Selectables, ANewSurfaceGoesOnWithTheColoursOfItsBlock)
+{
+    ISelectable* const pBlock = Selectable(1);
+    EXPECT_TRUE(AddSurface()->geometricColor());
+    pBlock->setScalarVariable(7);
+    pBlock->setGeometricColor(false);
+    pBlock->setColormapType(3);
+    pBlock->setColormapValues(-2.0, 5.0);
+    const CSurfaceSelectable* const pSurface = AddSurface();
+    EXPECT_EQ(pSurface->scalarVariable(), 7);
+    EXPECT_FALSE(pSurface->geometricColor());
+    EXPECT_EQ(pSurface->colormap().nId, 3);
+    EXPECT_EQ(pSurface->colormap().dMinimum, -2.0);
+    EXPECT_EQ(pSurface->colormap().dMaximum, 5.0);
+}
+
 TEST_F(Selectables, BoundariesAndFacesKeepTheirPlace)
 {
     const auto pBoundary = MakeOfType<CBoundarySurfaceSelectable>(KindBoundarySurface);

@@ -1,13 +1,40 @@
 #include "view/selectables/surfaceitems.h"
 
+#include "scene/iselectable.h"
 #include "scene/selectablekind.h"
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
+#include "simulation/simulationmanager.h"
 #include "simulation/surfacekeys.h"
 
 namespace {
+
 constexpr int FACE_COUNT = 6;
 constexpr int USUAL_FACE = 4;
+
+/** A new surface goes on with the colours of its block: the scalar and its range. */
+void TakeColors(ISelectable& surface, const ISelectable& block)
+{
+    if (block.scalarVariable() == NO_ID)
+        return;
+    const SColormapRecord colormap = block.colormap();
+    surface.setScalarVariable(block.scalarVariable());
+    surface.setGeometricColor(block.geometricColor());
+    surface.setColormapType(colormap.nId);
+    surface.setColormapValues(colormap.dMinimum, colormap.dMaximum);
+    surface.setColormapBindToLocal(block.colormapBindToLocal());
+}
+
+void TakeColorsInAllViews(CItem& surface, const CItem& block)
+{
+    for (const qint64 nViewId : CSimulationManager::Instance().GetViewIds(surface.GetSimulationId())) {
+        ISelectable* const pSurface = surface.GetSelectable(nViewId);
+        const ISelectable* const pBlock = block.GetSelectable(nViewId);
+        if (pSurface && pBlock)
+            TakeColors(*pSurface, *pBlock);
+    }
+}
+
 } // namespace
 
 SSurfacePlane PlaneOf(const CDataPack& item)
@@ -71,5 +98,6 @@ CItem* CreateSurfaceItem(ISimulation& simulation, qint64 nBlockId, const SSurfac
     pItem->SetName("Surface", 0);
     pItem->SetParentId(nBlockId, true);
     pItem->CreateSelectable(-1);
+    TakeColorsInAllViews(*pItem, *pBlock);
     return pItem;
 }

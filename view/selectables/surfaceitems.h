@@ -25,8 +25,8 @@ QVector<int> FacesToShow(const IVector3D& dimensions, qint64 nDefaultFace);
 void ApplyFirstDisplay(IDrawable& drawable);
 
 /**
- * A new item of the type KindSurface under the block, with its selectables in all views of the case. The
- * undo bracket is the caller's.
+ * A new item of the type KindSurface under the block, with its selectables in all views of the case, coloured
+ * as the block is there. The undo bracket is the caller's.
  *
  * @return null if there is no such block, or if the case doesn't make surfaces
  */
