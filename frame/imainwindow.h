@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QImage>
 #include <QString>
 
 class ISimulation;
 class IViewer;
+struct SCapture;
 
 /**
  * What the rest of the program asks of the main window, reached through CWidgetManager. The window
@@ -33,4 +35,6 @@ public:
     virtual void CloseAll() = 0;
     /** Stops (true, before a load) and restarts (false) the updates of all views of a simulation. */
     virtual void BlockUpdates(qint64 nSimulationId, bool bBlock) = 0;
+    /** A picture of the window, or of one view; null if it can't be drawn. */
+    virtual QImage captureImage(const SCapture& capture) = 0;
 };

@@ -102,3 +102,9 @@ void CWidgetManager::BlockUpdates(qint64 nSimulationId, bool bBlock)
     if (IMainWindow* const pWindow = MainWindow())
         pWindow->BlockUpdates(nSimulationId, bBlock);
 }
+
+QImage CWidgetManager::CaptureImage(const SCapture& capture)
+{
+    IMainWindow* const pWindow = MainWindow();
+    return pWindow ? pWindow->captureImage(capture) : QImage();
+}

@@ -46,6 +46,7 @@ public:
     void RunInTerminal();
     void CloseAll();
     void BlockUpdates(qint64 nSimulationId, bool bBlock);
+    QImage CaptureImage(const SCapture& capture);
 
 private:
     CWidgetManager() = default;

@@ -61,11 +61,12 @@ void Overlays::PaintRotationPoint(QPainter& painter, const QSize& size, const QP
     painter.restore();
 }
 
-void Overlays::PaintScaleBar(QPainter& painter, const SScaleBar& bar, const QColor& color)
+void Overlays::PaintScaleBar(QPainter& painter, const SScaleBar& bar, const QColor& color, double dScale)
 {
     if (bar.marks.isEmpty())
         return;
     painter.save();
+    painter.scale(dScale, dScale);
     painter.setPen(QPen(color, 1.0));
     painter.drawLine(QPointF(bar.marks.first().dX, bar.dY), QPointF(bar.marks.last().dX, bar.dY));
     for (const SScaleBar::SMark& mark : bar.marks) {

@@ -21,8 +21,8 @@ void PaintAxes(QPainter& painter, const QSize& size, const QMatrix4x4& view, con
 void PaintRotationPoint(QPainter& painter, const QSize& size, const QPointF& origin, const QMatrix4x4& view,
                         const QColor& color, double dScale);
 
-/** @param bar  see MakeScaleBar */
-void PaintScaleBar(QPainter& painter, const SScaleBar& bar, const QColor& color);
+/** @param bar  of the view without the scale, see MakeScaleBar */
+void PaintScaleBar(QPainter& painter, const SScaleBar& bar, const QColor& color, double dScale);
 
 /** A dashed line between two measured points. */
 void PaintMeasureLine(QPainter& painter, const QPointF& from, const QPointF& to, double dWidth);

@@ -23,6 +23,7 @@
 #include "frame/window/viewarea.h"
 #include "frame/window/viewcommands.h"
 #include "frame/window/windowactions.h"
+#include "frame/window/windowcapture.h"
 #include "frame/window/windowmenus.h"
 #include "frame/window/windowtoolbars.h"
 #include "scene/selectablemanager.h"
@@ -31,6 +32,7 @@
 #include "simulation/panel/itempanels.h"
 #include "simulation/simulationmanager.h"
 #include "ui_mainwindow.h"
+#include "view/dialogs/screenshotdialog.h"
 #include "view/shadermanager.h"
 
 #include <QCloseEvent>
@@ -133,6 +135,7 @@ void CMainWindow::BuildActions()
     m_pCameraCommands = std::make_unique<CCameraCommands>(*m_pActions, *m_pViewArea);
     m_pDialogCommands = std::make_unique<CDialogCommands>(*m_pActions, this);
     m_pActions->Bind(ActionPreferences, this, &CMainWindow::SlotPreferences);
+    m_pActions->Bind(ActionScreenshot, this, &CMainWindow::SlotExportScreenshot);
     m_pActions->Bind(ActionExit, this, &CMainWindow::SlotExit);
     m_pActions->Bind(ActionDefaultView, this, &CMainWindow::SlotDefaultView);
     FillMenus(*m_pUi, *m_pActions);
@@ -231,6 +234,18 @@ void CMainWindow::BlockUpdates(qint64 nSimulationId, bool bBlock)
     for (const qint64 nViewId : CSimulationManager::Instance().GetViewIds(nSimulationId))
         if (IViewer* const pViewer = GetViewerById(nViewId))
             pViewer->GetWidget()->setUpdatesEnabled(!bBlock);
+}
+
+QImage CMainWindow::captureImage(const SCapture& capture)
+{
+    return WindowCapture::Take(*this, *m_pViewArea, capture);
+}
+
+void CMainWindow::SlotExportScreenshot()
+{
+    CScreenshotDialog({size(), WindowCapture::ViewSize(*m_pViewArea)}, m_pViewArea->GetExpandedId() != -1,
+                      this)
+        .exec();
 }
 
 void CMainWindow::AddMenu(QMenu* pMenu)

@@ -57,6 +57,7 @@ public:
     void RunInTerminal() override {} // there is no terminal yet
     void CloseAll() override;
     void BlockUpdates(qint64 nSimulationId, bool bBlock) override;
+    QImage captureImage(const SCapture& capture) override;
 
     void AddMenu(QMenu* pMenu) override;
     QMenu* GetImportMenu() override;
@@ -80,6 +81,7 @@ public slots:
     void SlotActiveSimulationChanged();
     void SlotSimulationNameChanged(qlonglong nSimulationId);
     void SlotPreferences();
+    void SlotExportScreenshot();
     /** Takes over theme, font size and width of the splitters. */
     void SlotUpdatePreferences();
     void SlotDefaultView();

@@ -50,6 +50,7 @@ public:
     void RunInTerminal() override {}
     void CloseAll() override {}
     void BlockUpdates(qint64, bool) override {}
+    QImage captureImage(const SCapture&) override { return {}; }
 
     qint64 m_nViewId = 1;
     int m_nActionUpdates = 0;

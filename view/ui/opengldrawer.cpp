@@ -107,6 +107,8 @@ bool COpenGLDrawer::TakeNeedsCheck()
 bool COpenGLDrawer::IsInteracting() const
 {
     const MouseAction_e eAction = CurrentAction();
+    if (m_capture)
+        return false;
     return eAction == MousePanning || eAction == MouseRotate || eAction == MouseRotateAroundScreen ||
            (m_sinceWheel.isValid() && m_sinceWheel.elapsed() < SETTLE_MS);
 }
@@ -120,9 +122,7 @@ void COpenGLDrawer::paintGL()
     const bool bInteracting = IsInteracting();
     ShowDemotion(bInteracting);
     QPainter painter(this);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(CPreferences::Instance().Draw().background);
-    painter.drawRect(rect());
+    PaintBackground(painter);
     painter.beginNativePainting();
     PaintScene(bInteracting);
     painter.endNativePainting();
@@ -130,6 +130,15 @@ void COpenGLDrawer::paintGL()
     PaintOverlays(painter, bInteracting);
     painter.end();
     m_paintMutex.unlock();
+}
+
+void COpenGLDrawer::PaintBackground(QPainter& painter) const
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(m_capture ? m_capture->background : CPreferences::Instance().Draw().background);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawRect(rect());
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
 }
 
 void COpenGLDrawer::FitNextFrame()
@@ -157,7 +166,7 @@ void COpenGLDrawer::PaintScene(bool bInteracting)
     frame.viewport = size() * devicePixelRatioF();
     frame.bBoundingBoxes = bInteracting && m_eDemotion == DemotionBoundingBox;
     frame.bCheckDrawables = TakeNeedsCheck();
-    frame.fScale = float(devicePixelRatioF());
+    frame.fScale = float(devicePixelRatioF() * RenderScale());
     m_renderer.Render(frame);
 }
 
@@ -223,23 +232,27 @@ void COpenGLDrawer::RestoreDemoted()
 
 void COpenGLDrawer::PaintAnnotations(QPainter& painter)
 {
+    if (m_capture && !m_capture->parts.bAnnotations)
+        return;
     for (const IDrawable* const pDrawable : VisibleDrawables())
         if (CAnnotationColormap* const pLegend = pDrawable->annotationColormap(); pLegend->isVisible())
-            pLegend->paint(&painter, 1.0);
+            pLegend->paint(&painter, RenderScale());
 }
 
 void COpenGLDrawer::PaintOverlays(QPainter& painter, bool bInteracting)
 {
     const SDrawPreferences& draw = CPreferences::Instance().Draw();
-    if (draw.bShowAxes)
-        Overlays::PaintAxes(painter, size(), m_camera.FloatView(), draw.axesColor, 1.0);
+    const double dScale = RenderScale();
+    if (m_capture ? m_capture->parts.bAxes : draw.bShowAxes)
+        Overlays::PaintAxes(painter, size(), m_camera.FloatView(), draw.axesColor, dScale);
     PaintRotationMarker(painter, bInteracting);
-    if (!bInteracting && draw.bShowScaling)
-        Overlays::PaintScaleBar(painter, MakeScaleBar(size(), m_camera.Box().Width()), draw.axesColor);
+    if (m_capture ? m_capture->parts.bScale : !bInteracting && draw.bShowScaling)
+        Overlays::PaintScaleBar(painter, MakeScaleBar(size() / dScale, m_camera.Box().Width()),
+                                draw.axesColor, dScale);
     if (m_measureFrom && m_measureTo)
         Overlays::PaintMeasureLine(painter, m_camera.ToPixel(*m_measureFrom), m_camera.ToPixel(*m_measureTo),
-                                   draw.fLineThickness);
-    if (const QRect band = RubberBand(); !band.isEmpty())
+                                   draw.fLineThickness * dScale);
+    if (const QRect band = RubberBand(); !m_capture && !band.isEmpty())
         Overlays::PaintRubberBand(painter, band);
 }
 
@@ -257,7 +270,7 @@ void COpenGLDrawer::PaintRotationMarker(QPainter& painter, bool bInteracting)
     const bool bJustNow = m_sinceRotation.isValid() && m_sinceRotation.elapsed() < MARKER_MS;
     const bool bShown = draw.nRotationAxisVisibility == ALWAYS ||
                         (draw.nRotationAxisVisibility == ON_ROTATION && (bInteracting || bJustNow));
-    if (!bShown || !ShowsItems())
+    if (m_capture || !bShown || !ShowsItems())
         return;
     Overlays::PaintRotationPoint(painter, size(), m_camera.ToPixel(m_camera.RotationPoint()),
                                  m_camera.FloatView(), draw.axesColor, 1.0);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/capture.h"
 #include "frame/inputstate.h"
 #include "scene/displaytype.h"
 #include "view/cameramath.h"
@@ -9,6 +10,7 @@
 #include "view/pick/viewpicker.h"
 #include "view/scenerenderer.h"
 
+#include <QBrush>
 #include <QElapsedTimer>
 #include <QMutex>
 #include <QOpenGLWidget>
@@ -45,6 +47,13 @@ public:
     void FitNextFrame();
     /** Where the pointer was last; what is picked there. */
     const SPointPick& GetPicked() const { return m_picked; }
+
+    /**
+     * The view as it is shown, dScale times as large: lines, points and texts grow with it. The picture has
+     * the size of the widget times the scale times the device's pixel ratio; null where the view was never
+     * shown or OpenGL can't draw that size.
+     */
+    void renderToImage(QImage& image, double dScale, const SCaptureParts& parts);
 
     /** Draws anew; drawables may have changed. */
     void UpdateAll();
@@ -91,6 +100,9 @@ protected:
 private:
     // opengldrawer.cpp
     bool IsInteracting() const;
+    /** Device pixels for each pixel of the view, of the picture on the screen or in a capture. */
+    double RenderScale() const { return m_capture ? m_capture->dScale : 1.0; }
+    void PaintBackground(QPainter& painter) const;
     void ShowDemotion(bool bInteracting);
     void RestoreDemoted();
     void PaintScene(bool bInteracting);
@@ -169,4 +181,12 @@ private:
     std::optional<bool> m_showsItems; // unknown after a selectable has come or gone
     CAnnotation* m_pDragged = nullptr;
     QPoint m_dragStart;
+    /** A picture that is being captured. */
+    struct SCapturing
+    {
+        double dScale;
+        QBrush background;
+        SCaptureParts parts;
+    };
+    std::optional<SCapturing> m_capture;
 };

@@ -42,6 +42,7 @@ public:
     void RunInTerminal() override {}
     void CloseAll() override {}
     void BlockUpdates(qint64, bool bBlock) override { m_nBlocked += bBlock ? 1 : -1; }
+    QImage captureImage(const SCapture&) override { return {}; }
     void AddMenu(QMenu* pMenu) override { menuBar()->addMenu(pMenu); }
     QMenu* GetImportMenu() override { return &m_importMenu; }
     QMenu* GetExportMenu() override { return &m_exportMenu; }
