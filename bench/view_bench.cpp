@@ -61,7 +61,7 @@ public:
         m_plainFrame.projection.ortho(float(-dHalf * dAspect), float(dHalf * dAspect), float(-dHalf),
                                       float(dHalf), -2.5F, 2.5F);
         m_frame.nViewId = CViewCase::VIEW;
-        m_frame.view = m_plainFrame.view;
+        m_frame.view = DMatrix4x4::FromFloat(m_plainFrame.view);
         m_frame.dRight = dHalf * dAspect;
         m_frame.dLeft = -m_frame.dRight;
         m_frame.dTop = dHalf;

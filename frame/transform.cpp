@@ -9,6 +9,14 @@ DMatrix4x4 DMatrix4x4::Transposed() const
     return result;
 }
 
+DMatrix4x4 DMatrix4x4::FromFloat(const QMatrix4x4& matrix)
+{
+    DMatrix4x4 result;
+    for (int n = 0; n < 16; ++n)
+        result.d[n] = double(matrix(n / 4, n % 4));
+    return result;
+}
+
 DMatrix4x4 DMatrix4x4::Translation(const DVector3D& offset)
 {
     DMatrix4x4 result;

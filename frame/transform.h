@@ -29,6 +29,7 @@ struct DMatrix4x4
                 d[8] * p.x + d[9] * p.y + d[10] * p.z + d[11]};
     }
 
+    static DMatrix4x4 FromFloat(const QMatrix4x4& matrix);
     static DMatrix4x4 Translation(const DVector3D& offset);
     /** Scales each axis by the component of that axis. */
     static DMatrix4x4 Scaling(const DVector3D& factors);

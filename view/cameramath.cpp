@@ -112,9 +112,7 @@ bool COrthoCamera::SetBox(const DVector3D& centre, double dWidth, double dHeight
 
 bool COrthoCamera::SetView(const QMatrix4x4& view)
 {
-    DMatrix4x4 matrix;
-    for (int n = 0; n < 16; ++n)
-        matrix.d[n] = double(view(n / 4, n % 4));
+    const DMatrix4x4 matrix = DMatrix4x4::FromFloat(view);
     if (!std::all_of(matrix.d.begin(), matrix.d.end(), [](double d) { return std::isfinite(d); }))
         return false;
     m_view = matrix;

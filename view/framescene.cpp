@@ -5,7 +5,7 @@
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 
-CFrameScene::CFrameScene(qint64 nViewId, const QMatrix4x4& view, bool bSilhouette)
+CFrameScene::CFrameScene(qint64 nViewId, const DMatrix4x4& view, bool bSilhouette)
 {
     const CSimulationManager& manager = CSimulationManager::Instance();
     for (const qint64 nSimulationId : manager.GetSimulationIds(nViewId)) {
@@ -13,7 +13,7 @@ CFrameScene::CFrameScene(qint64 nViewId, const QMatrix4x4& view, bool bSilhouett
         scene.nSimulationId = nSimulationId;
         scene.bDoubleWidth = manager.GetSimulation(nSimulationId)->UsesDoubleLineWidth();
         for (const STransform& transform : manager.GetDisplayTransforms(nViewId, nSimulationId))
-            scene.views.append(transform.IsIdentity() ? view : view * transform.FloatMatrix());
+            scene.views.append(STransform(transform.IsIdentity() ? view : view * transform.Matrix()));
         for (IDrawable* const pDrawable : CDrawableManager::Instance().GetDrawables(nViewId, nSimulationId))
             if (pDrawable->isVisible())
                 Sort(pDrawable, bSilhouette, scene);
@@ -56,33 +56,39 @@ QPointF CFrameScene::DepthRange() const
     double dLeast = std::numeric_limits<double>::max();
     double dGreatest = std::numeric_limits<double>::lowest();
     for (const SCaseScene& scene : m_cases)
-        for (const QMatrix4x4& view : scene.views)
+        for (const STransform& view : scene.views)
             for (const IDrawable* const pDrawable : scene.visible)
-                if (const auto corners = BoxCorners(*pDrawable, view))
-                    for (const QVector3D& corner : *corners) {
-                        dLeast = std::min<double>(dLeast, corner.z());
-                        dGreatest = std::max<double>(dGreatest, corner.z());
+                if (const auto corners = BoxCorners(*pDrawable, view.Matrix()))
+                    for (const DVector3D& corner : *corners) {
+                        dLeast = std::min(dLeast, corner.z);
+                        dGreatest = std::max(dGreatest, corner.z);
                     }
     return {dLeast, dGreatest};
 }
 
-std::optional<std::array<QVector3D, 8>> BoxCorners(const IDrawable& drawable, const QMatrix4x4& view)
+void CFrameScene::Move(const DVector3D& offset)
+{
+    for (SCaseScene& scene : m_cases)
+        for (STransform& view : scene.views)
+            view = STransform(DMatrix4x4::Translation(offset) * view.Matrix());
+}
+
+std::optional<std::array<DVector3D, 8>> BoxCorners(const IDrawable& drawable, const DMatrix4x4& view)
 {
     const DVector3D minimum = drawable.boundsMinimum();
     const DVector3D maximum = drawable.boundsMaximum();
     if (minimum.x > maximum.x)
         return {};
     const QMatrix4x4 model = drawable.modelMatrix();
-    const QMatrix4x4 product = model.isIdentity() ? view : view * model;
-    std::array<QVector3D, 8> corners;
+    const DMatrix4x4 product = model.isIdentity() ? view : view * DMatrix4x4::FromFloat(model);
+    std::array<DVector3D, 8> corners;
     for (int n = 0; n < 8; ++n)
-        corners[n] =
-            product * QVector3D(float(n & 1 ? maximum.x : minimum.x), float(n & 2 ? maximum.y : minimum.y),
-                                float(n & 4 ? maximum.z : minimum.z));
+        corners[n] = product.MapPoint(
+            {n & 1 ? maximum.x : minimum.x, n & 2 ? maximum.y : minimum.y, n & 4 ? maximum.z : minimum.z});
     return corners;
 }
 
-bool IsInRectangle(const IDrawable& drawable, const QMatrix4x4& view, double dLeft, double dRight,
+bool IsInRectangle(const IDrawable& drawable, const DMatrix4x4& view, double dLeft, double dRight,
                    double dTop, double dBottom)
 {
     const auto corners = BoxCorners(drawable, view);
@@ -91,8 +97,8 @@ bool IsInRectangle(const IDrawable& drawable, const QMatrix4x4& view, double dLe
     const auto allAre = [&](auto isBeyond) {
         return std::all_of(corners->begin(), corners->end(), isBeyond);
     };
-    return !(allAre([=](const QVector3D& c) { return c.x() < dLeft; }) ||
-             allAre([=](const QVector3D& c) { return c.x() > dRight; }) ||
-             allAre([=](const QVector3D& c) { return c.y() > dTop; }) ||
-             allAre([=](const QVector3D& c) { return c.y() < dBottom; }));
+    return !(allAre([=](const DVector3D& c) { return c.x < dLeft; }) ||
+             allAre([=](const DVector3D& c) { return c.x > dRight; }) ||
+             allAre([=](const DVector3D& c) { return c.y > dTop; }) ||
+             allAre([=](const DVector3D& c) { return c.y < dBottom; }));
 }

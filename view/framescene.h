@@ -1,9 +1,9 @@
 #pragma once
 
+#include "frame/transform.h"
 #include "scene/displaytype.h"
 
-#include <QMatrix4x4>
-#include <QVector3D>
+#include <QPointF>
 #include <QVector>
 
 #include <array>
@@ -22,7 +22,7 @@ struct SCaseScene
 
     qint64 nSimulationId = -1;
     bool bDoubleWidth = false;
-    QVector<QMatrix4x4> views; ///< the view matrix with each display transform
+    QVector<STransform> views; ///< the view matrix with each display transform
     /** Of the first pass: by shader key (1, 2), opaque or not, display type. */
     std::array<std::array<std::array<Bucket, TYPES>, 2>, 2> buckets;
     /** Of the passes in front, by shader key. */
@@ -41,7 +41,7 @@ class CFrameScene
 {
 public:
     /** @param bSilhouette  selection is shown by the silhouette: nothing is left out of the first pass */
-    CFrameScene(qint64 nViewId, const QMatrix4x4& view, bool bSilhouette);
+    CFrameScene(qint64 nViewId, const DMatrix4x4& view, bool bSilhouette);
 
     const std::vector<SCaseScene>& Cases() const { return m_cases; }
     bool IsEmpty() const;
@@ -53,6 +53,8 @@ public:
      * eye.
      */
     QPointF DepthRange() const;
+    /** Moves all of it in view coordinates. */
+    void Move(const DVector3D& offset);
 
 private:
     void Sort(IDrawable* pDrawable, bool bSilhouette, SCaseScene& scene) const;
@@ -61,8 +63,8 @@ private:
 };
 
 /** Whether the drawable has something to draw inside of the rectangle; a box that isn't known has. */
-bool IsInRectangle(const IDrawable& drawable, const QMatrix4x4& view, double dLeft, double dRight,
+bool IsInRectangle(const IDrawable& drawable, const DMatrix4x4& view, double dLeft, double dRight,
                    double dTop, double dBottom);
 
 /** The eight corners of its box in the coordinates of the matrix; nothing while the box isn't known. */
-std::optional<std::array<QVector3D, 8>> BoxCorners(const IDrawable& drawable, const QMatrix4x4& view);
+std::optional<std::array<DVector3D, 8>> BoxCorners(const IDrawable& drawable, const DMatrix4x4& view);

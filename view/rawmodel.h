@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QOpenGLContext>
 #include <QOpenGLExtraFunctions>
+#include <QPointer>
 #include <QVector>
 
 #include <array>
@@ -47,8 +49,8 @@ private:
 
     static inline qint64 s_nUploadedBytes = 0;
 
-    QOpenGLContext* m_pContext = nullptr; // the one that it was created in
-    QOpenGLContextGroup* m_pGroup = nullptr;
+    QPointer<QOpenGLContext> m_pContext; // the one that it was created in; its names go with it
+    QPointer<QOpenGLContextGroup> m_pGroup;
     GLuint m_nVertexArray = 0;
     std::array<GLuint, BUFFERS> m_buffers = {}; // index buffers, then attributes
 };

@@ -22,6 +22,33 @@ constexpr double DEPTH_MARGIN = 0.05; // of the depth of what is shown
 
 QOpenGLFunctions& Gl() { return *QOpenGLContext::currentContext()->functions(); }
 
+/**
+ * Moves the middle of what is shown to 0: what lies far off has large coordinates, which must cancel before
+ * they become floats. The depth is that of the scene: a fixed one would cut large cases and blur small ones.
+ *
+ * @return the projection for the rectangle, which is moved along
+ */
+QMatrix4x4 MoveToMiddle(CFrameScene& scene, SFrameSettings& frame)
+{
+    const QPointF depth = scene.DepthRange();
+    const bool bHasDepth = depth.x() <= depth.y();
+    const DVector3D middle{0.5 * (frame.dLeft + frame.dRight), 0.5 * (frame.dBottom + frame.dTop),
+                           bHasDepth ? 0.5 * (depth.x() + depth.y()) : 0.0};
+    scene.Move(-middle);
+    for (double* const pSide : {&frame.dLeft, &frame.dRight})
+        *pSide -= middle.x;
+    for (double* const pSide : {&frame.dBottom, &frame.dTop})
+        *pSide -= middle.y;
+    double dDepth = 1.0; // half of it
+    if (bHasDepth)
+        dDepth = 0.5 * (depth.y() - depth.x()) +
+                 std::max((depth.y() - depth.x()) * DEPTH_MARGIN, (frame.dRight - frame.dLeft) * 1e-3);
+    QMatrix4x4 projection;
+    projection.ortho(float(frame.dLeft), float(frame.dRight), float(frame.dBottom), float(frame.dTop),
+                     float(-dDepth), float(dDepth));
+    return projection;
+}
+
 } // namespace
 
 CSceneRenderer::CSceneRenderer() = default;
@@ -51,41 +78,26 @@ void CSceneRenderer::BuildDrawables(const CFrameScene& scene)
                 pDrawable->build();
 }
 
-void CSceneRenderer::Build(qint64 nViewId) { BuildDrawables(CFrameScene(nViewId, QMatrix4x4(), false)); }
+void CSceneRenderer::Build(qint64 nViewId) { BuildDrawables(CFrameScene(nViewId, {}, false)); }
 
-/** The depth is that of what is shown: a fixed one would cut large cases and blur small ones. */
-QMatrix4x4 CSceneRenderer::Projection(const SFrameSettings& frame, const CFrameScene& scene) const
-{
-    const QPointF depth = scene.DepthRange();
-    double dNear = -1.0, dFar = 1.0;
-    if (depth.x() <= depth.y()) {
-        const double dMargin =
-            std::max((depth.y() - depth.x()) * DEPTH_MARGIN, (frame.dRight - frame.dLeft) * 1e-3);
-        dNear = -depth.y() - dMargin;
-        dFar = -depth.x() + dMargin;
-    }
-    QMatrix4x4 projection;
-    projection.ortho(float(frame.dLeft), float(frame.dRight), float(frame.dBottom), float(frame.dTop),
-                     float(dNear), float(dFar));
-    return projection;
-}
-
-void CSceneRenderer::Render(const SFrameSettings& frame)
+void CSceneRenderer::Render(SFrameSettings frame)
 {
     AbandonedNames::Delete();
     CShaderManager::Instance().PushGlobalUniforms();
     const bool bSilhouette = CPreferences::Instance().Draw().bHighlightOutline;
-    const CFrameScene scene(frame.nViewId, frame.view, bSilhouette);
+    CFrameScene scene(frame.nViewId, frame.view, bSilhouette);
     Gl().glClear(GL_DEPTH_BUFFER_BIT);
     Gl().glEnable(GL_DEPTH_TEST);
     Gl().glEnable(GL_BLEND);
+    glEnable(GL_MULTISAMPLE); // a painter without antialiasing has switched it off
     Gl().glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
     if (frame.bCheckDrawables)
         BuildDrawables(scene);
     DrawContext().pColormap = &m_colormap;
+    DrawContext().pOpenGL = QOpenGLContext::currentContext();
     DrawContext().fLineScale = frame.fScale;
     glPointSize(CPreferences::Instance().Draw().fPointSize * frame.fScale);
-    const QMatrix4x4 projection = Projection(frame, scene);
+    const QMatrix4x4 projection = MoveToMiddle(scene, frame);
     if (frame.bBoundingBoxes) {
         DrawBoundingBoxes(scene, projection);
         return;
@@ -107,11 +119,11 @@ void CSceneRenderer::DrawProgram(int nKey, const SFrameSettings& frame, const CF
     pProgram->Set(UniformProjectionMatrix, projection);
     pProgram->Set(UniformOutlineSelectMode, bSilhouette ? 1.0F : 0.0F);
     Gl().glEnable(GL_DEPTH_TEST);
-    DrawPass(*pProgram, scene, frame, PassAll);
+    DrawPass(nKey, scene, frame, PassAll);
     if (!bSilhouette) {
         Gl().glDisable(GL_DEPTH_TEST);
-        DrawPass(*pProgram, scene, frame, PassSelected);
-        DrawPass(*pProgram, scene, frame, PassHighlighted);
+        DrawPass(nKey, scene, frame, PassSelected);
+        DrawPass(nKey, scene, frame, PassHighlighted);
     }
     pProgram->release();
 }
@@ -119,40 +131,37 @@ void CSceneRenderer::DrawProgram(int nKey, const SFrameSettings& frame, const CF
 namespace {
 
 /** Draws some drawables of a case with each of its transforms. */
-void DrawBucket(CSurfaceShaderProgram& program, const SCaseScene& scene, const SCaseScene::Bucket& bucket,
-                const SFrameSettings& frame, bool bOverlay)
+void DrawBucket(const SCaseScene& scene, const SCaseScene::Bucket& bucket, const SFrameSettings& frame,
+                bool bOverlay)
 {
     if (bucket.empty())
         return;
     SDrawContext& context = DrawContext();
     context.fLineScale = frame.fScale * (bOverlay && scene.bDoubleWidth ? 2.0F : 1.0F);
-    for (const QMatrix4x4& view : scene.views) {
+    for (const STransform& view : scene.views) {
         context.view = view;
-        context.normal = view.normalMatrix();
-        program.Set(UniformViewMatrix, view);
+        context.normal = view.FloatMatrix().normalMatrix();
         for (IDrawable* const pDrawable : bucket)
-            if (IsInRectangle(*pDrawable, view, frame.dLeft, frame.dRight, frame.dTop, frame.dBottom))
+            if (IsInRectangle(*pDrawable, view.Matrix(), frame.dLeft, frame.dRight, frame.dTop,
+                              frame.dBottom))
                 pDrawable->draw(bOverlay);
     }
 }
 
 } // namespace
 
-void CSceneRenderer::DrawPass(CSurfaceShaderProgram& program, const CFrameScene& scene,
-                              const SFrameSettings& frame, FramePass_e ePass)
+void CSceneRenderer::DrawPass(int nKey, const CFrameScene& scene, const SFrameSettings& frame,
+                              FramePass_e ePass)
 {
-    const int nKey = &program == CShaderManager::Instance().GetSurfaceProgram(CShaderManager::VECTOR)
-                         ? CShaderManager::VECTOR
-                         : CShaderManager::SURFACE;
     if (ePass != PassAll) {
         for (const SCaseScene& one : scene.Cases())
-            DrawBucket(program, one, one.Marked(nKey, ePass), frame, true);
+            DrawBucket(one, one.Marked(nKey, ePass), frame, true);
         return;
     }
     for (const bool bOpaque : {true, false})
         for (const DisplayType_e eType : DRAW_ORDER)
             for (const SCaseScene& one : scene.Cases())
-                DrawBucket(program, one, one.At(nKey, bOpaque, eType), frame, false);
+                DrawBucket(one, one.At(nKey, bOpaque, eType), frame, false);
 }
 
 void CSceneRenderer::DrawBoundingBoxes(const CFrameScene& scene, const QMatrix4x4& projection)
@@ -178,14 +187,17 @@ void CSceneRenderer::DrawBoundingBoxes(const CFrameScene& scene, const QMatrix4x
     pProgram->Set(UniformHighlighted, 0.0F);
     pProgram->enableAttributeArray(AttributePosition);
     for (const SCaseScene& one : scene.Cases())
-        for (const QMatrix4x4& view : one.views)
+        for (const STransform& view : one.views)
             for (const IDrawable* const pDrawable : one.visible) {
-                const auto corners = BoxCorners(*pDrawable, view);
+                const auto corners = BoxCorners(*pDrawable, view.Matrix());
                 if (!corners)
                     continue;
                 QVector<QVector3D> lines;
                 for (const auto& edge : EDGES)
-                    lines << (*corners)[edge[0]] << (*corners)[edge[1]];
+                    for (const int nCorner : edge) {
+                        const DVector3D& corner = (*corners)[nCorner];
+                        lines << QVector3D(float(corner.x), float(corner.y), float(corner.z));
+                    }
                 pProgram->Set(UniformConstColor, pDrawable->wireframeColor());
                 pProgram->setAttributeArray(AttributePosition, lines.constData());
                 Gl().glDrawArrays(GL_LINES, 0, lines.size());

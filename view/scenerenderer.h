@@ -9,14 +9,13 @@
 
 #include <memory>
 
-class CSurfaceShaderProgram;
 class QOpenGLFramebufferObject;
 
 /** What a frame is drawn with. */
 struct SFrameSettings
 {
     qint64 nViewId = -1;
-    QMatrix4x4 view;
+    DMatrix4x4 view;
     double dLeft = -2.0, dRight = 2.0, dTop = 2.0, dBottom = -2.0; ///< visible rectangle [world units]
     QSize viewport;                                                ///< [device pixels]
     bool bBoundingBoxes = false; ///< demoted: the boxes instead of the items
@@ -39,17 +38,15 @@ public:
     void Initialize();
     /** Frees it. */
     void Release();
-    void Render(const SFrameSettings& frame);
+    void Render(SFrameSettings frame);
     /** Builds what is visible in a view and isn't built; draws nothing. */
     static void Build(qint64 nViewId);
 
 private:
     static void BuildDrawables(const CFrameScene& scene);
-    QMatrix4x4 Projection(const SFrameSettings& frame, const CFrameScene& scene) const;
     void DrawProgram(int nKey, const SFrameSettings& frame, const CFrameScene& scene,
                      const QMatrix4x4& projection);
-    void DrawPass(CSurfaceShaderProgram& program, const CFrameScene& scene, const SFrameSettings& frame,
-                  FramePass_e ePass);
+    void DrawPass(int nKey, const CFrameScene& scene, const SFrameSettings& frame, FramePass_e ePass);
     void DrawBoundingBoxes(const CFrameScene& scene, const QMatrix4x4& projection);
     // scenerenderer_silhouette.cpp
     void DrawSilhouette(const SFrameSettings& frame, const CFrameScene& scene, const QMatrix4x4& projection);

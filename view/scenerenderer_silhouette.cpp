@@ -36,11 +36,10 @@ bool CSceneRenderer::DrawMask(const SFrameSettings& frame, const CFrameScene& sc
          {std::pair{PassSelected, QColor(255, 0, 0)}, std::pair{PassHighlighted, QColor(0, 255, 0)}}) {
         pProgram->Set(UniformMaskColor, color);
         for (const SCaseScene& one : scene.Cases())
-            for (const QMatrix4x4& view : one.views) {
+            for (const STransform& view : one.views) {
                 DrawContext().view = view;
-                DrawContext().normal = view.normalMatrix();
+                DrawContext().normal = view.FloatMatrix().normalMatrix();
                 DrawContext().fLineScale = frame.fScale;
-                pProgram->Set(UniformViewMatrix, view);
                 for (IDrawable* const pDrawable : one.Marked(CShaderManager::SURFACE, ePass)) {
                     pDrawable->draw(false);
                     bDrawn = true;

@@ -62,9 +62,21 @@ protected:
     virtual QString ItemName() const = 0;
 
 private:
+    enum Stale_e {
+        StaleGeometry,
+        StaleNormals,
+        StaleValues,
+        StaleThresholds,
+        StaleVectors,
+        StaleContours,
+        STALE_COUNT
+    };
+
     // surface_build.cpp
     void BuildGeometry();
     void BuildHoles();
+    bool LacksNormals() const;
+    void BuildNormals();
     void BuildValues();
     void BuildThresholds();
     void BuildVectors();
@@ -75,15 +87,16 @@ private:
     // surface_pick.cpp
     void ForgetPickTree();
     void FillPickTree(CGLTree& tree) const;
-    bool NeedsNormals() const;
     bool IsHole(qint64 nElement) const;
 
     // surface_draw.cpp
     void Upload();
+    bool IsAnyStale(std::initializer_list<Stale_e> parts) const;
     void UploadMain();
     void UploadVectors();
     void UploadContours();
     void SetUniforms(CSurfaceShaderProgram& program) const;
+    void SetMatrices(CSurfaceShaderProgram& program, const QMatrix4x4& model) const;
     void DrawWith(CSurfaceShaderProgram& program, const QMatrix4x4& model, bool bOverlay);
     void DrawShaded(CSurfaceShaderProgram& program);
     VectorArrays::SArrows Arrows() const;
@@ -91,17 +104,16 @@ private:
     void DrawElements(SurfacePart_e ePart);
     void DrawLines(CSurfaceShaderProgram& program, SurfacePart_e ePart);
     // surface_lists.cpp
-    void ChooseLists();
+    void ChooseForm();
     void ForgetStaleLists();
     void CallList(SurfacePart_e ePart);
     void CompileElements(SurfacePart_e ePart);
     void CompileContours();
     void CompileVectors();
 
-    enum Stale_e { StaleGeometry, StaleValues, StaleThresholds, StaleVectors, StaleContours, STALE_COUNT };
-
     SSurfaceSize m_size;
     std::vector<DVector3D> m_positions;
+    DVector3D m_origin;              // what positions on the GPU are relative to
     std::vector<float> m_normals;    // three an element; empty until something shades
     std::vector<float> m_values;     // one an element, for the GPU; empty without a scalar
     std::vector<float> m_thresholds; // three an element
@@ -114,7 +126,8 @@ private:
     SPickedPoint m_maximum;
     std::unique_ptr<CGLTree> m_pPickTree; // of the elements that stand; null until it is asked for
 
-    bool m_bWithLists = false; // in place of the models
+    QPointer<QOpenGLContext> m_pContext; // all on the GPU is of it
+    bool m_bWithLists = false;           // in place of the models
     CSurfaceLists m_lists;
     CRawModel m_model;
     CRawModel m_contourModel;

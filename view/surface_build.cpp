@@ -5,13 +5,17 @@
 
 #include <cmath>
 
-bool CSurface::NeedsNormals() const { return drawShaded() || drawVectors(); }
+/** Something has begun to be lit since the geometry was built. */
+bool CSurface::LacksNormals() const
+{
+    return (drawShaded() || drawVectors()) && m_normals.empty() && m_size.Count() > 0;
+}
 
 bool CSurface::needsBuild() const
 {
     if (CurrentTime() != m_dTimeCode)
         return true;
-    if (!m_bGeometryValid || !m_bValuesValid || !m_bThresholdsValid)
+    if (!m_bGeometryValid || !m_bValuesValid || !m_bThresholdsValid || LacksNormals())
         return true;
     return (drawVectors() && !m_bVectorsValid) || (drawContours() && !m_bContoursValid);
 }
@@ -24,6 +28,8 @@ void CSurface::build()
     }
     if (!m_bGeometryValid)
         BuildGeometry();
+    if (LacksNormals())
+        BuildNormals();
     if (!m_bValuesValid)
         BuildValues();
     if (!m_bThresholdsValid)
@@ -60,10 +66,14 @@ void CSurface::BuildGeometry()
     }
     BuildHoles();
     MeasureBounds();
-    if (NeedsNormals()) {
-        m_normals.resize(3 * m_size.Count());
-        SurfaceArrays::BuildNormals(m_size, m_positions, m_normals);
-    }
+    m_origin = SurfaceArrays::OriginOf(boundsMinimum(), boundsMaximum());
+}
+
+void CSurface::BuildNormals()
+{
+    m_bStale[StaleNormals] = m_bStale[StaleVectors] = true;
+    m_normals.resize(3 * m_size.Count());
+    SurfaceArrays::BuildNormals(m_size, m_positions, m_normals);
 }
 
 /** A block that blanks nothing here is like one without blanking: no mask to upload and to draw with. */
@@ -178,6 +188,6 @@ void CSurface::BuildContourLines()
     const QPointF range = colormapRange();
     const std::span<const char> holes =
         showHoles() ? std::span<const char>(m_holes) : std::span<const char>();
-    m_contours = SurfaceArrays::BuildContours({m_size, m_positions, m_values, holes, m_thresholds},
+    m_contours = SurfaceArrays::BuildContours({m_size, m_positions, m_origin, m_values, holes, m_thresholds},
                                               contourCount(), range.x(), range.y());
 }

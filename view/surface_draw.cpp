@@ -22,38 +22,44 @@ template <class Draw> void DrawModel(CRawModel& model, const Draw& draw)
 
 } // namespace
 
+bool CSurface::IsAnyStale(std::initializer_list<Stale_e> parts) const
+{
+    return std::any_of(parts.begin(), parts.end(), [this](Stale_e ePart) { return m_bStale[ePart]; });
+}
+
 void CSurface::UploadMain()
 {
     if (m_bStale[StaleGeometry]) {
         m_model.Clear(); // an attribute that is no longer there may be of fewer elements
         m_model.Create();
         m_model.SetAttribute(AttributePosition, 3, m_size.Count(),
-                             SurfaceArrays::ToFloats(m_positions).data());
-        if (!m_normals.empty())
-            m_model.SetAttribute(AttributeNormal, 3, m_size.Count(), m_normals.data());
+                             SurfaceArrays::ToFloats(m_positions, m_origin).data());
         std::vector<float> flags(m_size.Count());
         SurfaceArrays::BuildOutlineFlags(m_size, flags);
         m_model.SetAttribute(AttributeOutline, 1, m_size.Count(), flags.data());
         m_pIndices = {};
     }
+    if (m_bStale[StaleNormals] && !m_normals.empty())
+        m_model.SetAttribute(AttributeNormal, 3, m_size.Count(), m_normals.data());
     if (m_bStale[StaleValues] && !m_values.empty())
         m_model.SetAttribute(AttributeValue, 1, m_size.Count(), m_values.data());
     if (m_bStale[StaleThresholds] && !m_thresholds.empty())
         m_model.SetAttribute(AttributeThreshold, 3, m_size.Count(), m_thresholds.data());
-    m_bStale[StaleGeometry] = m_bStale[StaleValues] = m_bStale[StaleThresholds] = false;
+    for (const Stale_e ePart : {StaleGeometry, StaleNormals, StaleValues, StaleThresholds})
+        m_bStale[ePart] = false;
 }
 
 void CSurface::Upload()
 {
     if (m_size.Count() == 0)
         return;
-    ChooseLists();
+    ChooseForm();
     if (m_bWithLists) {
         ForgetStaleLists();
         return;
     }
     m_model.Create();
-    if (m_bStale[StaleGeometry] || m_bStale[StaleValues] || m_bStale[StaleThresholds])
+    if (IsAnyStale({StaleGeometry, StaleNormals, StaleValues, StaleThresholds}))
         UploadMain();
     if (drawVectors() && m_bStale[StaleVectors])
         UploadVectors();
@@ -65,7 +71,7 @@ VectorArrays::SArrows CSurface::Arrows() const
 {
     if (m_vectors.empty())
         return {};
-    return VectorArrays::Build({m_size, m_positions, m_normals, m_values, m_thresholds, m_vectors,
+    return VectorArrays::Build({m_size, m_positions, m_origin, m_normals, m_values, m_thresholds, m_vectors,
                                 showHoles() ? std::span<const char>(m_holes) : std::span<const char>()});
 }
 
@@ -139,12 +145,26 @@ void CSurface::draw(bool bOverlay)
         DrawWith(*pProgram, extensionMatrix(), bOverlay);
 }
 
-void CSurface::DrawWith(CSurfaceShaderProgram& program, const QMatrix4x4& model, bool bOverlay)
+void CSurface::SetMatrices(CSurfaceShaderProgram& program, const QMatrix4x4& model) const
 {
     const SDrawContext& context = DrawContext();
-    program.Set(UniformModelMatrix, model);
-    program.Set(UniformNormalMatrix,
-                model.isIdentity() ? context.normal : (context.view * model).normalMatrix());
+    const QMatrix4x4& view = context.view.FloatMatrix();
+    program.Set(UniformNormalMatrix, model.isIdentity() ? context.normal : (view * model).normalMatrix());
+    if (m_origin == DVector3D()) {
+        program.Set(UniformViewMatrix, view);
+        program.Set(UniformModelMatrix, model);
+        return;
+    }
+    // The large parts of camera and origin cancel before anything is rounded to floats.
+    const DMatrix4x4 toView =
+        context.view.Matrix() * DMatrix4x4::FromFloat(model) * DMatrix4x4::Translation(m_origin);
+    program.Set(UniformViewMatrix, STransform(toView).FloatMatrix());
+    program.Set(UniformModelMatrix, QMatrix4x4());
+}
+
+void CSurface::DrawWith(CSurfaceShaderProgram& program, const QMatrix4x4& model, bool bOverlay)
+{
+    SetMatrices(program, model);
     if (drawNodes() || nodeVisible())
         DrawLines(program, NodesPart);
     if (drawOutlines())

@@ -1,14 +1,16 @@
 // CSurface: in display lists.
+#include "view/drawcontext.h"
 #include "view/surface.h"
 #include "view/surfaceshaderprogram.h"
 
-/** A change of the user's mind frees the one form; the other is made anew. */
-void CSurface::ChooseLists()
+/** A change of the user's mind, or a view in another context, frees what is there; all is made anew. */
+void CSurface::ChooseForm()
 {
     const bool bWithLists = CSurfaceLists::AreUsed();
-    if (bWithLists == m_bWithLists)
+    if (bWithLists == m_bWithLists && m_pContext == DrawContext().pOpenGL)
         return;
     m_bWithLists = bWithLists;
+    m_pContext = DrawContext().pOpenGL;
     m_lists.ForgetAll();
     for (CRawModel* const pModel : {&m_model, &m_contourModel, &m_vectorModel})
         pModel->Clear();
@@ -19,7 +21,7 @@ void CSurface::ChooseLists()
 /** A list can't be changed in part. What is shown is compiled when it is drawn. */
 void CSurface::ForgetStaleLists()
 {
-    if (m_bStale[StaleGeometry] || m_bStale[StaleValues] || m_bStale[StaleThresholds])
+    if (IsAnyStale({StaleGeometry, StaleNormals, StaleValues, StaleThresholds}))
         for (const SurfacePart_e ePart : {NodesPart, OutlinesPart, WireframePart, ShadedPart})
             m_lists.Forget(ePart);
     if (m_bStale[StaleContours])
@@ -44,7 +46,7 @@ void CSurface::CallList(SurfacePart_e ePart)
 
 void CSurface::CompileElements(SurfacePart_e ePart)
 {
-    const std::vector<float> positions = SurfaceArrays::ToFloats(m_positions);
+    const std::vector<float> positions = SurfaceArrays::ToFloats(m_positions, m_origin);
     std::vector<float> flags(m_size.Count());
     SurfaceArrays::BuildOutlineFlags(m_size, flags);
     std::vector<SVertexAttribute> attributes = {{AttributePosition, 3, positions.data()},

@@ -9,6 +9,7 @@ namespace {
 
 constexpr float GPU_NO_VALUE = 1e36F;
 constexpr float LARGEST_VALUE = 1e30F;
+constexpr double FAR_OFF = 16.0;         // extents of a box; floats have 24 bits
 constexpr qint64 NORMALS_AT_ONCE = 8192; // by one thread
 
 DVector3D UnitNormal(const DVector3D& a, const DVector3D& b, const DVector3D& c)
@@ -90,7 +91,7 @@ void AppendCrossing(const SurfaceArrays::SContourInput& input, const SCell& cell
     const int nTo = (nFrom + 1) % 4;
     const double t = (dLevel - cell.fValues[nFrom]) / (double(cell.fValues[nTo]) - cell.fValues[nFrom]);
     const qint64 a = cell.nCorners[nFrom], b = cell.nCorners[nTo];
-    const DVector3D point = input.positions[a] + t * (input.positions[b] - input.positions[a]);
+    const DVector3D point = input.positions[a] + t * (input.positions[b] - input.positions[a]) - input.origin;
     out.positions.insert(out.positions.end(), {float(point.x), float(point.y), float(point.z)});
     out.values.push_back(float(dLevel));
     for (int n = 0; !input.thresholds.empty() && n < 3; ++n) {
@@ -197,12 +198,23 @@ SurfaceArrays::SContours SurfaceArrays::BuildContours(const SContourInput& input
     return contours;
 }
 
-std::vector<float> SurfaceArrays::ToFloats(std::span<const DVector3D> points)
+DVector3D SurfaceArrays::OriginOf(const DVector3D& minimum, const DVector3D& maximum)
+{
+    double dExtent = 0.0, dFarthest = 0.0;
+    for (int nAxis = 0; nAxis < 3; ++nAxis) {
+        dExtent = std::max(dExtent, maximum[nAxis] - minimum[nAxis]);
+        dFarthest = std::max({dFarthest, std::abs(minimum[nAxis]), std::abs(maximum[nAxis])});
+    }
+    const bool bFar = minimum.x <= maximum.x && std::isfinite(dFarthest) && dFarthest > FAR_OFF * dExtent;
+    return bFar ? 0.5 * (minimum + maximum) : DVector3D();
+}
+
+std::vector<float> SurfaceArrays::ToFloats(std::span<const DVector3D> points, const DVector3D& origin)
 {
     std::vector<float> floats(3 * points.size());
     float* pFloat = floats.data();
     for (const DVector3D& point : points)
-        for (const double d : {point.x, point.y, point.z})
+        for (const double d : {point.x - origin.x, point.y - origin.y, point.z - origin.z})
             *pFloat++ = static_cast<float>(d);
     return floats;
 }

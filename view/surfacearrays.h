@@ -61,6 +61,7 @@ struct SContourInput
 {
     SSurfaceSize size;
     std::span<const DVector3D> positions;
+    DVector3D origin;                  ///< what the positions of the result are relative to
     std::span<const float> values;     ///< 1e30 and above, or NaN, where there is none
     std::span<const char> holes;       ///< true where the element is blanked; may be empty
     std::span<const float> thresholds; ///< three an element; may be empty
@@ -73,8 +74,14 @@ struct SContourInput
  */
 SContours BuildContours(const SContourInput& input, qint64 nCount, double dMinimum, double dMaximum);
 
-/** Three floats a point. */
-std::vector<float> ToFloats(std::span<const DVector3D> points);
+/**
+ * What float positions of a box are relative to: the middle of a box so far from 0 for its extent that floats
+ * would tell its points apart worse than a view can, else 0.
+ */
+DVector3D OriginOf(const DVector3D& minimum, const DVector3D& maximum);
+
+/** Three floats a point, relative to the origin. */
+std::vector<float> ToFloats(std::span<const DVector3D> points, const DVector3D& origin);
 
 /** The values that go to the GPU: what is no number, or no value, becomes 1e36, which the shaders don't
  * colour.

@@ -44,6 +44,26 @@ SSurfacePlane OfCells(SSurfacePlane plane, const IVector3D& cells)
     return plane;
 }
 
+/** Asked after a read: false if some of the grids or solutions behind it couldn't be loaded. */
+template <class Source> bool AreLoaded(const QVector<Source*>& leaves)
+{
+    return std::all_of(leaves.begin(), leaves.end(), [](const Source* pLeaf) {
+        return pLeaf->GetBytesNeeded() == 0 || pLeaf->GetBytesInUse() != 0;
+    });
+}
+
+bool WasRead(IGrid& grid)
+{
+    const QVector<IGrid*> leaves = grid.GetLeafGrids();
+    return !leaves.isEmpty() && AreLoaded(leaves);
+}
+
+/** The same of a field, which gives zeros that mean nothing where its data are missing. */
+bool WasRead(IStructredSolution& field, const SIJKRange& range)
+{
+    return AreLoaded(field.GetLeafSolutions()) && (field.HasValue(range.min) || field.HasValue(range.max));
+}
+
 QJsonArray ToJson(const IVector3D& v) { return {qint64(v.i), qint64(v.j), qint64(v.k)}; }
 
 IVector3D ToVector(const QJsonValue& value, const IVector3D& fallback)
@@ -129,10 +149,12 @@ bool CSurfaceDrawable::ReadPositions(std::span<DVector3D> positions)
     if (m_bCells) {
         for (std::size_t n = 0; n < positions.size(); ++n)
             positions[n] = pGrid->GetCellCentre(m_built.AddressOf(qint64(n)), 0.0);
-        return true;
+        return WasRead(*pGrid);
     }
     std::vector<double> x(positions.size()), y(positions.size()), z(positions.size());
     pGrid->FillPoints(m_built.Range(), {x, y, z});
+    if (!WasRead(*pGrid))
+        return false;
     ForEachElement(m_built, [&](qint64 nElement, qint64 nPlace) {
         positions[nElement] = {x[nPlace], y[nPlace], z[nPlace]};
     });
@@ -156,6 +178,8 @@ bool CSurfaceDrawable::ReadValues(qint64 nVariableId, std::span<double> values)
         return false;
     std::vector<double> plane(values.size());
     pField->FillValues(m_built.Range(), plane);
+    if (!WasRead(*pField, m_built.Range()))
+        return false;
     ForEachElement(m_built, [&](qint64 nElement, qint64 nPlace) { values[nElement] = plane[nPlace]; });
     return true;
 }
@@ -163,7 +187,10 @@ bool CSurfaceDrawable::ReadValues(qint64 nVariableId, std::span<double> values)
 double CSurfaceDrawable::ReadValue(qint64 nVariableId, qint64 nElement) const
 {
     const auto pField = FieldOverPlane(nVariableId);
-    return pField ? pField->GetValue(m_built.AddressOf(nElement)) : NO_VALUE;
+    if (!pField)
+        return NO_VALUE;
+    const double dValue = pField->GetValue(m_built.AddressOf(nElement));
+    return WasRead(*pField, m_built.Range()) ? dValue : NO_VALUE;
 }
 
 bool CSurfaceDrawable::ReadVectors(qint64 nVariableId, std::span<DVector3D> vectors)
@@ -173,6 +200,8 @@ bool CSurfaceDrawable::ReadVectors(qint64 nVariableId, std::span<DVector3D> vect
         return false;
     std::vector<double> x(vectors.size()), y(vectors.size()), z(vectors.size());
     pField->FillVectors(m_built.Range(), {x, y, z});
+    if (!WasRead(*pField, m_built.Range()))
+        return false;
     ForEachElement(m_built, [&](qint64 nElement, qint64 nPlace) {
         vectors[nElement] = {x[nPlace], y[nPlace], z[nPlace]};
     });

@@ -33,7 +33,7 @@ std::shared_ptr<CSurfaceIndexBuffer> CSurfaceIndexBuffer::Of(const SSurfaceSize&
     QOpenGLContextGroup* const pGroup = QOpenGLContextGroup::currentContextGroup();
     std::weak_ptr<CSurfaceIndexBuffer>& known = s_buffers[{pGroup, size.nRows, size.nColumns, eIndices}];
     std::shared_ptr<CSurfaceIndexBuffer> pBuffer = known.lock();
-    if (!pBuffer) {
+    if (!pBuffer || !pBuffer->m_pGroup) { // one of a group that has gone, in whose place another stands
         pBuffer.reset(new CSurfaceIndexBuffer(SurfaceIndices(size, eIndices)));
         known = pBuffer;
         std::erase_if(s_buffers, [](const auto& entry) { return entry.second.expired(); });

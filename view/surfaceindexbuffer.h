@@ -2,11 +2,10 @@
 
 #include "view/surfacearrays.h"
 
-#include <qopengl.h>
+#include <QOpenGLContext>
+#include <QPointer>
 
 #include <memory>
-
-class QOpenGLContextGroup;
 
 enum SurfaceIndices_e { WireframeIndices, TriangleIndices, OutlineIndices, SURFACE_INDICES_COUNT };
 
@@ -31,7 +30,7 @@ public:
 private:
     explicit CSurfaceIndexBuffer(const QVector<quint32>& indices);
 
-    QOpenGLContextGroup* const m_pGroup;
+    const QPointer<QOpenGLContextGroup> m_pGroup;
     GLuint m_nBuffer = 0;
     int m_nCount;
 };

@@ -2,10 +2,11 @@
 
 #include "view/surfaceparts.h"
 
+#include <QOpenGLContext>
+#include <QPointer>
+
 #include <array>
 #include <span>
-
-class QOpenGLContextGroup;
 
 /**
  * The display lists of a surface: names in the share group of the context that compiled them. Compile, Call
@@ -39,6 +40,6 @@ private:
     template <class Draw>
     void CompileWith(SurfacePart_e ePart, std::span<const SVertexAttribute> attributes, const Draw& draw);
 
-    QOpenGLContextGroup* m_pGroup = nullptr;
+    QPointer<QOpenGLContextGroup> m_pGroup;
     std::array<GLuint, SURFACE_PART_COUNT> m_names = {};
 };

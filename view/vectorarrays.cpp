@@ -27,14 +27,14 @@ std::vector<float> Repeated(std::span<const float> numbers, int nComponents)
     return out;
 }
 
-std::vector<float> Repeated(std::span<const DVector3D> points)
+std::vector<float> Repeated(std::span<const DVector3D> points, const DVector3D& origin = {})
 {
     std::vector<float> out;
     out.reserve(points.size() * 3 * VectorArrays::CORNERS);
     for (const DVector3D& point : points)
         for (int nCorner = 0; nCorner < VectorArrays::CORNERS; ++nCorner)
             for (int nAxis = 0; nAxis < 3; ++nAxis)
-                out.push_back(static_cast<float>(point[nAxis]));
+                out.push_back(static_cast<float>(point[nAxis] - origin[nAxis]));
     return out;
 }
 
@@ -55,7 +55,7 @@ std::vector<float> Addresses(const SSurfaceSize& size)
 VectorArrays::SArrows VectorArrays::Build(const SInput& input)
 {
     SArrows arrows;
-    arrows.positions = Repeated(input.positions);
+    arrows.positions = Repeated(input.positions, input.origin);
     arrows.vectors = Repeated(input.vectors);
     arrows.normals = Repeated(input.normals, 3);
     arrows.values = Repeated(input.values, 1);

@@ -11,6 +11,7 @@ struct SInput
 {
     SSurfaceSize size;
     std::span<const DVector3D> positions;
+    DVector3D origin;                  ///< what the positions of the result are relative to
     std::span<const float> normals;    ///< three an element, or empty
     std::span<const float> values;     ///< or empty
     std::span<const float> thresholds; ///< three an element, or empty

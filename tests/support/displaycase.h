@@ -41,14 +41,20 @@ public:
     }
 };
 
-/** A test with two blocks (5 x 4 x 3 and 3 x 3 x 3, items 1 and 2) of a Plot3D case, shown in view 1. */
+/**
+ * A test with the blocks of a Plot3D case as items 1, 2, ... shown in view 1: two (5 x 4 x 3 and 3 x 3 x 3),
+ * all of whose points lie on a line, unless the test opens files of its own.
+ */
 class DisplayCase : public Plot3DCaseFixture
 {
 protected:
-    DisplayCase()
+    /** Writes and registers the files of SIMULATION in a folder. */
+    using Opener = SPlot3DCase (*)(const QString& sFolder);
+
+    explicit DisplayCase(Opener open = nullptr)
     {
         CSimulationManager::Instance().AddSimulation(m_pSimulation, VIEW);
-        m_case = OpenTwoBlocks();
+        m_case = open ? open(m_folder.path()) : OpenTwoBlocks();
         for (int n = 0; n < m_case.blocks.size(); ++n) {
             CItem* const pBlock = m_pSimulation->CreateItem(KindBlock, 0, true, n, n + 1, 0);
             pBlock->SetName(QString("Block %1").arg(n + 1), 0);

@@ -1,146 +1,5 @@
-// Pictures of small scenes. Skipped where there is no OpenGL.
-#include "frame/novalue.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
-#include "tests/support/offscreencontext.h"
-#include "tests/support/testsimulation.h"
-#include "tests/support/testsurface.h"
-#include "view/colormaps/colormaptables.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
-
-namespace {
-
-constexpr qint64 VIEW = 1;
-constexpr int PIXELS = 100;         // each way
-constexpr double HALF_WIDTH = 1.25; // so that -1 to 1 takes the pixels 10 to 90
-constexpr int TOLERANCE = 8;        // of a colour
-const QColor BACKGROUND(0, 0, 0), NAN_COLOR(255, 102, 178);
-
-/** Elements with values, thresholds (variable 2) and vectors (variable 3) that a test gives. */
-class CColouredSurface : public CTestSurface
-{
-public:
-    using CTestSurface::CTestSurface;
-    std::vector<double> m_values;
-
-protected:
-    bool ReadValues(qint64, std::span<double> values) override
-    {
-        std::copy(m_values.begin(), m_values.end(), values.begin());
-        return !m_values.empty();
-    }
-    bool ReadVectors(qint64, std::span<DVector3D> vectors) override
-    {
-        for (std::size_t n = 0; n < vectors.size(); ++n)
-            vectors[n] = {100.0, 20.0 * double(n), 0.0};
-        return true;
-    }
-};
-
-template <class Key, class Value> void SetPreference(const Key& key, const Value& value)
-{
-    Set(CPreferences::Instance(), key, value);
-    CPreferences::Instance().Apply();
-    CShaderManager::Instance().InvalidateGlobalUniforms();
-}
-
-class Render : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        if (!m_context.IsValid())
-            GTEST_SKIP() << "no OpenGL here";
-        m_context.SetSize({PIXELS, PIXELS});
-        auto* const pSimulation = new CTestSimulation;
-        CSimulationManager::Instance().AddSimulation(pSimulation, VIEW);
-        m_nSimulation = pSimulation->GetId();
-        m_pSelectable = std::make_unique<CTestSelectable>(VIEW, m_nSimulation, 1);
-    }
-    void TearDown() override
-    {
-        m_pSurface.reset();
-        CSimulationManager::Instance().RemoveAllViews();
-        SetPreference(PreferenceKey::USE_DISPLAY_LISTS, false);
-        SetPreference(PreferenceKey::HIGHLIGHT_OUTLINE, false);
-        SetPreference(PreferenceKey::USE_OUTLINE_COLOR, true);
-    }
-
-    /** n x n elements over the square from -1 to 1, rows from left to right; coloured by its values. */
-    template <class Value> CColouredSurface& Square(int n, const Value& value)
-    {
-        m_pSurface = std::make_unique<CColouredSurface>(
-            m_nSimulation, VIEW, SSurfaceSize{n, n}, [n](qint64 r, qint64 c) {
-                return DVector3D{-1.0 + 2.0 * double(r) / (n - 1), -1.0 + 2.0 * double(c) / (n - 1), 0.0};
-            });
-        for (int r = 0; r < n; ++r)
-            for (int c = 0; c < n; ++c)
-                m_pSurface->m_values.push_back(value(r, c));
-        m_pSurface->addOwner(m_pSelectable.get());
-        m_pSurface->setScalarVariable(1);
-        m_pSurface->setGeometricColor(false);
-        m_pSurface->setColormapType(0);
-        m_pSurface->setColormapValues(0.0, n - 1);
-        m_pSurface->setDisplayType(DisplayShaded);
-        return *m_pSurface;
-    }
-    CColouredSurface& Ramp(int n)
-    {
-        return Square(n, [](int r, int) { return double(r); });
-    }
-
-    void Draw()
-    {
-        m_context.Clear();
-        SFrameSettings frame;
-        frame.nViewId = VIEW;
-        frame.dLeft = frame.dBottom = -HALF_WIDTH;
-        frame.dRight = frame.dTop = HALF_WIDTH;
-        frame.viewport = {PIXELS, PIXELS};
-        m_context.Renderer().Render(frame);
-        m_image = m_context.Image();
-    }
-    /** At a place of the square. */
-    QColor At(double x, double y) const
-    {
-        return m_image.pixelColor(int((x + HALF_WIDTH) / (2.0 * HALF_WIDTH) * PIXELS),
-                                  int((HALF_WIDTH - y) / (2.0 * HALF_WIDTH) * PIXELS));
-    }
-    void ExpectColor(double x, double y, const QColor& expected) const
-    {
-        const QColor got = At(x, y);
-        EXPECT_TRUE(std::abs(got.red() - expected.red()) <= TOLERANCE &&
-                    std::abs(got.green() - expected.green()) <= TOLERANCE &&
-                    std::abs(got.blue() - expected.blue()) <= TOLERANCE)
-            << "at " << x << ", " << y << ": " << got.name().toStdString() << " in place of "
-            << expected.name().toStdString();
-    }
-    bool HasColor(const QColor& color) const
-    {
-        for (int y = 0; y < PIXELS; ++y)
-            for (int x = 0; x < PIXELS; ++x)
-                if (m_image.pixelColor(x, y).rgb() == color.rgb())
-                    return true;
-        return false;
-    }
-    static QColor MapColor(int nTexel)
-    {
-        const auto* const p =
-            reinterpret_cast<const uchar*>(FindColormap(0)->texels.constData()) + 3 * nTexel;
-        return {p[0], p[1], p[2]};
-    }
-
-    COffscreenContext m_context;
-    qint64 m_nSimulation = -1;
-    std::unique_ptr<CTestSelectable> m_pSelectable;
-    std::unique_ptr<CColouredSurface> m_pSurface;
-    QImage m_image;
-};
-
-} // namespace
+// Pictures of small scenes: what is seen of one surface.
+#include "tests/view/renderfixture.h"
 
 TEST_F(Render, ValuesTakeTheirPlaceInTheColormap)
 {
@@ -316,4 +175,63 @@ TEST_F(Render, DisplayListsDrawTheSamePicture)
     const QImage lists = m_image;
     compare("after a change");
     EXPECT_EQ(lists, m_image);
+}
+
+TEST_F(Render, WhatIsShadedLaterIsLitToo)
+{
+    SetPreference(PreferenceKey::USE_OUTLINE_COLOR, false);
+    for (const bool bLists : {false, true}) {
+        SetPreference(PreferenceKey::USE_DISPLAY_LISTS, bLists);
+        m_pSurface = std::make_unique<CColouredSurface>(
+            m_nSimulation, VIEW, SSurfaceSize{2, 2}, [](qint64 r, qint64 c) {
+                return DVector3D{2.0 * double(r) - 1.0, 2.0 * double(c) - 1.0, 2.0 * double(r)};
+            });
+        m_pSurface->setShadeColor(QColor(200, 200, 200));
+        m_pSurface->setDisplayType(DisplayWireframe);
+        Draw();
+        ExpectColor(0.1, 0.3, BACKGROUND);
+        m_pSurface->setDrawShaded(true); // over the lines; nothing else has changed
+        Draw();
+        const int nLit = int(200 * (0.15 + 0.85 * std::sqrt(0.5)));
+        ExpectColor(0.1, 0.3, QColor(nLit, nLit, nLit));
+        EXPECT_FALSE(m_pSurface->needsBuild());
+    }
+}
+
+TEST_F(Render, FarFromTheOriginThePictureIsTheSame)
+{
+    for (const bool bLists : {false, true}) {
+        SetPreference(PreferenceKey::USE_DISPLAY_LISTS, bLists);
+        const auto draw = [this](const DVector3D& corner) {
+            CColouredSurface& surface = Square(21, [](int r, int c) { return 0.7 * r + 0.3 * c; });
+            for (DVector3D& place : surface.m_places) {
+                place.z = 0.5 * std::sin(7.0 * place.x) * place.y;
+                place = corner + place;
+            }
+            surface.setVectorVariable(3);
+            surface.setDisplayType(DisplayShaded);
+            surface.setDrawContours(true);
+            surface.setDrawVectors(true);
+            surface.invalidateAll();
+            // Turned about the corner, which stays in the middle of the picture.
+            m_view = DMatrix4x4::Rotation(0, 0.5) * DMatrix4x4::Rotation(1, 0.6);
+            const DVector3D middle = m_view.MapPoint(corner);
+            m_middle = {middle.x, middle.y};
+            Draw();
+            return m_image;
+        };
+        const QImage expected = draw({0, 0, 0});
+        for (const DVector3D& corner : {DVector3D{1e4, 0, 0}, {-3e6, 2e6, 1e6}, {1e8, -1e8, 1e8}}) {
+            const QImage image = draw(corner);
+            int nDifferent = 0;
+            for (int y = 0; y < PIXELS; ++y)
+                for (int x = 0; x < PIXELS; ++x) {
+                    const QColor a = image.pixelColor(x, y), b = expected.pixelColor(x, y);
+                    nDifferent += std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) +
+                                      std::abs(a.blue() - b.blue()) >
+                                  30;
+                }
+            EXPECT_LT(nDifferent, PIXELS * PIXELS / 200) << corner.x << (bLists ? " with lists" : "");
+        }
+    }
 }

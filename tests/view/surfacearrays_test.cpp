@@ -115,7 +115,7 @@ TEST(SurfaceArrays, ContoursOfALinearFieldLieAtTheirLevels)
         values.push_back(float(p.z));
         thresholds.insert(thresholds.end(), {float(p.x), 0.0F, 1.0F});
     }
-    const SContours lines = BuildContours({size, positions, values, {}, thresholds}, 8, 0.0, 34.0);
+    const SContours lines = BuildContours({size, positions, {}, values, {}, thresholds}, 8, 0.0, 34.0);
     ASSERT_EQ(lines.positions.size(), 3 * lines.values.size());
     ASSERT_EQ(lines.values.size() % 2, 0U);
     std::map<float, double> lengths; // by level
@@ -140,11 +140,11 @@ TEST(SurfaceArrays, ContoursAreWholeAtASaddleAndSpareCellsWithoutValue)
     // High at two opposite corners of the first cell alone: two segments, each from edge to edge.
     const std::vector<float> saddle = {1, 0, 0, 0, 1, 1, 0, 1, 1};
     const SContours lines =
-        BuildContours({{2, 2}, positions, std::vector<float>{1, 0, 0, 1}, {}, {}}, 2, 0, 1);
+        BuildContours({{2, 2}, positions, {}, std::vector<float>{1, 0, 0, 1}, {}, {}}, 2, 0, 1);
     EXPECT_EQ(std::count(lines.values.begin(), lines.values.end(), 0.5F), 4);
 
     const auto count = [&](const std::vector<float>& values, const std::vector<char>& holes) {
-        const SContours found = BuildContours({size, positions, values, holes, {}}, 2, 0.0, 1.0);
+        const SContours found = BuildContours({size, positions, {}, values, holes, {}}, 2, 0.0, 1.0);
         return std::count(found.values.begin(), found.values.end(), 0.5F);
     };
     EXPECT_EQ(count(saddle, {}), 4 + 2 + 2);

@@ -19,22 +19,16 @@ public:
     {
         const QMatrix4x4 model = drawable.modelMatrix();
         for (const STransform& transform : m_transforms) {
-            if (visit(model.isIdentity() ? transform.Matrix() : transform.Matrix() * ToDouble(model)))
+            if (visit(model.isIdentity() ? transform.Matrix()
+                                         : transform.Matrix() * DMatrix4x4::FromFloat(model)))
                 return true;
-            if (drawable.isExtended() && visit(transform.Matrix() * ToDouble(drawable.extensionMatrix())))
+            if (drawable.isExtended() &&
+                visit(transform.Matrix() * DMatrix4x4::FromFloat(drawable.extensionMatrix())))
                 return true;
         }
         return false;
     }
 
 private:
-    static DMatrix4x4 ToDouble(const QMatrix4x4& matrix)
-    {
-        DMatrix4x4 result;
-        for (int n = 0; n < 16; ++n)
-            result.d[n] = double(matrix(n / 4, n % 4));
-        return result;
-    }
-
     const QVector<STransform> m_transforms;
 };

@@ -158,7 +158,7 @@ void COpenGLDrawer::PaintScene(bool bInteracting)
     }
     SFrameSettings frame;
     frame.nViewId = m_nViewId;
-    frame.view = m_camera.FloatView();
+    frame.view = m_camera.View();
     frame.dLeft = m_camera.Box().dLeft;
     frame.dRight = m_camera.Box().dRight;
     frame.dTop = m_camera.Box().dTop;

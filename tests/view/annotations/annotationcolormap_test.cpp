@@ -6,6 +6,7 @@
 #include "tests/support/testdrawable.h"
 #include "view/annotations/icolormapeditor.h"
 #include "view/annotations/legendtexts.h"
+#include "view/colormaps/colormaptables.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -222,4 +223,39 @@ TEST_F(Legend, ADoubleClickSelectsTheItemAloneAndEditsIt)
     EXPECT_EQ(editor.m_nCalls, 1);
     EXPECT_TRUE(m_pItem->isSelected());
     EXPECT_FALSE(pOther->isSelected());
+}
+
+TEST_F(Legend, EachNumberIsPaintedBesideTheColourOfItsValue)
+{
+    m_pDrawable->setColormapValues(-2.0, 6.0);
+    m_pDrawable->setColormapType(16);
+    const SLegendLayout layout = Layout([](SLegendSettings& settings) {
+        settings.nLabelCount = 5;
+        settings.nDigits = 1;
+    });
+    const SLegendContent& content = Annotation().content();
+    ASSERT_EQ(content.sLabelList, QStringList({"-2.0", "0.0", "2.0", "4.0", "6.0"}));
+    const QImage image = Painted();
+    const auto* const pTexels = reinterpret_cast<const uchar*>(FindColormap(16)->texels.constData());
+    for (int n = 0; n < 5; ++n) {
+        SCOPED_TRACE(content.sLabelList[n].toStdString());
+        const QRect label = layout.labels[n];
+        const int nY = std::clamp(label.center().y(), layout.colorbar.top(), layout.colorbar.bottom());
+        const QColor beside = image.pixelColor(layout.colorbar.right() - 2, nY);
+        const uchar* const pTexel = pTexels + 3 * int((content.sLabelList[n].toDouble() + 2.0) / 8.0 * 1023);
+        EXPECT_NEAR(beside.red(), pTexel[0], 6);
+        EXPECT_NEAR(beside.green(), pTexel[1], 6);
+        EXPECT_NEAR(beside.blue(), pTexel[2], 6);
+        // The number as the painter writes it, there and nowhere else.
+        QImage expected(label.size(), QImage::Format_RGB32);
+        expected.fill(Qt::gray);
+        QPainter painter(&expected);
+        painter.drawText(expected.rect(), Qt::AlignLeft | Qt::AlignVCenter, content.sLabelList[n]);
+        painter.end();
+        for (int y = 0; y < label.height(); ++y)
+            for (int x = 0; x < label.width(); ++x)
+                EXPECT_NEAR(qGray(image.pixel(label.topLeft() + QPoint(x, y))), qGray(expected.pixel(x, y)),
+                            25);
+    }
+    EXPECT_EQ(image.pixelColor(layout.frame.right() + 10, 150), QColor(Qt::gray));
 }

@@ -1,0 +1,200 @@
+// The widget of a view: sizes that it may have, samples a pixel, data that go while they are shown.
+#include "frame/memorymanager.h"
+#include "frame/preferencekeys.h"
+#include "frame/preferences.h"
+#include "tests/support/displaycase.h"
+#include "view/pick/viewpicker.h"
+#include "view/shadermanager.h"
+#include "view/ui/opengldrawer.h"
+#include "view/ui/surfaceformat.h"
+
+#include <QDataStream>
+#include <QFile>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QPainter>
+
+namespace {
+
+constexpr QSize SIZE(200, 160);
+
+bool HasOpenGL()
+{
+    QOffscreenSurface surface;
+    surface.create();
+    QOpenGLContext context;
+    return context.create() && context.makeCurrent(&surface);
+}
+
+/** A raw file of one block of 3 x 3 x 2 points in single precision, each array by value(i, j, k). */
+template <class Value>
+QString WriteBlock(const QString& sFileName, const QVector<qint32>& header, int nArrays, const Value& value)
+{
+    QFile file(sFileName);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    QDataStream stream(&file);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
+    for (const qint32 n : header)
+        stream << n;
+    for (int nArray = 0; nArray < nArrays; ++nArray)
+        for (int n = 0; n < 3 * 3 * 2; ++n)
+            stream << float(value(nArray, IVector3D{n % 3, n / 3 % 3, n / 9}));
+    return sFileName;
+}
+
+/** A cube whose points stand at their addresses, with the function "Sum" of these. */
+SPlot3DCase OpenCube(const QString& sFolder)
+{
+    const QString sGrid = WriteBlock(sFolder + "/case.x", {1, 3, 3, 2}, 3,
+                                     [](int nAxis, const IVector3D& ijk) { return double(ijk[nAxis]); });
+    const QString sFunction = WriteBlock(sFolder + "/case.f", {1, 3, 3, 2, 1}, 1,
+                                         [](int, const IVector3D& ijk) { return double(ijk.i + ijk.j); });
+    SPlot3DCaseFiles files(sGrid, {}, {sFunction});
+    files.functions[0].sNameList = QStringList{"Sum"};
+    return RegisterPlot3DCase(1, files);
+}
+
+/** The plane K = 2 of a cube on disk, shaded in red over a white background. */
+class ViewWidget : public DisplayCase
+{
+protected:
+    ViewWidget() : DisplayCase(OpenCube) {}
+    void SetUp() override
+    {
+        if (!HasOpenGL())
+            GTEST_SKIP() << "no OpenGL here";
+        CPreferences& preferences = CPreferences::Instance();
+        for (const SKey<QColor>& key : PreferenceKey::BACKGROUND_COLORS)
+            Set(preferences, key, QColor(Qt::white));
+        Set(preferences, PreferenceKey::SHOW_AXES, false);
+        Set(preferences, PreferenceKey::SHOW_SCALING, false);
+        Set(preferences, PreferenceKey::ROTATION_AXIS_VISIBILITY, 0);
+        Set(preferences, PreferenceKey::USE_OUTLINE_COLOR, false);
+        preferences.Apply();
+        Selectable(1)->setVisible(false);
+        m_pSurface = AddSurface();
+        m_pSurface->setDisplayType(DisplayShaded);
+        m_pSurface->setShadeColor(QColor(240, 0, 0));
+        Open(0);
+    }
+    ~ViewWidget() override
+    {
+        Close();
+        CPreferences::Instance() = CPreferences();
+        QSurfaceFormat::setDefaultFormat(QSurfaceFormat());
+    }
+
+    void Open(int nSamples)
+    {
+        Close();
+        QSurfaceFormat::setDefaultFormat(ViewSurfaceFormat(nSamples));
+        CShaderManager::Instance().CreatePrograms(); // each view is alone, and shares with none
+        m_pDrawer = std::make_unique<COpenGLDrawer>(VIEW);
+        m_pDrawer->setAttribute(Qt::WA_DontShowOnScreen);
+        m_pDrawer->resize(SIZE);
+        m_pDrawer->show();
+        m_pDrawer->FitNextFrame();
+    }
+    void Close()
+    {
+        if (std::exchange(m_pDrawer, nullptr))
+            CShaderManager::Instance().DeletePrograms();
+    }
+    QImage Grab()
+    {
+        const QImage image = m_pDrawer->grabFramebuffer();
+        m_pDrawer->makeCurrent();
+        EXPECT_EQ(glGetError(), GLenum(GL_NO_ERROR));
+        m_pDrawer->doneCurrent();
+        return image;
+    }
+    static bool IsRed(const QColor& color)
+    {
+        return color.red() > 200 && color.green() < 60 && color.blue() < 60;
+    }
+    static QColor Middle(const QImage& image) { return image.pixelColor(image.rect().center()); }
+    std::unique_ptr<COpenGLDrawer> m_pDrawer;
+    CSurfaceSelectable* m_pSurface = nullptr;
+};
+
+} // namespace
+
+TEST_F(ViewWidget, WithoutSamplesThePictureIsTheSameButForItsEdges)
+{
+    SCamera camera = m_pDrawer->GetCamera(); // no edge along the pixels
+    camera.view.rotate(20.0F, 0.0F, 0.0F, 1.0F);
+    const auto draw = [&] {
+        m_pDrawer->SetCamera(camera, FitAll);
+        m_pDrawer->FitNextFrame();
+        return Grab();
+    };
+    const QImage sharp = draw();
+    ASSERT_EQ(sharp.size(), SIZE);
+    EXPECT_TRUE(IsRed(Middle(sharp))) << Middle(sharp).name().toStdString();
+    EXPECT_EQ(sharp.pixelColor(1, 1), QColor(Qt::white));
+    Open(4);
+    const QImage smooth = draw();
+    EXPECT_NE(smooth, sharp) << "its edges aren't smoothed";
+    EXPECT_EQ(Middle(smooth), Middle(sharp));
+    EXPECT_EQ(smooth.pixelColor(1, 1), QColor(Qt::white));
+    qint64 nDifferent = 0;
+    for (int y = 0; y < SIZE.height(); ++y)
+        for (int x = 0; x < SIZE.width(); ++x)
+            nDifferent += smooth.pixel(x, y) != sharp.pixel(x, y);
+    EXPECT_LT(nDifferent, SIZE.width() * SIZE.height() / 20);
+}
+
+TEST_F(ViewWidget, AViewOfNoSizeDrawsNothingAndOneThatGetsItDrawsRight)
+{
+    const QImage before = Grab();
+    m_pSurface->setSelected(true); // the silhouette has buffers of the view's size
+    Set(CPreferences::Instance(), PreferenceKey::HIGHLIGHT_OUTLINE, true);
+    CPreferences::Instance().Apply();
+    for (const QSize& size : {QSize(0, 0), QSize(0, 50), QSize(50, 0), QSize(1, 1), QSize(1, 300)}) {
+        m_pDrawer->resize(size);
+        Grab();
+        m_pDrawer->resize(SIZE);
+        m_pDrawer->ZoomToFit();
+        EXPECT_TRUE(IsRed(Middle(Grab()))) << size.width() << " x " << size.height();
+    }
+    m_pSurface->setSelected(false);
+    EXPECT_EQ(Grab(), before);
+
+    // One that never had a size until now.
+    Close();
+    CShaderManager::Instance().CreatePrograms();
+    m_pDrawer = std::make_unique<COpenGLDrawer>(VIEW);
+    m_pDrawer->setAttribute(Qt::WA_DontShowOnScreen);
+    m_pDrawer->resize(0, 0);
+    m_pDrawer->show();
+    m_pDrawer->FitNextFrame();
+    Grab();
+    m_pDrawer->resize(SIZE);
+    m_pDrawer->FitNextFrame();
+    EXPECT_EQ(Grab(), before);
+}
+
+TEST_F(ViewWidget, DataThatGoWhileTheyAreShownLeaveWhatIsThereAndFailNothing)
+{
+    m_pSurface->setScalarVariable(Id("X"));
+    m_pSurface->setGeometricColor(false);
+    m_pSurface->setColormapValues(0.0, 2.0);
+    const QImage before = Grab();
+    EXPECT_GT(Middle(before).green(), 150);
+    ASSERT_TRUE(QFile::remove(m_folder.filePath("case.f")));
+    EXPECT_EQ(Grab(), before) << "what is built stays";
+    m_pSurface->setScalarVariable(Id("Sum")); // never read, and no longer there
+    EXPECT_EQ(Middle(Grab()), QColor(255, 102, 178)) << "no value";
+    m_pSurface->setThresholdVariable(Id("Sum"));
+    m_pSurface->setThresholdRange({0.0, 4.0});
+    m_pSurface->setThresholdEnable(true);
+    EXPECT_EQ(Middle(Grab()), QColor(255, 102, 178)) << "no threshold without its values";
+    ASSERT_TRUE(QFile::remove(m_folder.filePath("case.x")));
+    EXPECT_EQ(Middle(Grab()), QColor(255, 102, 178));
+    CMemoryManager::Instance().FreeAll();
+    for (IDrawable* const pDrawable : m_pSurface->drawables())
+        pDrawable->invalidateAll();
+    EXPECT_EQ(Middle(Grab()), QColor(Qt::white)) << "nothing is left";
+    EXPECT_TRUE(ViewPicker::Hits({VIEW, {}, {-1e9, -1e9, 1e9, 1e9}}).isEmpty());
+}
