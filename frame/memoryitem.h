@@ -42,6 +42,8 @@ public:
     qint64 GetLastAccess() const override { return m_nLastAccess; }
 
 protected:
+    /** The last load failed for good. */
+    bool HasFailed() const { return m_nStatus == LoadFailed || m_nStatus == LoadBadContent; }
     void SetBytesInUse(qint64 nBytes) { m_nBytesInUse = nBytes; }
     void SetBytesNeeded(qint64 nBytes) { m_nBytesNeeded = nBytes; }
 

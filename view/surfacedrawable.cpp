@@ -44,11 +44,14 @@ SSurfacePlane OfCells(SSurfacePlane plane, const IVector3D& cells)
     return plane;
 }
 
-/** Asked after a read: false if some of the grids or solutions behind it couldn't be loaded. */
+/**
+ * Asked after a read: false if some of the grids or solutions behind it couldn't be loaded. One that was
+ * never loaded has been read in part.
+ */
 template <class Source> bool AreLoaded(const QVector<Source*>& leaves)
 {
     return std::all_of(leaves.begin(), leaves.end(), [](const Source* pLeaf) {
-        return pLeaf->GetBytesNeeded() == 0 || pLeaf->GetBytesInUse() != 0;
+        return pLeaf->GetStatus() == LoadOk || pLeaf->GetStatus() == LoadNever;
     });
 }
 

@@ -97,7 +97,7 @@ template <class Real> void CStorageGrid<Real>::SetPoint(qint64 nIndex, const DVe
 template <class Real>
 bool CStorageGrid<Real>::FillFromFile(const SIJKRange& range, const SPointBuffers& out) const
 {
-    return !m_bFilled && m_partialReads.Take(this->GetShape(), range, sizeof(Real)) &&
+    return !m_bFilled && !this->HasFailed() && m_partialReads.Take(this->GetShape(), range, sizeof(Real)) &&
            CGridIO().ReadPoints(*this, range, out);
 }
 

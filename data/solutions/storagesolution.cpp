@@ -85,7 +85,8 @@ template <class Real> double CStorageSolution<Real>::GetValue(qint64 nIndex) con
 
 template <class Real> bool CStorageSolution<Real>::ReadsInPart(const SIJKRange& range) const
 {
-    return !m_bFilled && IsPlainNumber() && m_partialReads.Allows(this->GetShape(), range, sizeof(Real));
+    return !m_bFilled && !this->HasFailed() && IsPlainNumber() &&
+           m_partialReads.Allows(this->GetShape(), range, sizeof(Real));
 }
 
 template <class Real>

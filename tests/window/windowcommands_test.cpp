@@ -91,7 +91,8 @@ TEST_F(WindowCommands, ActionsFollowTheActiveCaseItsSelectionAndItsStacks)
     EXPECT_FALSE(IsEnabled(ActionSelectAll));
     EXPECT_TRUE(IsEnabled(ActionPreferences));
     EXPECT_FALSE(IsEnabled(ActionNewSimulation)) << "no module makes cases";
-    EXPECT_FALSE(IsEnabled(ActionScreenshot)) << "bound to nothing";
+    EXPECT_FALSE(IsEnabled(ActionExportComplete)) << "bound to nothing";
+    EXPECT_TRUE(IsEnabled(ActionScreenshot)) << "an empty view is a picture too";
     CTestSimulation* const pSimulation = AddCase(3);
     EXPECT_TRUE(IsEnabled(ActionSelectAll));
     EXPECT_FALSE(IsEnabled(ActionDelete));
