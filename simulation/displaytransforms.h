@@ -24,6 +24,9 @@ struct SSectorSetting
     friend bool operator==(const SSectorSetting&, const SSectorSetting&) = default;
 };
 
+/** More transforms than these aren't drawn. */
+inline constexpr int MAX_DISPLAY_TRANSFORMS = 16384;
+
 /** How many transforms BuildDisplayTransforms would give; as a double, since settings can ask for too many.
  */
 double CountDisplayTransforms(const SMirrorSetting& mirror, const SSectorSetting& sectors);

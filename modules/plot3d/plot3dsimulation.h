@@ -29,7 +29,10 @@ public:
     QString Reload();
     /** The files of the case as they are on disk now. */
     CCaseRecords GetRecords() const;
-    /** Registers the data files too. False, with the reason in the log, if they are gone or no longer fit. */
+    /**
+     * Registers the data files too. Those that are gone are looked for where the case is now, then asked for;
+     * what is still missing then, or no longer fits, is in the log, and the case is there without it.
+     */
     bool FromBytes(const QByteArray& bytes, double dVersion) override;
     /** Whether grid files offer "Hole" as a variable. */
     virtual bool OffersHole() const { return true; }
@@ -53,9 +56,14 @@ public:
     bool LoadDisplayFile(const QString&, qint64) override { return false; }
     void SetSelectableDimension(ISelectable* pSelectable) const override;
 
+    // Undo: the items, then what the views show.
+    bool UndoIncludesPack() const override { return false; }
+    QByteArray CaptureState() const override;
+    bool RestoreState(const QByteArray& state) override;
+    bool IsCurrentState(const QByteArray& state) const override;
+
     // Editing (plot3dsimulation_edit.cpp).
     bool EditData() override;
-    bool UndoIncludesPack() const override { return false; }
     void DeleteAllItems() override;
     /** With all below it, and their data. */
     void DeleteItem(qint64 nId, qint64 nSubId = -1) override;
@@ -88,7 +96,17 @@ private:
         QByteArray bytes;
     };
 
-    bool RegisterStoredCase();
+    /** A display as it was stored, and what of it could be shown without the data. */
+    struct SKeptDisplay
+    {
+        QByteArray stored;
+        QByteArray shown;
+    };
+
+    QString CaseFolder() const;
+    CCaseRecords FindRecords() const;
+    void RegisterStoredCase();
+    void ShowKeptDisplays();
     QVector<qint64> UpdateBlocks(const CCaseRecords& records, const SPlot3DCase& examined);
     void RegisterCase(const SPlot3DCase& examined, const QVector<qint64>& itemIds);
     void UpdateTimes();
@@ -102,7 +120,10 @@ private:
     void RestoreItems(const QVector<qint64>& ids);
     void SyncItems(const QVector<qint64>& ids);
 
-    SPlot3DCase m_case; // as it was examined last
+    SPlot3DCase m_case;          // as it was examined last
+    bool m_bDataMissing = false; // not all files of the stored case could be registered
+    QMap<qint64, SKeptDisplay>
+        m_keptDisplays; // by view, while data are missing: to show and store them again
     QString m_sToolTip;
     QMap<qint64, SDeletedItem> m_deleted; // by item id
     qint64 m_nLoads = 0;                  // since then the items are others than in older undo states

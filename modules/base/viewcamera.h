@@ -1,0 +1,11 @@
+#pragma once
+
+#include "view/camera.h"
+
+#include <optional>
+
+/** The camera of a view of the main window; none without a window, and for views that have none. */
+std::optional<SCamera> TakeViewCamera(qint64 nViewId);
+
+/** Gives it to the view, if that has one. */
+void ApplyViewCamera(qint64 nViewId, const SCamera& camera);
