@@ -13,6 +13,7 @@ namespace {
 constexpr const char *CAMERA = "camera", *ROTATION_POINT = "rotationPoint", *PROJECTION = "projectionMatrix",
                      *VIEW = "viewMatrix", *RECT = "rect", *CENTER = "viewCenter", *SIZE = "viewSize";
 constexpr int MATRIX_SIZE = 16;
+constexpr qint64 MOST_PIXELS = 100000000; // further away no widget can be
 
 using Matrix = std::array<double, MATRIX_SIZE>; // row by row
 
@@ -62,7 +63,9 @@ bool ReadRect(CByteReader& reader, QRect& rect)
     qint32 nLeft = 0, nTop = 0, nRight = 0, nBottom = 0;
     for (qint32* const pValue : {&nLeft, &nTop, &nRight, &nBottom})
         reader.Read(*pValue);
-    rect.setCoords(nLeft, nTop, nRight, nBottom);
+    const auto isPixel = [](qint32 nValue) { return std::abs(qint64(nValue)) <= MOST_PIXELS; };
+    if (isPixel(nLeft) && isPixel(nTop) && isPixel(nRight) && isPixel(nBottom))
+        rect.setCoords(nLeft, nTop, nRight, nBottom); // only told, so one that can't be does no harm
     return reader.IsOk();
 }
 
