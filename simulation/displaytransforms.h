@@ -31,6 +31,9 @@ inline constexpr int MAX_DISPLAY_TRANSFORMS = 16384;
  */
 double CountDisplayTransforms(const SMirrorSetting& mirror, const SSectorSetting& sectors);
 
+/** What to tell the user of settings that would make so many transforms, more than can be drawn. */
+QString TransformLimitText(double dTransforms);
+
 /**
  * The transforms with which every drawable of a pair is drawn, the identity first. Each active mirror axis
  * (X, Y, Z) doubles the list by reflected copies; then each axis with N >= 2 sectors appends, for k from 1

@@ -1,6 +1,7 @@
 #include "modules/base/viewcamera.h"
 
 #include "frame/widgetmanager.h"
+#include "modules/base/storedcamera.h"
 #include "view/icameraview.h"
 #include "view/iviewer.h"
 
@@ -23,4 +24,16 @@ void ApplyViewCamera(qint64 nViewId, const SCamera& camera)
 {
     if (ICameraView* const pView = FindCameraView(nViewId))
         pView->SetCamera(camera);
+}
+
+void ApplyCameraBlock(qint64 nViewId, const QByteArray& block)
+{
+    const std::optional<SCamera> shown = TakeViewCamera(nViewId);
+    if (!shown)
+        return;
+    SStoredCamera stored;
+    stored.block = block;
+    stored.rotationPoint = shown->rotationPoint;
+    if (const std::optional<SCamera> camera = stored.Camera())
+        ApplyViewCamera(nViewId, *camera);
 }

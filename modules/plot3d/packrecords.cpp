@@ -100,9 +100,9 @@ bool ReadKey(const QByteArray& key, qint64& nModuleId, SKeyFiles& files)
 
 } // namespace
 
-void WriteFileNames(CDataPack& pack, const CCaseRecords& records)
+void WriteFileNames(CDataPack& pack, const CCaseRecords& records, const QString& sGiven)
 {
-    const QString sDirectory = QFileInfo(records.grid.FileName()).absolutePath();
+    const QString sDirectory = sGiven.isEmpty() ? QFileInfo(records.grid.FileName()).absolutePath() : sGiven;
     Set(pack, SimulationKey::DIRECTORY, sDirectory);
     Set(pack, Plot3DKey::GRID_FILE, StoredName(records.grid.FileName(), sDirectory));
     Set(pack, Plot3DKey::Q_FILE, StoredName(records.q.FileName(), sDirectory));
@@ -114,9 +114,10 @@ void WriteFileNames(CDataPack& pack, const CCaseRecords& records)
     Set(pack, Plot3DKey::IS_READ_TRANSIENT, records.bReadTransient);
 }
 
-void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DCase& examined)
+void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DCase& examined,
+                    const QString& sGiven)
 {
-    WriteFileNames(pack, records);
+    WriteFileNames(pack, records, sGiven);
     const QString sDirectory = Get(pack, SimulationKey::DIRECTORY);
     Set(pack, Plot3DKey::GRID_FILES, StoredNames(examined.grid, sDirectory));
     Set(pack, Plot3DKey::Q_FILES, StoredNames(records.q.Series(records.bReadTransient), sDirectory));

@@ -6,11 +6,16 @@
 
 // How the files of a case stand in the simulation's pack.
 
-/** Writes the keys that name the files and what of them is chosen: those of the data file key. */
-void WriteFileNames(CDataPack& pack, const CCaseRecords& records);
+/**
+ * Writes the keys that name the files and what of them is chosen: those of the data file key.
+ *
+ * @param sDirectory  "Directory" of the case; empty: that of the grid file
+ */
+void WriteFileNames(CDataPack& pack, const CCaseRecords& records, const QString& sDirectory = {});
 
 /** The same with the keys of levels, variables and free stream. */
-void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DCase& examined);
+void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DCase& examined,
+                    const QString& sDirectory = {});
 
 /** Where a file is that isn't at its place any more; empty if that isn't known. Takes and gives full names.
  */

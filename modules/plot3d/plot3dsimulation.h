@@ -51,10 +51,17 @@ public:
     bool LoadViewJson(const QJsonObject& display, qint64 nViewId, double dVersion) override;
     void CreateDefaultSelectables(qint64 nViewId) override;
     double GetDefaultScale() const override { return 1.0; }
-    void SaveDisplayFile(qint64) override {}
-    bool ChooseDisplayFile(qint64) override { return false; }
-    bool LoadDisplayFile(const QString&, qint64) override { return false; }
     void SetSelectableDimension(ISelectable* pSelectable) const override;
+
+    // Display files (plot3dsimulation_files.cpp).
+    void SaveDisplayFile(qint64 nViewId) override;
+    bool ChooseDisplayFile(qint64 nViewId) override;
+    /** The next ChooseDisplayFile asks nothing: what the user wants to see was part of another choice. */
+    void SetDisplayChosen() { m_bDisplayChosen = true; }
+    bool LoadDisplayFile(const QString& sFile, qint64 nViewId) override;
+    QJsonObject SaveDataFiles() const override;
+    /** Its directory is that of the display file afterwards. */
+    QString LoadDataFiles(const QJsonObject& settings, const QString& sFolder) override;
 
     // Undo: the items, then what the views show.
     bool UndoIncludesPack() const override { return false; }
@@ -120,7 +127,8 @@ private:
     void RestoreItems(const QVector<qint64>& ids);
     void SyncItems(const QVector<qint64>& ids);
 
-    SPlot3DCase m_case;          // as it was examined last
+    SPlot3DCase m_case; // as it was examined last
+    bool m_bDisplayChosen = false;
     bool m_bDataMissing = false; // not all files of the stored case could be registered
     QMap<qint64, SKeptDisplay>
         m_keptDisplays; // by view, while data are missing: to show and store them again
