@@ -27,6 +27,7 @@ struct SFilePrompt
     QString sStart;  ///< directory or file to start at
     QString sFilter; ///< as QFileDialog takes it
     bool bSave = false;
+    bool bFolder = false; ///< the question is for a folder; it has no filter
 };
 
 /** A question for one of several entries. */

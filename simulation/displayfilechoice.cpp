@@ -9,17 +9,30 @@
 #include <QFileInfo>
 
 namespace {
-
 constexpr const char* TITLE = "Select Display File";
-
-QStringList ListDisplayFiles(const QString& sDirectory)
-{
-    // No directory would be the current one.
-    return sDirectory.isEmpty() ? QStringList()
-                                : QDir(sDirectory).entryList({"*.disp"}, QDir::Files, QDir::Name);
 }
 
-QString AskAnyFile()
+QStringList ListDisplayFiles(const ISimulation& simulation)
+{
+    const QString sDirectory = Get(simulation, SimulationKey::DIRECTORY);
+    QStringList sFileList;
+    if (sDirectory.isEmpty()) // no directory would be the current one
+        return sFileList;
+    for (const QFileInfo& file : QDir(sDirectory).entryInfoList({"*.disp"}, QDir::Files, QDir::Name))
+        sFileList.append(file.absoluteFilePath());
+    return sFileList;
+}
+
+QString ChooseDisplayFileOf(const QStringList& sFileList)
+{
+    QStringList sEntryList{"Skip"};
+    for (const QString& sFile : sFileList)
+        sEntryList.append(QFileInfo(sFile).fileName());
+    const int nChoice = UserPrompt::AskChoice({TITLE, "Available Display Files", sEntryList});
+    return nChoice <= 0 ? QString() : sFileList[nChoice - 1];
+}
+
+QString AskDisplayFile()
 {
     CPreferences& preferences = CPreferences::Instance();
     const QString sFile = UserPrompt::AskFile({TITLE, Get(preferences, PreferenceKey::RECENT_DIRECTORY),
@@ -27,17 +40,4 @@ QString AskAnyFile()
     if (!sFile.isEmpty())
         Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFile).absolutePath());
     return sFile;
-}
-
-} // namespace
-
-QString AskDisplayFile(const ISimulation& simulation)
-{
-    const QString sDirectory = Get(simulation, SimulationKey::DIRECTORY);
-    const QStringList sFileList = ListDisplayFiles(sDirectory);
-    if (sFileList.isEmpty())
-        return AskAnyFile();
-    const int nChoice =
-        UserPrompt::AskChoice({TITLE, "Available Display Files", QStringList("Skip") + sFileList});
-    return nChoice <= 0 ? QString() : QDir(sDirectory).filePath(sFileList[nChoice - 1]);
 }

@@ -1,12 +1,14 @@
 #pragma once
 
-class ISimulation;
-class QString;
+#include <QStringList>
 
-/**
- * Asks the user for a display file: one of the "*.disp" files in the simulation's directory or, where there
- * is none, any file, found from the directory that was used last.
- *
- * @return its full name; empty if the user wants none
- */
-QString AskDisplayFile(const ISimulation& simulation);
+class ISimulation;
+
+/** The full names of the "*.disp" files in the simulation's directory. */
+QStringList ListDisplayFiles(const ISimulation& simulation);
+
+/** Asks for one of the files; empty if the user wants none. */
+QString ChooseDisplayFileOf(const QStringList& sFileList);
+
+/** Asks for any display file, from the directory that was used last; empty if the user wants none. */
+QString AskDisplayFile();

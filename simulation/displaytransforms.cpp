@@ -33,6 +33,14 @@ void AppendCombined(QVector<STransform>& transforms, int nCount, const STransfor
 
 } // namespace
 
+QString TransformLimitText(double dTransforms)
+{
+    const QString sText =
+        "The requested sector configuration would generate %1 transforms, which exceeds the "
+        "safety limit of %2. Reduce the sector count or disable one of the periodic axes.";
+    return sText.arg(dTransforms, 0, 'f', 0).arg(MAX_DISPLAY_TRANSFORMS);
+}
+
 double CountDisplayTransforms(const SMirrorSetting& mirror, const SSectorSetting& sectors)
 {
     double dCount = 1.0;

@@ -24,9 +24,15 @@ struct SSectorSetting
     friend bool operator==(const SSectorSetting&, const SSectorSetting&) = default;
 };
 
+/** More transforms than these aren't drawn. */
+inline constexpr int MAX_DISPLAY_TRANSFORMS = 16384;
+
 /** How many transforms BuildDisplayTransforms would give; as a double, since settings can ask for too many.
  */
 double CountDisplayTransforms(const SMirrorSetting& mirror, const SSectorSetting& sectors);
+
+/** What to tell the user of settings that would make so many transforms, more than can be drawn. */
+QString TransformLimitText(double dTransforms);
 
 /**
  * The transforms with which every drawable of a pair is drawn, the identity first. Each active mirror axis

@@ -40,6 +40,16 @@ public:
     virtual void SaveDisplayFile(qint64 nViewId) = 0;
     virtual bool ChooseDisplayFile(qint64 nViewId) = 0;
     virtual bool LoadDisplayFile(const QString& sFile, qint64 nViewId) = 0;
+    /** What a display file says of the data: keys that begin with "dataFiles."; none where it says nothing.
+     */
+    virtual QJsonObject SaveDataFiles() const { return {}; }
+    /**
+     * Reads the data that the keys name, if they are others than those of the case.
+     *
+     * @param sFolder  of the display file, where files are looked for first that aren't at their place
+     * @return what is wrong, for the user; the case keeps its data then
+     */
+    virtual QString LoadDataFiles(const QJsonObject&, const QString& /*sFolder*/) { return {}; }
     /** Opens the data dialog of plain grids; false where there is none. */
     virtual bool EditData() { return false; }
 

@@ -1,4 +1,5 @@
 // CSimulationManager: the questions before simulations close, and what they lead to.
+#include "frame/replacefile.h"
 #include "frame/userprompt.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
@@ -6,7 +7,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -30,11 +30,10 @@ bool ReplaceByCopy(const QString& sSource, const QString& sTarget)
     if (QFileInfo(sSource) == QFileInfo(sTarget))
         return true;
     QFile source(sSource);
-    QSaveFile target(sTarget);
-    if (!source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly))
+    if (!source.open(QIODevice::ReadOnly))
         return false;
     const QByteArray bytes = source.readAll();
-    return bytes.size() == source.size() && target.write(bytes) == bytes.size() && target.commit();
+    return bytes.size() == source.size() && ReplaceFile(sTarget, bytes);
 }
 
 } // namespace

@@ -163,6 +163,7 @@ bool CDrawable::fromJson(const QJsonObject& display)
     CJsonFieldReader reader(display);
     VisitFields(*this, reader);
     TakeDisplayType(qint64(display["displayType"].toDouble(m_eDisplayType)));
+    m_bDrawVectors = m_eDisplayType == DisplayVector; // has no key of its own
     m_nScalarVariable = FindVariable(m_nSimulationId, display["scalarVariable"].toString());
     m_nVectorVariable = FindVariable(m_nSimulationId, display["vectorVariable"].toString());
     m_nThresholdVariable = FindVariable(m_nSimulationId, display["thresholdVariable"].toString());

@@ -44,6 +44,8 @@ int CMessageBoxPrompt::Ask(const SPrompt& prompt)
 QString CMessageBoxPrompt::AskFile(const SFilePrompt& prompt)
 {
     QWidget* const pParent = QApplication::activeWindow();
+    if (prompt.bFolder)
+        return QFileDialog::getExistingDirectory(pParent, prompt.sTitle, prompt.sStart);
     return prompt.bSave ? QFileDialog::getSaveFileName(pParent, prompt.sTitle, prompt.sStart, prompt.sFilter)
                         : QFileDialog::getOpenFileName(pParent, prompt.sTitle, prompt.sStart, prompt.sFilter);
 }

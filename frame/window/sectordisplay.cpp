@@ -10,13 +10,8 @@ constexpr const char* TITLE = "Periodic Mirror";
 
 bool IsWithinLimit(double dTransforms)
 {
-    if (dTransforms <= SectorDisplay::TRANSFORM_LIMIT)
-        return true;
-    const QString sText =
-        "The requested sector configuration would generate %1 transforms, which exceeds the "
-        "safety limit of %2. Reduce the sector count or disable one of the periodic axes.";
-    return UserPrompt::Tell(PromptWarning, TITLE,
-                            sText.arg(dTransforms, 0, 'f', 0).arg(SectorDisplay::TRANSFORM_LIMIT));
+    return dTransforms <= MAX_DISPLAY_TRANSFORMS ||
+           UserPrompt::Tell(PromptWarning, TITLE, TransformLimitText(dTransforms));
 }
 
 bool IsWanted(double dTransforms)

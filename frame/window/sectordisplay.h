@@ -5,8 +5,7 @@
 /** Mirror and periodic display of a pair of view and simulation, within what can be drawn. */
 namespace SectorDisplay {
 
-inline constexpr int TRANSFORM_LIMIT = 16384;  ///< more is refused
-inline constexpr int TRANSFORM_QUESTION = 512; ///< more is asked about
+inline constexpr int TRANSFORM_QUESTION = 512; ///< more is asked about; MAX_DISPLAY_TRANSFORMS is the limit
 
 /**
  * Gives the pair the settings, after a question if they make many transforms; one undo step.

@@ -6,7 +6,7 @@
 #include <QScopedValueRollback>
 
 namespace {
-constexpr double STATE_VERSION = 1.0;
+constexpr double STATE_VERSION = -1.0; // of this session
 }
 
 const QVector<qint64>* CTwinViews::TwinsOf(qint64 nViewId) const

@@ -24,6 +24,8 @@ QVector<qint64> Flat(const QVector<IVector3D>& sizes)
     return flat;
 }
 
+constexpr const char *Q_MISMATCH = "Q file %1 does not match its grid file",
+                     *FUNCTION_MISMATCH = "Function file %1 does not match its grid file";
 const SFilesProblem NOT_IDENTIFIED{"Invalid file", "The selected file could not be identified"};
 
 } // namespace
@@ -103,15 +105,12 @@ SFilesProblem CCaseRecords::Validate() const
         if (nBlock < 0 || nBlock >= grid.BlockCount())
             return {"Grid File", QString("Block index exceeds grid size in %1").arg(grid.FileName())};
     if (!q.IsEmpty())
-        if (const SFilesProblem problem = ValidateFields(q, "Q file %1 does not match its grid file");
-            !problem.IsNone())
+        if (const SFilesProblem problem = ValidateFields(q, Q_MISMATCH); !problem.IsNone())
             return problem;
     if (grid.Blocks().isEmpty())
         return {"Grid File", QString("Please select the blocks for %1").arg(grid.FileName())};
     for (const CFileRecord& function : functions)
-        if (const SFilesProblem problem =
-                ValidateFields(function, "Function file %1 does not match its grid file");
-            !problem.IsNone())
+        if (const SFilesProblem problem = ValidateFields(function, FUNCTION_MISMATCH); !problem.IsNone())
             return problem;
     return {};
 }
@@ -123,6 +122,24 @@ SFilesProblem CCaseRecords::ValidateFields(const CFileRecord& record, const char
     if (!Fits(record))
         return {"Dimensions Mismatch", QString(sMismatch).arg(record.FileName())};
     return {};
+}
+
+QStringList CCaseRecords::DropUnfit()
+{
+    QStringList sProblemList;
+    const auto isUnfit = [&](const CFileRecord& record, const char* sMismatch) {
+        const SFilesProblem problem = record.IsEmpty() ? SFilesProblem() : ValidateFields(record, sMismatch);
+        if (!problem.IsNone())
+            sProblemList.append(problem.sText);
+        return !problem.IsNone();
+    };
+    if (isUnfit(q, Q_MISMATCH))
+        q = {};
+    functions.erase(
+        std::remove_if(functions.begin(), functions.end(),
+                       [&](const CFileRecord& record) { return isUnfit(record, FUNCTION_MISMATCH); }),
+        functions.end());
+    return sProblemList;
 }
 
 bool CCaseRecords::Fits(const CFileRecord& record) const

@@ -68,6 +68,12 @@ public:
 
     /** The first thing that is wrong, in the order in which the dialog tells. */
     SFilesProblem Validate() const;
+    /**
+     * Leaves out the Q and function files that can't be read with this grid.
+     *
+     * @return what is wrong with each of them
+     */
+    QStringList DropUnfit();
     /** What the data layer registers. */
     SPlot3DCaseFiles ToCaseFiles(bool bHole) const;
     /** Files of the largest series; 0 if there is none. */

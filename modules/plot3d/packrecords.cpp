@@ -29,15 +29,13 @@ QStringList StoredNames(const SFileSeries& series, const QString& sDirectory)
     return sNameList;
 }
 
-QString FullName(const QString& sStored, const QString& sDirectory, const QString& sCaseFolder)
+QString FullName(const QString& sStored, const QString& sDirectory, const LocateFile& locate)
 {
+    if (sStored.isEmpty())
+        return {};
     const QString sFullName = QDir(sDirectory).absoluteFilePath(sStored);
-    if (sStored.isEmpty() || sCaseFolder.isEmpty() || QFileInfo(sFullName).isFile())
-        return sStored.isEmpty() ? QString() : sFullName;
-    const QString sMoved =
-        QDir(sCaseFolder)
-            .absoluteFilePath(QDir::isAbsolutePath(sStored) ? QFileInfo(sStored).fileName() : sStored);
-    return QFileInfo(sMoved).isFile() ? sMoved : sFullName;
+    const QString sMoved = locate && !QFileInfo(sFullName).isFile() ? locate(sFullName) : QString();
+    return sMoved.isEmpty() ? sFullName : sMoved;
 }
 
 /** Empty for all blocks in their order. */
@@ -102,9 +100,9 @@ bool ReadKey(const QByteArray& key, qint64& nModuleId, SKeyFiles& files)
 
 } // namespace
 
-void WriteFileNames(CDataPack& pack, const CCaseRecords& records)
+void WriteFileNames(CDataPack& pack, const CCaseRecords& records, const QString& sGiven)
 {
-    const QString sDirectory = QFileInfo(records.grid.FileName()).absolutePath();
+    const QString sDirectory = sGiven.isEmpty() ? QFileInfo(records.grid.FileName()).absolutePath() : sGiven;
     Set(pack, SimulationKey::DIRECTORY, sDirectory);
     Set(pack, Plot3DKey::GRID_FILE, StoredName(records.grid.FileName(), sDirectory));
     Set(pack, Plot3DKey::Q_FILE, StoredName(records.q.FileName(), sDirectory));
@@ -116,9 +114,10 @@ void WriteFileNames(CDataPack& pack, const CCaseRecords& records)
     Set(pack, Plot3DKey::IS_READ_TRANSIENT, records.bReadTransient);
 }
 
-void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DCase& examined)
+void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DCase& examined,
+                    const QString& sGiven)
 {
-    WriteFileNames(pack, records);
+    WriteFileNames(pack, records, sGiven);
     const QString sDirectory = Get(pack, SimulationKey::DIRECTORY);
     Set(pack, Plot3DKey::GRID_FILES, StoredNames(examined.grid, sDirectory));
     Set(pack, Plot3DKey::Q_FILES, StoredNames(records.q.Series(records.bReadTransient), sDirectory));
@@ -127,11 +126,11 @@ void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DC
     Set(pack, Plot3DKey::ANGLE_OF_ATTACK, examined.dAngleOfAttack);
 }
 
-CCaseRecords ReadCaseFiles(const CDataPack& pack, const QString& sCaseFolder)
+CCaseRecords ReadCaseFiles(const CDataPack& pack, const LocateFile& locate)
 {
     CCaseRecords records;
     const QString sDirectory = Get(pack, SimulationKey::DIRECTORY);
-    const auto full = [&](const QString& sStored) { return FullName(sStored, sDirectory, sCaseFolder); };
+    const auto full = [&](const QString& sStored) { return FullName(sStored, sDirectory, locate); };
     records.bReadTransient = Get(pack, Plot3DKey::IS_READ_TRANSIENT);
     if (const QString sGrid = full(Get(pack, Plot3DKey::GRID_FILE)); !sGrid.isEmpty())
         records.grid = CFileRecord(sGrid, RoleGrid);
@@ -143,6 +142,15 @@ CCaseRecords ReadCaseFiles(const CDataPack& pack, const QString& sCaseFolder)
         records.functions.append(CFileRecord(full(sFunction), RoleFunction));
     ReadVariables(pack, records);
     return records;
+}
+
+QStringList MissingFiles(const CCaseRecords& records)
+{
+    QStringList sMissingList;
+    for (const CFileRecord& record : QVector<CFileRecord>{records.grid, records.q} + records.functions)
+        if (!record.IsEmpty() && !QFileInfo(record.FileName()).isFile())
+            sMissingList.append(record.FileName());
+    return sMissingList;
 }
 
 QByteArray MakeDataFileKey(qint64 nModuleId, const QString& sFilePath, const CDataPack& pack)

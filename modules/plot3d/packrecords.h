@@ -2,21 +2,30 @@
 
 #include "modules/plot3d/filerecords.h"
 
+#include <functional>
+
 // How the files of a case stand in the simulation's pack.
 
-/** Writes the keys that name the files and what of them is chosen: those of the data file key. */
-void WriteFileNames(CDataPack& pack, const CCaseRecords& records);
+/**
+ * Writes the keys that name the files and what of them is chosen: those of the data file key.
+ *
+ * @param sDirectory  "Directory" of the case; empty: that of the grid file
+ */
+void WriteFileNames(CDataPack& pack, const CCaseRecords& records, const QString& sDirectory = {});
 
 /** The same with the keys of levels, variables and free stream. */
-void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DCase& examined);
+void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DCase& examined,
+                    const QString& sDirectory = {});
 
-/**
- * The records that the keys stand for; files are detected and series looked for again.
- *
- * @param sCaseFolder  where files are looked for that are no longer in their directory: that of the case's
- * own file; may be empty
+/** Where a file is that isn't at its place any more; empty if that isn't known. Takes and gives full names.
  */
-CCaseRecords ReadCaseFiles(const CDataPack& pack, const QString& sCaseFolder);
+using LocateFile = std::function<QString(const QString& sFormerName)>;
+
+/** The records that the keys stand for; files are detected and series looked for again. */
+CCaseRecords ReadCaseFiles(const CDataPack& pack, const LocateFile& locate = {});
+
+/** The files of the records that don't exist. */
+QStringList MissingFiles(const CCaseRecords& records);
 
 /** The key that says which files a case is of (ISimulation::GetDataFileKey). */
 QByteArray MakeDataFileKey(qint64 nModuleId, const QString& sFilePath, const CDataPack& pack);

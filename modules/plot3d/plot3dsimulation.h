@@ -29,7 +29,10 @@ public:
     QString Reload();
     /** The files of the case as they are on disk now. */
     CCaseRecords GetRecords() const;
-    /** Registers the data files too. False, with the reason in the log, if they are gone or no longer fit. */
+    /**
+     * Registers the data files too. Those that are gone are looked for where the case is now, then asked for;
+     * what is still missing then, or no longer fits, is in the log, and the case is there without it.
+     */
     bool FromBytes(const QByteArray& bytes, double dVersion) override;
     /** Whether grid files offer "Hole" as a variable. */
     virtual bool OffersHole() const { return true; }
@@ -48,14 +51,26 @@ public:
     bool LoadViewJson(const QJsonObject& display, qint64 nViewId, double dVersion) override;
     void CreateDefaultSelectables(qint64 nViewId) override;
     double GetDefaultScale() const override { return 1.0; }
-    void SaveDisplayFile(qint64) override {}
-    bool ChooseDisplayFile(qint64) override { return false; }
-    bool LoadDisplayFile(const QString&, qint64) override { return false; }
     void SetSelectableDimension(ISelectable* pSelectable) const override;
+
+    // Display files (plot3dsimulation_files.cpp).
+    void SaveDisplayFile(qint64 nViewId) override;
+    bool ChooseDisplayFile(qint64 nViewId) override;
+    /** The next ChooseDisplayFile asks nothing: what the user wants to see was part of another choice. */
+    void SetDisplayChosen() { m_bDisplayChosen = true; }
+    bool LoadDisplayFile(const QString& sFile, qint64 nViewId) override;
+    QJsonObject SaveDataFiles() const override;
+    /** Its directory is that of the display file afterwards. */
+    QString LoadDataFiles(const QJsonObject& settings, const QString& sFolder) override;
+
+    // Undo: the items, then what the views show.
+    bool UndoIncludesPack() const override { return false; }
+    QByteArray CaptureState() const override;
+    bool RestoreState(const QByteArray& state) override;
+    bool IsCurrentState(const QByteArray& state) const override;
 
     // Editing (plot3dsimulation_edit.cpp).
     bool EditData() override;
-    bool UndoIncludesPack() const override { return false; }
     void DeleteAllItems() override;
     /** With all below it, and their data. */
     void DeleteItem(qint64 nId, qint64 nSubId = -1) override;
@@ -88,7 +103,17 @@ private:
         QByteArray bytes;
     };
 
-    bool RegisterStoredCase();
+    /** A display as it was stored, and what of it could be shown without the data. */
+    struct SKeptDisplay
+    {
+        QByteArray stored;
+        QByteArray shown;
+    };
+
+    QString CaseFolder() const;
+    CCaseRecords FindRecords() const;
+    void RegisterStoredCase();
+    void ShowKeptDisplays();
     QVector<qint64> UpdateBlocks(const CCaseRecords& records, const SPlot3DCase& examined);
     void RegisterCase(const SPlot3DCase& examined, const QVector<qint64>& itemIds);
     void UpdateTimes();
@@ -103,6 +128,10 @@ private:
     void SyncItems(const QVector<qint64>& ids);
 
     SPlot3DCase m_case; // as it was examined last
+    bool m_bDisplayChosen = false;
+    bool m_bDataMissing = false; // not all files of the stored case could be registered
+    QMap<qint64, SKeptDisplay>
+        m_keptDisplays; // by view, while data are missing: to show and store them again
     QString m_sToolTip;
     QMap<qint64, SDeletedItem> m_deleted; // by item id
     qint64 m_nLoads = 0;                  // since then the items are others than in older undo states

@@ -1,5 +1,8 @@
 // CPlot3DSimulation: what a view shows of it, as bytes and as JSON.
 #include "frame/bytestream.h"
+#include "modules/base/casefile.h"
+#include "modules/base/viewjson.h"
+#include "modules/base/viewstate.h"
 #include "modules/plot3d/plot3dkeys.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "scene/iselectable.h"
@@ -7,154 +10,76 @@
 #include "scene/selectablemanager.h"
 #include "simulation/item.h"
 
-#include <QJsonArray>
-
-namespace {
-
-constexpr qint64 LEAST_ENTRY_SIZE = 8 + 8 + 4 + 2 + 4; // item, kind, name, two flags, display
-constexpr double UNDO_VERSION = -1.0;
-
-using Place = std::pair<qint64, qint64>; // item id, kind
-
-/** What is stored of a selectable. */
-struct SEntry
-{
-    qint64 nItemId = NO_ID;
-    qint64 nKind = NO_ID;
-    QString sName;
-    bool bVisible = true;
-    bool bSelected = false;
-    QByteArray display; // ISelectable::toBinary; empty in states that have none
-};
-
-/** Gives each entry the selectable that it is of: the n-th of an item and kind to the n-th such entry. */
-class CSelectableFinder
-{
-public:
-    explicit CSelectableFinder(const QVector<ISelectable*>& selectables)
-    {
-        for (ISelectable* const pSelectable : selectables)
-            m_places[{pSelectable->itemId(), pSelectable->typeId()}].append(pSelectable);
-    }
-    ISelectable* Take(const SEntry& entry)
-    {
-        QVector<ISelectable*>& found = m_places[{entry.nItemId, entry.nKind}];
-        return found.isEmpty() ? nullptr : found.takeFirst();
-    }
-
-private:
-    QHash<Place, QVector<ISelectable*>> m_places;
-};
-
-void Apply(const QVector<SEntry>& entries, qint64 nViewId, qint64 nSimulationId, double dVersion)
-{
-    CSelectableManager& manager = CSelectableManager::Instance();
-    CSelectableFinder finder(manager.GetSelectables(nViewId, nSimulationId));
-    for (const SEntry& entry : entries) {
-        ISelectable* const pSelectable = finder.Take(entry);
-        if (!pSelectable)
-            continue;
-        pSelectable->setSelected(entry.bSelected);
-        // What is the same is left alone: it would be built anew.
-        if (!entry.display.isEmpty() && pSelectable->toBinary() != entry.display) {
-            pSelectable->fromBinary(entry.display, dVersion);
-            manager.NotifyUpdated(pSelectable);
-        }
-        if (pSelectable->isVisible() == entry.bVisible)
-            continue;
-        pSelectable->setVisible(entry.bVisible);
-        manager.NotifyMaskChanged(pSelectable);
-    }
-    manager.NotifySelectionChanged(nViewId, nSimulationId);
-}
-
-bool ReadEntries(CByteReader& reader, QVector<SEntry>& entries)
-{
-    qint64 nCount = 0;
-    if (!reader.Read(nCount) || !reader.CheckCount(nCount, LEAST_ENTRY_SIZE))
-        return false;
-    for (qint64 n = 0; n < nCount && reader.IsOk(); ++n) {
-        SEntry entry;
-        reader.Read(entry.nItemId);
-        reader.Read(entry.nKind);
-        reader.Read(entry.sName);
-        reader.Read(entry.bVisible);
-        reader.Read(entry.bSelected);
-        reader.Read(entry.display);
-        entries.append(entry);
-    }
-    return reader.IsOk();
-}
-
-} // namespace
-
-QByteArray CPlot3DSimulation::SaveViewState(qint64 nViewId) const
+QByteArray CPlot3DSimulation::CaptureState() const
 {
     CByteWriter writer;
     writer.Write(m_nLoads);
     writer.Write(GetItemIds());
-    const QVector<ISelectable*> selectables = CSelectableManager::Instance().GetSelectables(nViewId, GetId());
-    writer.Write(qint64(selectables.size()));
-    for (const ISelectable* const pSelectable : selectables) {
-        writer.Write(pSelectable->itemId());
-        writer.Write(pSelectable->typeId());
-        writer.Write(pSelectable->name());
-        writer.Write(pSelectable->isVisible());
-        writer.Write(pSelectable->isSelected());
-        writer.Write(pSelectable->toBinary());
-    }
+    writer.Write(ISimulation::CaptureState());
     return writer.Take();
 }
 
-bool CPlot3DSimulation::LoadViewState(const QByteArray& state, qint64 nViewId, double dVersion)
+bool CPlot3DSimulation::RestoreState(const QByteArray& state)
 {
     CByteReader reader(state);
     qint64 nLoads = 0;
     QVector<qint64> itemIds;
-    QVector<SEntry> entries;
-    if (!reader.Read(nLoads) || !reader.Read(itemIds) || !ReadEntries(reader, entries))
+    QByteArray views;
+    reader.Read(nLoads);
+    reader.Read(itemIds);
+    if (!reader.Read(views))
         return false;
-    // A stored display changes no items, nor does a state of what was loaded before.
-    if (dVersion == UNDO_VERSION && nLoads == m_nLoads)
+    if (nLoads == m_nLoads) // not of what was loaded before
         SyncItems(itemIds);
-    for (const SEntry& entry : std::as_const(entries))
-        if (CItem* const pItem = GetItem(entry.nItemId); pItem && pItem->GetType() == entry.nKind)
-            pItem->CreateSelectable(nViewId);
-    Apply(entries, nViewId, GetId(), dVersion);
+    return ISimulation::RestoreState(views);
+}
+
+bool CPlot3DSimulation::IsCurrentState(const QByteArray& state) const
+{
+    CByteReader reader(state);
+    qint64 nLoads = 0;
+    QVector<qint64> itemIds;
+    QByteArray views;
+    reader.Read(nLoads);
+    reader.Read(itemIds);
+    return reader.Read(views) && (nLoads != m_nLoads || itemIds == GetItemIds()) &&
+           ISimulation::IsCurrentState(views);
+}
+
+QByteArray CPlot3DSimulation::SaveViewState(qint64 nViewId) const
+{
+    const QByteArray bytes = TakeViewState(*this, nViewId).ToBytes();
+    const auto kept = m_keptDisplays.constFind(nViewId);
+    return kept != m_keptDisplays.cend() && kept->shown == bytes ? kept->stored : bytes;
+}
+
+bool CPlot3DSimulation::LoadViewState(const QByteArray& bytes, qint64 nViewId, double dVersion)
+{
+    SViewState state;
+    if (!state.FromBytes(bytes))
+        return false;
+    ApplyViewState(*this, state, nViewId, dVersion);
+    if (dVersion != SESSION_VERSION && m_bDataMissing)
+        m_keptDisplays[nViewId] = {bytes, TakeViewState(*this, nViewId).ToBytes()};
     return true;
 }
 
-QJsonObject CPlot3DSimulation::SaveViewJson(qint64 nViewId) const
+/** The data are there now: the views show what they were meant to. */
+void CPlot3DSimulation::ShowKeptDisplays()
 {
-    QJsonArray entries;
-    for (const ISelectable* const pSelectable :
-         CSelectableManager::Instance().GetSelectables(nViewId, GetId()))
-        entries.append(QJsonObject{{"item", double(pSelectable->itemId())},
-                                   {"kind", double(pSelectable->typeId())},
-                                   {"name", pSelectable->name()},
-                                   {"visible", pSelectable->isVisible()},
-                                   {"selected", pSelectable->isSelected()},
-                                   {"disp", pSelectable->toJsonBlock()}});
-    return {{"selectable", entries}};
-}
-
-bool CPlot3DSimulation::LoadViewJson(const QJsonObject& display, qint64 nViewId, double dVersion)
-{
-    QVector<SEntry> entries;
-    CSelectableFinder finder(CSelectableManager::Instance().GetSelectables(nViewId, GetId()));
-    for (const QJsonValue& value : display["selectable"].toArray()) {
-        const QJsonObject json = value.toObject();
-        SEntry entry;
-        entry.nItemId = qint64(json["item"].toDouble(NO_ID));
-        entry.nKind = qint64(json["kind"].toDouble(NO_ID));
-        entry.bVisible = json["visible"].toBool(true);
-        entry.bSelected = json["selected"].toBool();
-        entries.append(entry);
-        if (ISelectable* const pSelectable = finder.Take(entry))
-            pSelectable->fromJsonBlock(json["disp"].toObject());
+    const auto kept = std::exchange(m_keptDisplays, {});
+    for (auto it = kept.cbegin(); it != kept.cend(); ++it) {
+        SViewState state;
+        if (state.FromBytes(it->stored) && TakeViewState(*this, it.key()).ToBytes() == it->shown)
+            ApplyViewState(*this, state, it.key(), SCaseFile::VERSION);
     }
-    Apply(entries, nViewId, GetId(), dVersion);
-    return true;
+}
+
+QJsonObject CPlot3DSimulation::SaveViewJson(qint64 nViewId) const { return TakeViewJson(*this, nViewId); }
+
+bool CPlot3DSimulation::LoadViewJson(const QJsonObject& display, qint64 nViewId, double)
+{
+    return ApplyViewJson(*this, display, nViewId);
 }
 
 void CPlot3DSimulation::CreateDefaultSelectables(qint64 nViewId)

@@ -4,6 +4,7 @@
 #include "data/variables/storedvariables.h"
 #include "data/variables/variablemanager.h"
 #include "frame/messagesink.h"
+#include "modules/base/movedfiles.h"
 #include "modules/plot3d/block.h"
 #include "modules/plot3d/boundaryitem.h"
 #include "modules/plot3d/plot3dkeys.h"
@@ -68,34 +69,71 @@ QString CPlot3DSimulation::Load(const CCaseRecords& records)
     DescribeFiles(records);
     if (GetName().isEmpty())
         SetName(QFileInfo(records.grid.FileName()).completeBaseName());
+    m_bDataMissing = false;
     TellViews();
+    ShowKeptDisplays();
     return {};
 }
 
 CCaseRecords CPlot3DSimulation::GetRecords() const
 {
     ForgetDetectedFiles();
-    const QString sPath = GetFilePath();
-    return ReadCaseFiles(*this, sPath.isEmpty() ? QString() : QFileInfo(sPath).absolutePath());
+    return ReadCaseFiles(
+        *this, [this](const QString& sFormerName) { return FindMovedFile(sFormerName, CaseFolder()); });
+}
+
+/** Of the case's own file; empty if it has none. */
+QString CPlot3DSimulation::CaseFolder() const
+{
+    return GetFilePath().isEmpty() ? QString() : QFileInfo(GetFilePath()).absolutePath();
+}
+
+/** As GetRecords; what isn't found so is asked for. */
+CCaseRecords CPlot3DSimulation::FindRecords() const
+{
+    CCaseRecords records = GetRecords();
+    const QStringList sMissingList = MissingFiles(records);
+    const QString sFolder = sMissingList.isEmpty() ? QString() : AskForMissingFiles(GetName(), sMissingList);
+    if (sFolder.isEmpty())
+        return records;
+    return ReadCaseFiles(*this, [&](const QString& sFormerName) {
+        const QString sMoved = FindMovedFile(sFormerName, CaseFolder());
+        return sMoved.isEmpty() ? FindFileBelow(sFormerName, sFolder) : sMoved;
+    });
 }
 
 QString CPlot3DSimulation::Reload() { return Load(GetRecords()); }
 
 bool CPlot3DSimulation::FromBytes(const QByteArray& bytes, double dVersion)
 {
-    return ISimulation::FromBytes(bytes, dVersion) && (GetId() == NO_ID || RegisterStoredCase());
+    if (!ISimulation::FromBytes(bytes, dVersion))
+        return false;
+    if (GetId() != NO_ID)
+        RegisterStoredCase();
+    return true;
 }
 
-/** Items are as they were stored; of their files only the data are registered. */
-bool CPlot3DSimulation::RegisterStoredCase()
+/** Items are as they were stored; of their files only the data are registered, as far as they are there. */
+void CPlot3DSimulation::RegisterStoredCase()
 {
-    const CCaseRecords records = GetRecords();
-    const SPlot3DCase examined = ExaminePlot3DCase(records.ToCaseFiles(OffersHole()));
-    if (!examined.sError.isEmpty()) {
-        CMessageSink::Instance().Log(examined.sError);
-        return false;
-    }
-    WriteCaseFiles(*this, records, examined); // the files may have moved along with the case
+    const CCaseRecords records = FindRecords();
+    if (records.grid.IsEmpty())
+        return; // a case without files
+    CCaseRecords usable = records;
+    QStringList sProblemList = usable.DropUnfit();
+    const SPlot3DCase examined = ExaminePlot3DCase(usable.ToCaseFiles(OffersHole()));
+    if (!examined.sError.isEmpty())
+        sProblemList = QStringList(examined.sError);
+    for (const QString& sProblem : std::as_const(sProblemList))
+        CMessageSink::Instance().Log(QString("%1 opens without data: %2").arg(GetName(), sProblem));
+    m_bDataMissing = !sProblemList.isEmpty();
+    if (!examined.sError.isEmpty())
+        return;
+    // The files may have moved along with the case. What is missing stays named.
+    if (m_bDataMissing)
+        WriteFileNames(*this, records);
+    else
+        WriteCaseFiles(*this, records, examined);
     const QString sDirectory = Get(*this, SimulationKey::DIRECTORY);
     QVector<qint64> itemIds;
     for (int n = 0; n < examined.blocks.size(); ++n) {
@@ -108,7 +146,6 @@ bool CPlot3DSimulation::RegisterStoredCase()
     }
     RegisterCase(examined, itemIds);
     DescribeFiles(records);
-    return true;
 }
 
 CBlock* CPlot3DSimulation::FindBlock(qint64 nFileIndex) const

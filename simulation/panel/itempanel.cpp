@@ -347,7 +347,8 @@ void CItemPanel::on_m_pDispFilesB_clicked()
     ISimulation* const pSimulation = GetSimulation();
     if (!pSimulation || pSimulation->ChooseDisplayFile(m_nViewId))
         return;
-    const QString sFile = AskDisplayFile(*pSimulation);
+    const QStringList sFileList = ListDisplayFiles(*pSimulation);
+    const QString sFile = sFileList.isEmpty() ? AskDisplayFile() : ChooseDisplayFileOf(sFileList);
     if (sFile.isEmpty())
         return;
     // A simulation tells the user itself what is wrong with a file.

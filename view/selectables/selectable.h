@@ -36,7 +36,7 @@ public:
     // Stored state (selectable_store.cpp).
     QByteArray toBinary() const override;
     bool fromBinary(const QByteArray& bytes, double dVersion) override;
-    /** "kind", "hidden" and "drawables", the display of each; derived kinds add to it. */
+    /** "kind", "hidden", "selected" and "drawables", the display of each; derived kinds add to it. */
     QJsonObject toJsonBlock() const override;
     /** False for a block of another kind; what it doesn't name stays. */
     bool fromJsonBlock(const QJsonObject& block) override;

@@ -48,7 +48,10 @@ QJsonObject CSelectable::toJsonBlock() const
     QJsonArray drawables;
     for (const IDrawable* const pDrawable : m_drawables)
         drawables.append(pDrawable->toJson());
-    return {{"kind", double(m_nTypeId)}, {"hidden", m_bHidden}, {"drawables", drawables}};
+    return {{"kind", double(m_nTypeId)},
+            {"hidden", m_bHidden},
+            {"selected", m_bSelected},
+            {"drawables", drawables}};
 }
 
 bool CSelectable::fromJsonBlock(const QJsonObject& block)
@@ -56,6 +59,7 @@ bool CSelectable::fromJsonBlock(const QJsonObject& block)
     if (qint64(block["kind"].toDouble(double(m_nTypeId))) != m_nTypeId)
         return false;
     m_bHidden = block["hidden"].toBool(m_bHidden);
+    m_bSelected = block["selected"].toBool(m_bSelected);
     const QJsonArray drawables = block["drawables"].toArray();
     if (!drawables.isEmpty())
         PrepareDrawables(drawables.size());

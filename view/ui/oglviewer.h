@@ -1,7 +1,7 @@
 #pragma once
 
-#include "view/camera.h"
 #include "view/cameraoperator.h"
+#include "view/icameraview.h"
 #include "view/iviewer.h"
 
 #include <QWidget>
@@ -18,7 +18,7 @@ class COglViewer;
  * A three-dimensional view: a head line (name, active marker, link, split, maximise, close) around the
  * canvas in which the cases of the view are drawn. A view index in its signals is its id.
  */
-class COglViewer : public QWidget, public IViewer
+class COglViewer : public QWidget, public IViewer, public ICameraView
 {
     Q_OBJECT
 
@@ -38,9 +38,8 @@ public:
     /** Whether its camera follows and leads those of all other linked views. */
     bool IsLinked() const;
 
-    SCamera GetCamera() const;
-    /** @param nFit  a CameraFit_e: what of it stays visible in a widget of another shape */
-    void SetCamera(const SCamera& camera, int nFit = 0);
+    SCamera GetCamera() const override;
+    void SetCamera(const SCamera& camera, int nFit = 0) override;
     COpenGLDrawer& GetDrawer() { return *m_pDrawer; }
 
 signals:

@@ -4,6 +4,7 @@
 
 class ISimulation;
 class QObject;
+struct SCaseFile;
 
 /**
  * The common state of all modules and neutral defaults for what a kind of case doesn't offer. Concrete
@@ -37,15 +38,25 @@ public:
     qint64 CreateNew() override { return -1; }
     bool OwnsActiveSimulation() const override { return false; }
     bool OwnsSimulationOfView(qint64) const override { return false; }
-    bool Save(const QString&, qint64) override { return false; }
     bool CanOpen() const override { return false; }
-    qint64 Open(const QString&, qint64) override { return -1; }
     bool CanAnalyze() const override { return false; }
     qint64 Analyze(qint64) override { return -1; }
-    qint64 OpenFromKey(const QByteArray&, qint64) override { return -1; }
     bool CanAddTransient() const override { return false; }
     bool AddTransient(qint64) override { return false; }
     bool ShowsHierarchy(qint64) const override { return false; }
+
+    // Files of cases (moduleinterface_cases.cpp), for modules that say how to make an empty one
+    // (MakeSimulation).
+    /** A file that can't be written is told; the old one stays whole then. */
+    bool Save(const QString& sFile, qint64 nSimulationId) override;
+    /**
+     * @param nViewId  where the case is to stand; -1: in the active view, with the display and the camera
+     * that are stored with it
+     * @return the simulation's id; -1, and nothing has changed, if it can't be opened, which is told
+     */
+    qint64 Open(const QString& sFile, qint64 nViewId) override;
+    /** Opens the case file that the key names. */
+    qint64 OpenFromKey(const QByteArray& key, qint64 nViewId) override;
 
     QVector<QMenu*> GetMenus() const override { return m_menus; }
     QVector<QToolBar*> GetToolBars() const override { return m_toolBars; }
@@ -67,6 +78,10 @@ public:
     virtual ISimulation* GetActiveSimulation() const;
 
 protected:
+    /** A new, empty case of the module; null where it opens none. */
+    virtual ISimulation* MakeSimulation() const { return nullptr; }
+    /** What a file should have been, where it isn't: all but the solver modules say the same. */
+    virtual QString GetFileKind() const { return "Velor"; }
     /** Shows all menus, toolbars, actions and docks of the module. */
     void ShowAll();
     /** True if the simulation on top of the view is of this module. */
@@ -84,6 +99,7 @@ protected:
 
 private:
     void SetAllVisible(bool bVisible);
+    bool ReadCase(const QString& sFile, SCaseFile& file) const;
 
     const qint32 m_nId;
     const QString m_sName;

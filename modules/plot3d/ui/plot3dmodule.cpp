@@ -2,9 +2,8 @@
 
 #include "frame/messagesink.h"
 #include "frame/novalue.h"
-#include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
-#include "frame/widgetmanager.h"
+#include "modules/base/ui/blockedviews.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "modules/plot3d/ui/filesdialogeditor.h"
 #include "simulation/simulationmanager.h"
@@ -13,23 +12,6 @@
 #include <optional>
 
 namespace {
-
-/** The views of a simulation don't follow what happens while this lives. */
-class CBlockedViews
-{
-public:
-    explicit CBlockedViews(qint64 nSimulationId) : m_nSimulationId(nSimulationId)
-    {
-        CWidgetManager::Instance().BlockUpdates(m_nSimulationId, true);
-    }
-    ~CBlockedViews() { CWidgetManager::Instance().BlockUpdates(m_nSimulationId, false); }
-    CBlockedViews(const CBlockedViews&) = delete;
-    CBlockedViews& operator=(const CBlockedViews&) = delete;
-
-private:
-    const qint64 m_nSimulationId;
-    const CWaitCursor m_wait;
-};
 
 /** Of several grids the first is taken; who wants them as levels gives a series. */
 SFilesProblem AddFile(CCaseRecords& records, const QString& sFile)
@@ -95,7 +77,7 @@ qint64 CPlot3DModule::Analyze(qint64 nViewId)
 qint64 CPlot3DModule::OpenFromKey(const QByteArray& key, qint64 nViewId)
 {
     CDataPack pack;
-    return ReadDataFileKey(key, GetId(), pack) ? OpenRecords(ReadCaseFiles(pack, {}), nViewId) : NO_ID;
+    return ReadDataFileKey(key, GetId(), pack) ? OpenRecords(ReadCaseFiles(pack), nViewId) : NO_ID;
 }
 
 qint64 CPlot3DModule::OpenPlot3D(const QStringList& sFileList, qint64 nViewId)

@@ -1,15 +1,14 @@
 #pragma once
 
 #include "modules/base/ui/moduleinterface.h"
+#include "modules/plot3d/plot3dsimulation.h"
 
 #include <QObject>
 
 #include <array>
 #include <memory>
 
-class CCaseRecords;
 class CFilesDialogEditor;
-class CPlot3DSimulation;
 class CSurfaceDataDock;
 
 /** The viewer of structured files. */
@@ -30,6 +29,7 @@ public:
     bool OwnsSimulationOfView(qint64 nViewId) const override { return IsShownIn(nViewId); }
 
     // Cases.
+    bool CanOpen() const override { return true; }
     bool CanAnalyze() const override { return true; }
     /** Asks for the files. */
     qint64 Analyze(qint64 nViewId) override;
@@ -38,6 +38,7 @@ public:
     {
         return OpenPlot3D(sFileList, nViewId);
     }
+    /** A case of the same files that is open already is shown in the view. */
     qint64 OpenFromKey(const QByteArray& key, qint64 nViewId) override;
     bool CanAddTransient() const override { return true; }
     /** Reads the headers of the case again: levels that are new, files that were rewritten. */
@@ -75,8 +76,7 @@ public slots:
     void SlotUnifyData();
 
 protected:
-    /** A new, empty case of the module. */
-    virtual CPlot3DSimulation* MakeSimulation() const;
+    CPlot3DSimulation* MakeSimulation() const override;
 
 private:
     enum Action_e {

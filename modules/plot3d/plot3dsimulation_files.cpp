@@ -1,0 +1,46 @@
+// CPlot3DSimulation: its display files, and what they say of its data.
+#include "modules/base/displayfile.h"
+#include "modules/plot3d/datafilekeys.h"
+#include "modules/plot3d/plot3dkeys.h"
+#include "modules/plot3d/plot3dsimulation.h"
+
+#include <QFileInfo>
+
+/** Without items, or without their data, there is nothing that anybody has looked at. */
+void CPlot3DSimulation::SaveDisplayFile(qint64 nViewId)
+{
+    if (GetItemCount() > 0 && !m_bDataMissing)
+        WriteDisplayFile(*this, nViewId);
+}
+
+bool CPlot3DSimulation::ChooseDisplayFile(qint64 nViewId)
+{
+    if (std::exchange(m_bDisplayChosen, false))
+        return false;
+    return OfferDisplayFiles(*this, nViewId);
+}
+
+bool CPlot3DSimulation::LoadDisplayFile(const QString& sFile, qint64 nViewId)
+{
+    return ReadDisplayFile(*this, sFile, nViewId);
+}
+
+QJsonObject CPlot3DSimulation::SaveDataFiles() const { return TakeDataFileKeys(*this); }
+
+QString CPlot3DSimulation::LoadDataFiles(const QJsonObject& settings, const QString& sFolder)
+{
+    QJsonObject keys;
+    for (auto it = settings.begin(); it != settings.end(); ++it)
+        if (it.key().startsWith("dataFiles."))
+            keys[it.key()] = it.value();
+    if (keys.isEmpty())
+        return {};
+    const CCaseRecords current = GetRecords();
+    const CCaseRecords records =
+        ReadDataFileKeys(keys, current, {sFolder, Get(*this, SimulationKey::DIRECTORY)});
+    if (const QString sError = AreSameFiles(records, current) ? QString() : Load(records); !sError.isEmpty())
+        return sError;
+    if (!m_case.blocks.isEmpty())
+        WriteCaseFiles(*this, records, m_case, sFolder);
+    return {};
+}
