@@ -7,6 +7,7 @@
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
 #include "frame/window/firstcolors.h"
+#include "frame/window/showcase.h"
 #include "frame/window/windowactions.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
@@ -58,16 +59,6 @@ qint64 CreateFromFiles(const QStringList& sFileList)
             return nSimulationId;
     }
     return -1;
-}
-
-void ShowInActiveView(qint64 nSimulationId)
-{
-    if (nSimulationId == -1)
-        return;
-    const qint64 nViewId = CWidgetManager::Instance().GetActiveViewId();
-    CSimulationManager::Instance().SetActiveSimulation(nViewId, nSimulationId);
-    CWidgetManager::Instance().RefreshDocks(nViewId);
-    CWidgetManager::Instance().UpdateActiveViewer();
 }
 
 IModuleInterface* ModuleOf(const QAction* pAction)

@@ -7,6 +7,7 @@
 #include "frame/themeicon.h"
 #include "frame/ui/messageboxprompt.h"
 #include "frame/ui/progressdialog.h"
+#include "frame/window/caserecovery.h"
 #include "frame/window/commandline.h"
 #include "frame/window/mainwindow.h"
 #include "frame/window/startuptimings.h"
@@ -17,6 +18,7 @@
 #include "view/ui/surfaceformat.h"
 
 #include <QApplication>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -53,7 +55,12 @@ int RunInteractive(const QString& sFileName)
     StartupTimings::Note("shown");
     if (!sFileName.isEmpty())
         window.SlotOpenSimulation(sFileName);
-    return QApplication::exec();
+    CCaseRecovery recovery(CCaseRecovery::DefaultRoot());
+    QObject::connect(&recovery, &CCaseRecovery::SignalOpenSaved, &window, &CMainWindow::SlotOpenSimulation);
+    QTimer::singleShot(0, &recovery, &CCaseRecovery::OfferLostCases); // the window comes first
+    const int nStatus = QApplication::exec();
+    recovery.End();
+    return nStatus;
 }
 
 int RunModule(const QString& sModule, QApplication& application, int argc, char** argv)

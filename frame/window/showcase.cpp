@@ -1,0 +1,14 @@
+#include "frame/window/showcase.h"
+
+#include "frame/widgetmanager.h"
+#include "simulation/simulationmanager.h"
+
+void ShowInActiveView(qint64 nSimulationId)
+{
+    if (nSimulationId == -1)
+        return;
+    const qint64 nViewId = CWidgetManager::Instance().GetActiveViewId();
+    CSimulationManager::Instance().SetActiveSimulation(nViewId, nSimulationId);
+    CWidgetManager::Instance().RefreshDocks(nViewId);
+    CWidgetManager::Instance().UpdateActiveViewer();
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "modules/base/casefile.h"
+
+/** The record of an automatic save (docs/formats/casefiles.md). */
+struct SAutosaveFile
+{
+    static constexpr double VERSION = 1.0; ///< of what is written; nothing above it is read
+
+    QString sModule;     ///< the name of the module that opens the case
+    QString sName;       ///< what the user knows the case by
+    QString sFilePath;   ///< of its case file; empty for a case that was never saved
+    QByteArray caseFile; ///< what that file would hold if the case were saved now
+
+    QByteArray ToBytes() const;
+    /** On anything but StoredOk the record stays as it is. */
+    StoredFile_e FromBytes(const QByteArray& bytes);
+};
