@@ -108,6 +108,6 @@ bool CCaseRecovery::Recover(const SAutosaveFile& content) const
     pSimulation->SetFilePath(content.sFilePath);
     pSimulation->SetSavedData({});
     pSimulation->SetSavedDisplay({});
-    ShowInActiveView(nId);
+    ShowCase::InActiveView(nId);
     return true;
 }

@@ -1,6 +1,5 @@
 #include "frame/window/filecommands.h"
 
-#include "frame/bytestream.h"
 #include "frame/messagesink.h"
 #include "frame/moduleregistry.h"
 #include "frame/ui/waitcursor.h"
@@ -9,6 +8,7 @@
 #include "frame/window/firstcolors.h"
 #include "frame/window/showcase.h"
 #include "frame/window/windowactions.h"
+#include "modules/base/casefile.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 
@@ -20,14 +20,18 @@ namespace {
 
 constexpr const char* OPEN_TITLE = "Open Simulation";
 
-/** The first field of a simulation file, its module's name; empty if there is none. */
-QString ReadModuleName(QFile& file)
+/** Enough of a file to see what it is. */
+QByteArray ReadHead(const QString& sFile)
 {
-    constexpr qint64 LONGEST_NAME = 256; // [bytes]
-    const QByteArray head = file.read(LONGEST_NAME);
-    CByteReader reader(head);
-    QString sModule;
-    return reader.Read(sModule) ? sModule : QString();
+    constexpr qint64 HEAD = 512; // [bytes]
+    QFile file(sFile);
+    return file.open(QIODevice::ReadOnly) ? file.read(HEAD) : QByteArray();
+}
+
+/** A case of a kind that isn't known here is no data file, whatever module would take it for one. */
+bool IsCaseFile(const QString& sFile)
+{
+    return sFile.endsWith(".zento", Qt::CaseInsensitive) || LooksLikeCaseFile(ReadHead(sFile));
 }
 
 IModuleInterface* FindOpeningModule(const QString& sName)
@@ -59,6 +63,31 @@ qint64 CreateFromFiles(const QStringList& sFileList)
             return nSimulationId;
     }
     return -1;
+}
+
+/** The same under the wait cursor, with its first colours if it wasn't open before. */
+qint64 CreateCase(const QStringList& sFileList, const QVector<qint64>& formerIds)
+{
+    const CWaitCursor wait;
+    const qint64 nSimulationId = CreateFromFiles(sFileList);
+    if (nSimulationId == -1) {
+        TellUnknown(sFileList.join(", "));
+        return nSimulationId;
+    }
+    ShowCase::InActiveView(nSimulationId);
+    if (!formerIds.contains(nSimulationId))
+        FirstColors::Show(CWidgetManager::Instance().GetActiveViewId(), nSimulationId);
+    return nSimulationId;
+}
+
+/** A new case of data files: the user may want it as it was looked at before. */
+void OfferDisplay(qint64 nSimulationId, const QVector<qint64>& formerIds)
+{
+    ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(nSimulationId);
+    if (!pSimulation || formerIds.contains(nSimulationId))
+        return;
+    pSimulation->ChooseDisplayFile(CWidgetManager::Instance().GetActiveViewId());
+    ShowCase::InActiveView(nSimulationId);
 }
 
 IModuleInterface* ModuleOf(const QAction* pAction)
@@ -98,13 +127,18 @@ void CFileCommands::FillModuleMenu(QMenu* pMenu, bool (IModuleInterface::*can)()
 void CFileCommands::SlotNewSimulation(QAction* pAction)
 {
     if (IModuleInterface* const pModule = ModuleOf(pAction))
-        ShowInActiveView(pModule->CreateNew());
+        ShowCase::InActiveView(pModule->CreateNew());
 }
 
 void CFileCommands::SlotAnalyzeSimulation(QAction* pAction)
 {
-    if (IModuleInterface* const pModule = ModuleOf(pAction))
-        ShowInActiveView(pModule->Analyze(-1));
+    IModuleInterface* const pModule = ModuleOf(pAction);
+    if (!pModule)
+        return;
+    const QVector<qint64> openIds = CSimulationManager::Instance().GetSimulationIds();
+    const qint64 nSimulationId = pModule->Analyze(-1);
+    ShowCase::InActiveView(nSimulationId);
+    OfferDisplay(nSimulationId, openIds);
 }
 
 void CFileCommands::SlotOpenSimulation(const QString& sFileName)
@@ -122,16 +156,17 @@ void CFileCommands::SlotOpenSimulation(const QString& sFileName)
 
 bool CFileCommands::OpenCase(const QString& sFile)
 {
-    QFile file(sFile);
-    if (!file.open(QIODevice::ReadOnly))
-        return UserPrompt::Tell(PromptCritical, OPEN_TITLE, "Failed to open the selected file");
-    IModuleInterface* const pModule = FindOpeningModule(ReadModuleName(file));
-    file.close();
-    if (!pModule)
-        return false;
+    SCaseFile file;
+    file.FromBytes(ReadHead(sFile)); // as far as it goes: to the name
+    IModuleInterface* const pModule = FindOpeningModule(file.sModule);
+    if (!pModule) {
+        if (IsCaseFile(sFile))
+            TellUnknown(sFile);
+        return IsCaseFile(sFile);
+    }
     const qint64 nSimulationId = pModule->Open(sFile, -1);
     if (nSimulationId != -1) {
-        ShowInActiveView(nSimulationId);
+        ShowCase::InActiveView(nSimulationId);
         m_recentFiles.Add(sFile);
     }
     return true;
@@ -148,15 +183,10 @@ void CFileCommands::OpenFiles(const QStringList& sFileList)
     }
     if (sDataFileList.isEmpty())
         return;
-    const CWaitCursor wait;
     const QVector<qint64> openIds = CSimulationManager::Instance().GetSimulationIds();
-    const qint64 nSimulationId = CreateFromFiles(sDataFileList);
-    if (nSimulationId == -1) {
-        TellUnknown(sDataFileList.join(", "));
+    const qint64 nSimulationId = CreateCase(sDataFileList, openIds);
+    if (nSimulationId == -1)
         return;
-    }
-    ShowInActiveView(nSimulationId);
-    if (!openIds.contains(nSimulationId))
-        FirstColors::Show(CWidgetManager::Instance().GetActiveViewId(), nSimulationId);
     m_recentFiles.Add(sDataFileList.first());
+    OfferDisplay(nSimulationId, openIds);
 }

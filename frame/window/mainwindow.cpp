@@ -15,6 +15,8 @@
 #include "frame/window/helpcommands.h"
 #include "frame/window/mirrortoolbar.h"
 #include "frame/window/preferences/preferencesdialog.h"
+#include "frame/window/restartcommands.h"
+#include "frame/window/savecommands.h"
 #include "frame/window/selectioncommands.h"
 #include "frame/window/simulationtabs.h"
 #include "frame/window/startuptimings.h"
@@ -128,6 +130,8 @@ void CMainWindow::BuildActions()
     m_pActions = new CWindowActions(this);
     m_pFileCommands = std::make_unique<CFileCommands>(*m_pActions, m_pUi->m_pNewSimulationMenu,
                                                       m_pUi->m_pAnalyzeMenu, m_pUi->m_pRecentFilesMenu);
+    m_pSaveCommands = std::make_unique<CSaveCommands>(*m_pActions, m_pFileCommands->GetRecentFiles());
+    m_pRestartCommands = std::make_unique<CRestartCommands>(*m_pActions);
     m_pEditCommands = std::make_unique<CEditCommands>(*m_pActions);
     m_pSelectionCommands = std::make_unique<CSelectionCommands>(*m_pActions);
     m_pDisplayCommands = std::make_unique<CDisplayCommands>(*m_pActions);

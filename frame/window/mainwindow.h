@@ -18,6 +18,8 @@ class CEditCommands;
 class CFileCommands;
 class CHelpCommands;
 class CItemPanels;
+class CRestartCommands;
+class CSaveCommands;
 class CSelectionCommands;
 class CSimulationTabs;
 class CViewArea;
@@ -117,6 +119,8 @@ private:
     std::unique_ptr<CDockLogic> m_pDocks;
     std::unique_ptr<CViewCommands> m_pViewCommands;
     std::unique_ptr<CFileCommands> m_pFileCommands;
+    std::unique_ptr<CSaveCommands> m_pSaveCommands;
+    std::unique_ptr<CRestartCommands> m_pRestartCommands;
     std::unique_ptr<CEditCommands> m_pEditCommands;
     std::unique_ptr<CSelectionCommands> m_pSelectionCommands;
     std::unique_ptr<CDisplayCommands> m_pDisplayCommands;

@@ -3,12 +3,13 @@
 #include "frame/widgetmanager.h"
 #include "simulation/simulationmanager.h"
 
-void ShowInActiveView(qint64 nSimulationId)
+void ShowCase::InActiveView(qint64 nSimulationId)
 {
     if (nSimulationId == -1)
         return;
     const qint64 nViewId = CWidgetManager::Instance().GetActiveViewId();
     CSimulationManager::Instance().SetActiveSimulation(nViewId, nSimulationId);
     CWidgetManager::Instance().RefreshDocks(nViewId);
+    CWidgetManager::Instance().UpdateActions();
     CWidgetManager::Instance().UpdateActiveViewer();
 }

@@ -47,6 +47,13 @@ bool ReadWholeFile(const QString& sFileName, QByteArray& bytes)
     return file.error() == QFileDevice::NoError;
 }
 
+void TellNewer(const QString& sFileName)
+{
+    const QString sText = QString("%1 was written by a newer version of this program").arg(sFileName);
+    CMessageSink::Instance().Log(sText);
+    CWidgetManager::Instance().SetStatusText(sText);
+}
+
 qint64 ViewToStore(const ISimulation& simulation)
 {
     const QVector<qint64> viewIds = simulation.GetViewIds();

@@ -13,6 +13,9 @@ class ISimulation;
  */
 bool ReadWholeFile(const QString& sFileName, QByteArray& bytes);
 
+/** Says in the log and in the status bar, where it disturbs nobody, that a later version wrote the file. */
+void TellNewer(const QString& sFileName);
+
 /**
  * The view whose display and camera are stored with the case: the active one if the case stands in it, else
  * the first that it stands in; -1 for none.

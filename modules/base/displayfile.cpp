@@ -1,6 +1,5 @@
 #include "modules/base/displayfile.h"
 
-#include "frame/messagesink.h"
 #include "frame/replacefile.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
@@ -39,15 +38,6 @@ bool Tell(const char* sText, const QString& sFile)
     return UserPrompt::Tell(PromptWarning, TITLE, QString(sText).arg(sFile));
 }
 
-/** Of a newer version: nothing is wrong and nothing happens, so there is no box. */
-bool LogNewer(const QString& sFile)
-{
-    const QString sText = QString("%1 was written by a newer version of this program").arg(sFile);
-    CMessageSink::Instance().Log(sText);
-    CWidgetManager::Instance().SetStatusText(sText);
-    return false;
-}
-
 SOverridable TakeOverridable(const ISimulation& simulation, qint64 nViewId)
 {
     const CSimulationManager& manager = CSimulationManager::Instance();
@@ -70,8 +60,10 @@ bool ReadOldFile(ISimulation& simulation, const QByteArray& bytes, const QString
 {
     SOldDisplayFile file;
     const StoredFile_e eStored = file.FromBytes(bytes);
-    if (eStored == StoredNewer)
-        return LogNewer(sFile);
+    if (eStored == StoredNewer) {
+        TellNewer(sFile);
+        return false;
+    }
     const CUpdateBlock block(simulation.GetId());
     simulation.BeginUndoStep();
     const bool bShown = eStored == StoredOk && simulation.LoadViewState(file.display, nViewId, file.dVersion);
@@ -100,8 +92,10 @@ bool ReadDocument(ISimulation& simulation, const QByteArray& bytes, const QStrin
 {
     SDisplayDocument document;
     const StoredFile_e eStored = document.FromBytes(bytes);
-    if (eStored == StoredNewer)
-        return LogNewer(sFile);
+    if (eStored == StoredNewer) {
+        TellNewer(sFile);
+        return false;
+    }
     if (eStored == StoredBad)
         return Tell("Invalid display file format:\n%1", sFile);
     SOverridable values{document.display, MirrorToJson({}), SectorsToJson({})};

@@ -1,6 +1,5 @@
 // CModuleInterface: saving and opening the cases of a module.
 #include "frame/bytestream.h"
-#include "frame/messagesink.h"
 #include "frame/userprompt.h"
 #include "modules/base/casestorage.h"
 #include "modules/base/ui/blockedviews.h"
@@ -14,14 +13,6 @@ namespace {
 
 constexpr const char *OPEN_TITLE = "Open Simulation", *SAVE_TITLE = "Save Simulation";
 constexpr const char* FAILED = "Failed to open the selected file";
-
-/** No box: nothing is wrong with the file, and nothing has happened. */
-void TellNewer(const QString& sFileName)
-{
-    const QString sText = QString("%1 was written by a newer version of this program").arg(sFileName);
-    CMessageSink::Instance().Log(sText);
-    CWidgetManager::Instance().SetStatusText(sText);
-}
 
 } // namespace
 

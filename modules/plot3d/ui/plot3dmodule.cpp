@@ -3,13 +3,16 @@
 #include "frame/messagesink.h"
 #include "frame/novalue.h"
 #include "frame/userprompt.h"
+#include "modules/base/casestorage.h"
+#include "modules/base/displaydocument.h"
 #include "modules/base/ui/blockedviews.h"
+#include "modules/plot3d/datafilekeys.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "modules/plot3d/ui/filesdialogeditor.h"
 #include "simulation/simulationmanager.h"
 #include "view/docks/surfacedatadock.h"
 
-#include <optional>
+#include <QFileInfo>
 
 namespace {
 
@@ -31,6 +34,24 @@ SFilesProblem TakeFiles(CCaseRecords& records, const QStringList& sFileList)
             return problem;
     records.AddCompanions();
     return records.Validate();
+}
+
+/** Gives the problem, for the user. */
+QString ReadDataOf(const QString& sDisplayFile, CCaseRecords& records)
+{
+    QByteArray bytes;
+    if (!ReadWholeFile(sDisplayFile, bytes))
+        return QString("Could not open:\n%1").arg(sDisplayFile);
+    if (!SDisplayDocument::IsJson(bytes))
+        return "Only JSON .disp files are supported here.";
+    SDisplayDocument document;
+    if (document.FromBytes(bytes) != StoredOk)
+        return "Invalid display file format.";
+    ForgetDetectedFiles();
+    records = ReadDataFileKeys(document.overrides, {}, {QFileInfo(sDisplayFile).absolutePath()});
+    return records.grid.IsEmpty() || !QFileInfo(records.grid.FileName()).isFile()
+               ? "Display file does not reference an accessible grid file."
+               : QString();
 }
 
 } // namespace
@@ -134,6 +155,17 @@ qint64 CPlot3DModule::OpenRecords(const CCaseRecords& records, qint64 nView)
     }
     manager.SetActiveSimulation(nViewId, nId);
     return nId;
+}
+
+/** The case of the data that a display file names; -1, after telling why, if there is none. */
+qint64 CPlot3DModule::OpenDataOf(const QString& sDisplayFile, qint64 nViewId)
+{
+    CCaseRecords records;
+    const QString sProblem = ReadDataOf(sDisplayFile, records);
+    if (sProblem.isEmpty())
+        return OpenRecords(records, nViewId);
+    UserPrompt::Tell(PromptWarning, "Display File", sProblem);
+    return NO_ID;
 }
 
 bool CPlot3DModule::AddTransient(qint64 nSimulationId)

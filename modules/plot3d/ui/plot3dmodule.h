@@ -66,6 +66,11 @@ public:
 public slots:
     /** Asks for the files of a case and shows it on top of the active view. */
     void SlotImportPlot3D();
+    /**
+     * Asks for a display file and shows it: in the case of the module on top of the active view, or, without
+     * one, in the case of the data that it names.
+     */
+    void SlotImportAnalyzeDisp();
     /** Makes a surface in the middle of each selected block and opens them in the dock, one undo step. */
     void SlotCreateSurface();
     /** Opens the selection in the dock that edits it. */
@@ -96,6 +101,7 @@ private:
 
     void MakeActions();
     void MakeToolBar();
+    qint64 OpenDataOf(const QString& sDisplayFile, qint64 nViewId);
     qint64 OpenRecords(const CCaseRecords& records, qint64 nViewId);
     qint64 ShowOpenCase(const CCaseRecords& records, qint64 nViewId) const;
     qint64 ViewOrActive(qint64 nViewId) const { return nViewId == -1 ? GetActiveViewId() : nViewId; }

@@ -13,6 +13,7 @@
 #include "scene/iselectable.h"
 #include "scene/selectablekind.h"
 #include "scene/selectablemanager.h"
+#include "simulation/displayfilechoice.h"
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"
 #include "view/selectables/surfaceitems.h"
@@ -42,7 +43,7 @@ constexpr SActionText s_texts[] = {
     {"Modify", "Modify selected item(s)", ":/Icons/edit.png"},
     {"Unify item data", "Give the settings of an item to those with the same grid", ":/Icons/unify.png"},
     {"Plot3D...", "Open Plot3D files", ":/Icons/Import.png"},
-    {"Analyze Display...", "", ":/Icons/Import.png"},
+    {"Analyze Display...", "Show a case as a display file says", ":/Icons/Import.png"},
     {"FieldView Restart...", "", ":/Icons/Import.png"},
     {"Plot3D...", "Write the grids of the selected blocks, or of all", ":/Icons/Export.png"},
 };
@@ -84,11 +85,14 @@ void CPlot3DModule::MakeActions()
     connect(m_moduleActions[ActionModify], &QAction::triggered, this, &CPlot3DModule::SlotModify);
     connect(m_moduleActions[ActionUnifyData], &QAction::triggered, this, &CPlot3DModule::SlotUnifyData);
     connect(m_moduleActions[ActionImportPlot3D], &QAction::triggered, this, &CPlot3DModule::SlotImportPlot3D);
+    connect(m_moduleActions[ActionImportAnalyzeDisplay], &QAction::triggered, this,
+            &CPlot3DModule::SlotImportAnalyzeDisp);
     connect(m_moduleActions[ActionExportPlot3D], &QAction::triggered, this, &CPlot3DModule::SlotExportPlot3D);
-    m_moduleActions[ActionImportPlot3D]->setEnabled(true);
     // Importing makes a case: it is there whatever is shown. All else goes with a case of the module.
     for (int n = 0; n < MODULE_ACTIONS; ++n)
-        if (n != ActionImportPlot3D)
+        if (n == ActionImportPlot3D || n == ActionImportAnalyzeDisplay)
+            m_moduleActions[n]->setEnabled(true);
+        else
             m_actions.append(m_moduleActions[n]);
 }
 
@@ -192,9 +196,33 @@ void CPlot3DModule::SlotModify()
 
 void CPlot3DModule::SlotImportPlot3D()
 {
-    if (Analyze(-1) == -1)
+    const QVector<qint64> openIds = CSimulationManager::Instance().GetSimulationIds();
+    const qint64 nId = Analyze(-1);
+    if (nId == -1)
         return;
+    if (!openIds.contains(nId))
+        FindSimulation(nId)->ChooseDisplayFile(GetActiveViewId());
     RefreshDocks(GetActiveViewId());
+    CWidgetManager::Instance().UpdateActiveViewer();
+}
+
+void CPlot3DModule::SlotImportAnalyzeDisp()
+{
+    const QString sFile = AskDisplayFile();
+    if (sFile.isEmpty())
+        return;
+    const qint64 nViewId = GetActiveViewId();
+    CPlot3DSimulation* pSimulation = ActivePlot3D();
+    if (!pSimulation)
+        pSimulation = FindSimulation(OpenDataOf(sFile, nViewId));
+    if (!pSimulation)
+        return;
+    {
+        const CWaitCursor wait;
+        pSimulation->LoadDisplayFile(sFile, nViewId);
+    }
+    RefreshDocks(nViewId);
+    CWidgetManager::Instance().UpdateActions();
     CWidgetManager::Instance().UpdateActiveViewer();
 }
 

@@ -1,0 +1,129 @@
+#include "frame/window/restartcommands.h"
+
+#include "frame/moduleregistry.h"
+#include "frame/preferencekeys.h"
+#include "frame/preferences.h"
+#include "frame/replacefile.h"
+#include "frame/userprompt.h"
+#include "frame/widgetmanager.h"
+#include "frame/window/activepair.h"
+#include "frame/window/showcase.h"
+#include "frame/window/windowactions.h"
+#include "modules/base/casestorage.h"
+#include "modules/base/restartfile.h"
+#include "modules/base/ui/blockedviews.h"
+#include "modules/base/viewcamera.h"
+#include "simulation/isimulation.h"
+#include "simulation/simulationmanager.h"
+
+#include <QFileInfo>
+
+namespace {
+
+constexpr const char *TITLE = "Simulation Restart File", *INVALID_TITLE = "Invalid Simulation";
+constexpr const char* FILTER = "Simulation Restart Files (*.srst)";
+
+/** The directory that was used last is where the question starts. */
+QString Ask(const QString& sFilter, bool bSave)
+{
+    CPreferences& preferences = CPreferences::Instance();
+    const QString sFile =
+        UserPrompt::AskFile({TITLE, Get(preferences, PreferenceKey::RECENT_DIRECTORY), sFilter, bSave});
+    if (!sFile.isEmpty())
+        Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFile).absolutePath());
+    return sFile;
+}
+
+void TellNoData()
+{
+    UserPrompt::Tell(PromptWarning, INVALID_TITLE, "Failed to load the data of the selected restart file");
+}
+
+SRestartFile TakeRestart(const SActivePair& active)
+{
+    SRestartFile file;
+    file.nModuleId = active.pSimulation->GetModuleId();
+    file.key = active.pSimulation->GetDataFileKey();
+    file.display = active.pSimulation->SaveViewState(active.nViewId);
+    if (const std::optional<SCamera> camera = TakeViewCamera(active.nViewId))
+        file.camera = SStoredCamera(*camera).block;
+    return file;
+}
+
+} // namespace
+
+CRestartCommands::CRestartCommands(CWindowActions& actions)
+{
+    actions.Bind(ActionExportSimulation, this, &CRestartCommands::SlotExportSimulationRestart);
+    actions.Bind(ActionImportSimulationAll, this, [this] { SlotImportSimulationRestart(true); });
+    actions.Bind(ActionImportSimulationDisplay, this, [this] { SlotImportSimulationRestart(false); });
+}
+
+void CRestartCommands::SlotExportSimulationRestart()
+{
+    const SActivePair active;
+    QString sFile = active.pSimulation ? Ask(FILTER, true) : QString();
+    if (sFile.isEmpty())
+        return;
+    if (QFileInfo(sFile).suffix().compare("srst", Qt::CaseInsensitive) != 0)
+        sFile = QString("%1.srst").arg(sFile);
+    if (!ReplaceFile(sFile, TakeRestart(active).ToBytes()))
+        UserPrompt::Tell(PromptCritical, TITLE,
+                         QString("Failed to write simulation restart file %1").arg(sFile));
+}
+
+void CRestartCommands::SlotImportSimulationRestart(bool bData)
+{
+    const QString sFile = Ask(QString("%1;; All Files (*)").arg(FILTER), false);
+    if (sFile.isEmpty())
+        return;
+    QByteArray bytes;
+    if (!ReadWholeFile(sFile, bytes)) {
+        UserPrompt::Tell(PromptCritical, TITLE, "Failed to open the selected file");
+        return;
+    }
+    SRestartFile file;
+    const StoredFile_e eStored = file.FromBytes(bytes);
+    if (eStored == StoredNewer)
+        TellNewer(sFile);
+    else if (eStored == StoredBad)
+        TellNoData();
+    else
+        Show(file, bData);
+}
+
+/** Null if there is none. */
+ISimulation* CRestartCommands::FindCase(const SRestartFile& file, bool bData) const
+{
+    ISimulation* const pActive = SActivePair().pSimulation;
+    if (!bData || (pActive && pActive->IsSameDataFile(file.key)))
+        return pActive;
+    IModuleInterface* const pModule = CModuleRegistry::Instance().FindById(file.nModuleId);
+    return pModule ? CSimulationManager::Instance().GetSimulation(pModule->OpenFromKey(file.key, -1))
+                   : nullptr;
+}
+
+void CRestartCommands::Show(const SRestartFile& file, bool bData) const
+{
+    const SActivePair active;
+    if (active.pSimulation && active.pSimulation->GetModuleId() != file.nModuleId) {
+        UserPrompt::Tell(PromptWarning, INVALID_TITLE,
+                         "The selected file contains a simulation of a different module than the current "
+                         "active simulation");
+        return;
+    }
+    ISimulation* const pSimulation = FindCase(file, bData);
+    bool bShown = false;
+    if (pSimulation) {
+        const CBlockedViews blocked(pSimulation->GetId());
+        pSimulation->BeginUndoStep();
+        bShown = pSimulation->LoadViewState(file.display, active.nViewId, file.dVersion);
+        pSimulation->EndUndoStep(!bShown);
+    }
+    if (!bShown) {
+        TellNoData();
+        return;
+    }
+    ApplyCameraBlock(active.nViewId, file.camera);
+    ShowCase::InActiveView(pSimulation->GetId());
+}
