@@ -2,9 +2,8 @@
 
 #include "data/variables/variablemanager.h"
 #include "scene/iselectable.h"
-#include "scene/selectablekeys.h"
 #include "scene/selectablemanager.h"
-#include "view/annotations/annotationcolormap.h"
+#include "view/annotations/onelegend.h"
 #include "view/variablechoice.h"
 
 namespace {
@@ -29,21 +28,6 @@ qint64 FindFirstScalar(qint64 nSimulationId)
     return NO_ID;
 }
 
-/** Of the first item on show. It stands for all of them, so it doesn't name that one. */
-void ShowLegend(const QVector<ISelectable*>& subjects)
-{
-    for (ISelectable* const pSubject : subjects) {
-        CAnnotationColormap* const pLegend = pSubject->annotationColormap();
-        if (!pLegend || !pSubject->isVisible() || !Get(*pSubject, SelectableKey::HAS_LEGEND))
-            continue;
-        SLegendSettings settings = pLegend->settings();
-        settings.subtitle.bVisible = subjects.size() == 1;
-        pLegend->setSettings(settings);
-        pLegend->setVisible(true);
-        return;
-    }
-}
-
 } // namespace
 
 void FirstColors::Show(qint64 nViewId, qint64 nSimulationId)
@@ -57,5 +41,5 @@ void FirstColors::Show(qint64 nViewId, qint64 nSimulationId)
         if (!pSelectable->drawables().isEmpty())
             subjects.append(pSelectable);
     VariableChoice::Show(subjects, RoleScalar, nId);
-    ShowLegend(subjects);
+    ShowOneLegend(subjects);
 }

@@ -154,6 +154,8 @@ void COpenGLDrawer::PaintScene(bool bInteracting)
     frame.bBoundingBoxes = bInteracting && m_eDemotion == DemotionBoundingBox;
     frame.bCheckDrawables = TakeNeedsCheck();
     frame.fScale = float(devicePixelRatioF());
+    if (m_measureFrom && m_measureTo)
+        frame.measureLine = {*m_measureFrom, *m_measureTo};
     m_renderer.Render(frame);
 }
 
@@ -232,9 +234,6 @@ void COpenGLDrawer::PaintOverlays(QPainter& painter, bool bInteracting)
     PaintRotationMarker(painter, bInteracting);
     if (!bInteracting && draw.bShowScaling)
         Overlays::PaintScaleBar(painter, MakeScaleBar(size(), m_camera.Box().Width()), draw.axesColor);
-    if (m_measureFrom && m_measureTo)
-        Overlays::PaintMeasureLine(painter, m_camera.ToPixel(*m_measureFrom), m_camera.ToPixel(*m_measureTo),
-                                   draw.fLineThickness);
     if (const QRect band = RubberBand(); !band.isEmpty())
         Overlays::PaintRubberBand(painter, band);
 }
