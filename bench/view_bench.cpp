@@ -123,6 +123,28 @@ public:
     qint64 VariableId(int nField) const { return m_case.VariableId(nField); }
     qint64 ValueBytes() const { return 6 * m_case.BlockCount() * m_case.Side() * m_case.Side() * 4; }
 
+    /** Bytes for each vertex on show. Ends the bench if pick trees are there before anything is picked. */
+    void PrintBytes()
+    {
+        OurFrame(true);
+        PlainFrame();
+        const double dVertices = double(6 * m_case.BlockCount() * m_case.Side() * m_case.Side());
+        const SSurfaceMemory shown = OurBytes();
+        if (shown.nPickTree != 0)
+            qFatal("there are pick trees, and nothing was picked");
+        const auto print = [dVertices](const char* sWhat, double dOurs, double dPlain) {
+            std::printf("  %-44s %9.1f B  %9.1f B  %7.2f\n", sWhat, dOurs / dVertices, dPlain / dVertices,
+                        dOurs / dPlain);
+        };
+        print("a vertex in main memory", double(shown.nArrays), double(m_plain.ArrayBytes()));
+        print("a vertex on the GPU", shown.dGpu, double(m_plain.GpuBytes()));
+        for (const auto& pSurface : m_case.Surfaces())
+            pSurface->pickTree(); // as a pick of it does
+        std::printf("  %-44s %9.1f B\n", "  and in main memory once it has been picked",
+                    double(OurBytes().nPickTree) / dVertices);
+        m_case.MakeSurfaces();
+    }
+
     /** Share of the pixels that differ by more than rounding between our picture and the plain one. */
     double DifferentPixels()
     {
@@ -142,6 +164,18 @@ public:
     }
 
 private:
+    SSurfaceMemory OurBytes() const
+    {
+        SSurfaceMemory sum;
+        for (const auto& pSurface : m_case.Surfaces()) {
+            const SSurfaceMemory one = pSurface->memory();
+            sum.nArrays += one.nArrays;
+            sum.nPickTree += one.nPickTree;
+            sum.dGpu += one.dGpu;
+        }
+        return sum;
+    }
+
     template <class Work> double Time(const Work& work)
     {
         m_context.Clear();
@@ -287,6 +321,8 @@ void Measure(COffscreenContext& context, const SScene& scene, int nRounds)
         MeasureFirst(sides, scene, nRounds);
         std::printf("  %-44s %9.4f %%\n", "pixels unlike those of the plain program",
                     100.0 * sides.DifferentPixels());
+        sides.PrintBytes();
+        sides.OurFirstFrame();
         MeasureTurns(sides, scene, nRounds);
         MeasureChanges(sides, nRounds);
         MeasureLists(sides, nRounds);

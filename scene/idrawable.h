@@ -87,6 +87,7 @@ public:
     virtual void pointInformation(SPickedPoint& point) const = 0;
     /** The tree of all that can be picked, built at its first use after the geometry has changed. */
     virtual CGLTree& pickTree() = 0;
+    virtual bool hasPickTree() const = 0; ///< it is there; else asking for it builds it
     /**
      * All that is known of a corner of a pick item: place, index, value, texts, item.
      *

@@ -77,15 +77,6 @@ void Overlays::PaintScaleBar(QPainter& painter, const SScaleBar& bar, const QCol
     painter.restore();
 }
 
-void Overlays::PaintMeasureLine(QPainter& painter, const QPointF& from, const QPointF& to, double dWidth)
-{
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(Qt::black, dWidth, Qt::DashLine));
-    painter.drawLine(from, to);
-    painter.restore();
-}
-
 void Overlays::PaintRubberBand(QPainter& painter, const QRect& rectangle)
 {
     painter.save();

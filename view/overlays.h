@@ -24,9 +24,6 @@ void PaintRotationPoint(QPainter& painter, const QSize& size, const QPointF& ori
 /** @param bar  of the view without the scale, see MakeScaleBar */
 void PaintScaleBar(QPainter& painter, const SScaleBar& bar, const QColor& color, double dScale);
 
-/** A dashed line between two measured points. */
-void PaintMeasureLine(QPainter& painter, const QPointF& from, const QPointF& to, double dWidth);
-
 void PaintRubberBand(QPainter& painter, const QRect& rectangle);
 
 } // namespace Overlays

@@ -78,3 +78,17 @@ void CRawModel::DrawElements(GLenum eMode, int nPlace, int nCount)
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, BufferAt(nPlace));
     glDrawElements(eMode, nCount, GL_UNSIGNED_INT, nullptr);
 }
+
+qint64 CRawModel::GetBytes()
+{
+    qint64 nBytes = 0;
+    for (const GLuint nBuffer : BufferNames()) {
+        GLint nSize = 0;
+        glBindBuffer(GL_ARRAY_BUFFER, nBuffer);
+        glGetBufferParameteriv(GL_ARRAY_BUFFER, GL_BUFFER_SIZE, &nSize);
+        nBytes += nSize;
+    }
+    if (!IsEmpty())
+        glBindBuffer(GL_ARRAY_BUFFER, 0);
+    return nBytes;
+}

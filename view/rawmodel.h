@@ -37,6 +37,9 @@ public:
     void DrawArrays(GLenum eMode, int nCount);
     void DrawElements(GLenum eMode, int nPlace, int nCount);
 
+    /** What its buffers take on the GPU, as OpenGL says [bytes]. */
+    qint64 GetBytes();
+
     /** Bytes of attributes that all models have handed over since the start, for tests and benches. */
     static qint64 UploadedBytes() { return s_nUploadedBytes; }
 

@@ -7,6 +7,7 @@
 #include "view/abandonednames.h"
 #include "view/drawcontext.h"
 #include "view/shadermanager.h"
+#include "view/surfacearrays.h"
 #include "view/surfaceshaderprogram.h"
 
 #include <QOpenGLContext>
@@ -19,6 +20,8 @@ constexpr DisplayType_e DRAW_ORDER[] = {DisplayNodes,     DisplayVector,  Displa
                                         DisplayWireframe, DisplayContour, DisplayShadedWireframe,
                                         DisplayShaded};
 constexpr double DEPTH_MARGIN = 0.05; // of the depth of what is shown
+constexpr int STIPPLE_FACTOR = 5;     // of the measured line: so many pixels for each bit
+constexpr GLushort STIPPLE_PATTERN = 0xAAAA;
 
 QOpenGLFunctions& Gl() { return *QOpenGLContext::currentContext()->functions(); }
 
@@ -35,6 +38,7 @@ QMatrix4x4 MoveToMiddle(CFrameScene& scene, SFrameSettings& frame)
     const DVector3D middle{0.5 * (frame.dLeft + frame.dRight), 0.5 * (frame.dBottom + frame.dTop),
                            bHasDepth ? 0.5 * (depth.x() + depth.y()) : 0.0};
     scene.Move(-middle);
+    frame.view = DMatrix4x4::Translation(-middle) * frame.view;
     for (double* const pSide : {&frame.dLeft, &frame.dRight})
         *pSide -= middle.x;
     for (double* const pSide : {&frame.dBottom, &frame.dTop})
@@ -102,8 +106,10 @@ void CSceneRenderer::Render(SFrameSettings frame)
         DrawBoundingBoxes(scene, projection);
         return;
     }
-    for (const int nKey : {CShaderManager::SURFACE, CShaderManager::VECTOR})
-        DrawProgram(nKey, frame, scene, projection);
+    DrawProgram(CShaderManager::SURFACE, frame, scene, projection);
+    if (frame.measureLine.size() == 2)
+        DrawMeasureLine(frame, projection);
+    DrawProgram(CShaderManager::VECTOR, frame, scene, projection);
     if (bSilhouette)
         DrawSilhouette(frame, scene, projection);
 }
@@ -164,45 +170,87 @@ void CSceneRenderer::DrawPass(int nKey, const CFrameScene& scene, const SFrameSe
                 DrawBucket(one, one.At(nKey, bOpaque, eType), frame, false);
 }
 
+namespace {
+
+/** Lines of one colour between places in view coordinates, with nothing of what is set for surfaces. */
+class CPlainLines
+{
+public:
+    explicit CPlainLines(const QMatrix4x4& projection)
+        : m_pProgram(CShaderManager::Instance().GetSurfaceProgram(CShaderManager::SURFACE))
+    {
+        if (!m_pProgram || !m_pProgram->bind()) {
+            m_pProgram = nullptr;
+            return;
+        }
+        QMatrix3x3 off;
+        off.fill(0.0F);
+        m_pProgram->Set(UniformProjectionMatrix, projection);
+        m_pProgram->Set(UniformColorMap, QVector3D());
+        m_pProgram->Set(UniformViewMatrix, QMatrix4x4());
+        m_pProgram->Set(UniformModelMatrix, QMatrix4x4());
+        m_pProgram->Set(UniformThresholdMatrix, off);
+        m_pProgram->Set(UniformAlphaValue, 1.0F);
+        for (const SurfaceUniform_e eUniform :
+             {UniformEnableLight, UniformSelected, UniformHighlighted, UniformIsPreview})
+            m_pProgram->Set(eUniform, 0.0F);
+        m_pProgram->enableAttributeArray(AttributePosition);
+    }
+    ~CPlainLines()
+    {
+        if (!m_pProgram)
+            return;
+        m_pProgram->disableAttributeArray(AttributePosition);
+        m_pProgram->release();
+    }
+    Q_DISABLE_COPY_MOVE(CPlainLines)
+
+    /** @param ends  two a line */
+    void Draw(const std::vector<DVector3D>& ends, const QColor& color)
+    {
+        if (!m_pProgram)
+            return;
+        const std::vector<float> floats = SurfaceArrays::ToFloats(ends, {});
+        m_pProgram->Set(UniformConstColor, color);
+        m_pProgram->setAttributeArray(AttributePosition, floats.data(), 3);
+        Gl().glDrawArrays(GL_LINES, 0, GLsizei(ends.size()));
+    }
+
+private:
+    CSurfaceShaderProgram* m_pProgram;
+};
+
+} // namespace
+
+/** In front of all that has been drawn. */
+void CSceneRenderer::DrawMeasureLine(const SFrameSettings& frame, const QMatrix4x4& projection)
+{
+    CPlainLines lines(projection);
+    Gl().glDisable(GL_DEPTH_TEST);
+    glEnable(GL_LINE_STIPPLE);
+    glLineStipple(STIPPLE_FACTOR, STIPPLE_PATTERN);
+    glLineWidth(CPreferences::Instance().Draw().fLineThickness * frame.fScale);
+    lines.Draw({frame.view.MapPoint(frame.measureLine[0]), frame.view.MapPoint(frame.measureLine[1])},
+               Qt::black);
+    glDisable(GL_LINE_STIPPLE);
+}
+
 void CSceneRenderer::DrawBoundingBoxes(const CFrameScene& scene, const QMatrix4x4& projection)
 {
-    CSurfaceShaderProgram* const pProgram =
-        CShaderManager::Instance().GetSurfaceProgram(CShaderManager::SURFACE);
-    if (!pProgram || !pProgram->bind())
-        return;
     constexpr int EDGES[12][2] = {{0, 1}, {2, 3}, {4, 5}, {6, 7}, {0, 2}, {1, 3},
                                   {4, 6}, {5, 7}, {0, 4}, {1, 5}, {2, 6}, {3, 7}};
+    CPlainLines lines(projection);
     Gl().glEnable(GL_DEPTH_TEST);
     glLineWidth(1.0F);
-    pProgram->Set(UniformProjectionMatrix, projection);
-    pProgram->Set(UniformEnableLight, 0.0F);
-    pProgram->Set(UniformColorMap, QVector3D());
-    pProgram->Set(UniformViewMatrix, QMatrix4x4());
-    pProgram->Set(UniformModelMatrix, QMatrix4x4());
-    pProgram->Set(UniformAlphaValue, 1.0F);
-    QMatrix3x3 off;
-    off.fill(0.0F);
-    pProgram->Set(UniformThresholdMatrix, off);
-    pProgram->Set(UniformSelected, 0.0F);
-    pProgram->Set(UniformHighlighted, 0.0F);
-    pProgram->enableAttributeArray(AttributePosition);
     for (const SCaseScene& one : scene.Cases())
         for (const STransform& view : one.views)
             for (const IDrawable* const pDrawable : one.visible) {
                 const auto corners = BoxCorners(*pDrawable, view.Matrix());
                 if (!corners)
                     continue;
-                QVector<QVector3D> lines;
+                std::vector<DVector3D> ends;
                 for (const auto& edge : EDGES)
-                    for (const int nCorner : edge) {
-                        const DVector3D& corner = (*corners)[nCorner];
-                        lines << QVector3D(float(corner.x), float(corner.y), float(corner.z));
-                    }
-                pProgram->Set(UniformConstColor, pDrawable->wireframeColor());
-                pProgram->setAttributeArray(AttributePosition, lines.constData());
-                Gl().glDrawArrays(GL_LINES, 0, lines.size());
+                    ends.insert(ends.end(), {(*corners)[edge[0]], (*corners)[edge[1]]});
+                lines.Draw(ends, pDrawable->wireframeColor());
             }
-    pProgram->disableAttributeArray(AttributePosition);
-    pProgram->Set(UniformEnableLight, 1.0F);
-    pProgram->release();
 }

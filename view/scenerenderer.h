@@ -18,9 +18,10 @@ struct SFrameSettings
     DMatrix4x4 view;
     double dLeft = -2.0, dRight = 2.0, dTop = 2.0, dBottom = -2.0; ///< visible rectangle [world units]
     QSize viewport;                                                ///< [device pixels]
-    bool bBoundingBoxes = false; ///< demoted: the boxes instead of the items
-    bool bCheckDrawables = true; ///< false: only the camera has moved, nothing can need building
-    float fScale = 1.0F;         ///< of lines, points and the silhouette
+    bool bBoundingBoxes = false;        ///< demoted: the boxes instead of the items
+    bool bCheckDrawables = true;        ///< false: only the camera has moved, nothing can need building
+    float fScale = 1.0F;                ///< of lines, points and the silhouette
+    std::vector<DVector3D> measureLine; ///< the two ends of the measured line, of the world; or nothing
 };
 
 /**
@@ -47,6 +48,7 @@ private:
     void DrawProgram(int nKey, const SFrameSettings& frame, const CFrameScene& scene,
                      const QMatrix4x4& projection);
     void DrawPass(int nKey, const CFrameScene& scene, const SFrameSettings& frame, FramePass_e ePass);
+    void DrawMeasureLine(const SFrameSettings& frame, const QMatrix4x4& projection);
     void DrawBoundingBoxes(const CFrameScene& scene, const QMatrix4x4& projection);
     // scenerenderer_silhouette.cpp
     void DrawSilhouette(const SFrameSettings& frame, const CFrameScene& scene, const QMatrix4x4& projection);

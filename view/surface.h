@@ -8,6 +8,14 @@
 
 class CSurfaceShaderProgram;
 
+/** What a surface takes [bytes]. */
+struct SSurfaceMemory
+{
+    qint64 nArrays = 0;   ///< of main memory
+    qint64 nPickTree = 0; ///< of main memory; 0 until something has been picked
+    double dGpu = 0.0;    ///< with its share of the index lists that surfaces of one size have together
+};
+
 /**
  * A drawable of elements in rows and columns: the edges, the grid lines, the filled surface, contour lines
  * and arrows of it. Derived classes say where its elements are and what values they have, a whole surface at
@@ -30,11 +38,14 @@ public:
     SPickedPoint maximumRecord() const override { return m_maximum; }
     void pointInformation(SPickedPoint& point) const override;
     CGLTree& pickTree() override;
+    bool hasPickTree() const override { return m_pPickTree != nullptr; }
     SPickedPoint pickedPoint(qint64 nElement) const override;
     int shaderKey() const override;
     SMeshStatistics meshStatistics() const override;
 
     SSurfaceSize size() const { return m_size; }
+    /** With the context current that it is drawn in. */
+    SSurfaceMemory memory();
     /** Positions of the elements that were built last [m]. */
     std::span<const DVector3D> positions() const { return m_positions; }
 

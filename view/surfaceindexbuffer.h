@@ -26,6 +26,8 @@ public:
 
     /** Draws the vertex array that is bound. */
     void Draw(GLenum eMode) const;
+    /** On the GPU [bytes]. */
+    qint64 GetBytes() const { return qint64(m_nCount) * qint64(sizeof(quint32)); }
 
 private:
     explicit CSurfaceIndexBuffer(const QVector<quint32>& indices);

@@ -15,6 +15,9 @@ QString CBatchOptions::Parse(const QStringList& sArgumentList, const QVector<SBa
             if (++n == sArgumentList.size())
                 return QString("%1 needs %2").arg(sName, option->sArgument);
             sValue = sArgumentList[n];
+            if (sValue.startsWith("--"))
+                return QString("%1 needs %2, and '%3' is an option; a file of that name is ./%3")
+                    .arg(sName, option->sArgument, sValue);
         }
         m_values[sName].append(sValue);
         m_inOrder.append({sName, sValue});

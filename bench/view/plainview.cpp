@@ -200,6 +200,30 @@ void CPlainView::SetField(const CViewCase& viewCase, int nField)
     }
 }
 
+qint64 CPlainView::ArrayBytes() const
+{
+    qint64 nBytes = 0;
+    for (const SFace& face : m_faces)
+        nBytes += qint64(face.positions.capacity() * sizeof(double) + face.values.capacity() * sizeof(float));
+    return nBytes;
+}
+
+qint64 CPlainView::GpuBytes()
+{
+    const auto bytes = [this](GLuint nBuffer) {
+        GLint nSize = 0;
+        glBindBuffer(GL_ARRAY_BUFFER, nBuffer);
+        glGetBufferParameteriv(GL_ARRAY_BUFFER, GL_BUFFER_SIZE, &nSize);
+        glBindBuffer(GL_ARRAY_BUFFER, 0);
+        return qint64(nSize);
+    };
+    qint64 nBytes = bytes(m_nIndexBuffer);
+    for (const SFace& face : m_faces)
+        for (const GLuint nBuffer : face.buffers)
+            nBytes += bytes(nBuffer);
+    return nBytes;
+}
+
 void CPlainView::Draw(const SPlainFrame& frame)
 {
     BeginFrame(*this);

@@ -35,6 +35,9 @@ public:
     void SetField(const CViewCase& viewCase, int nField);
     void Draw(const SPlainFrame& frame);
     void Delete();
+    /** The arrays of main memory, and what OpenGL says of the buffers. */
+    qint64 ArrayBytes() const;
+    qint64 GpuBytes();
 
 private:
     struct SFace

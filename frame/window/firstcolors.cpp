@@ -3,13 +3,12 @@
 #include "data/variables/variablemanager.h"
 #include "frame/widgetmanager.h"
 #include "scene/iselectable.h"
-#include "scene/selectablekeys.h"
 #include "scene/selectablekind.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"
-#include "view/annotations/annotationcolormap.h"
+#include "view/annotations/onelegend.h"
 #include "view/variablechoice.h"
 
 namespace {
@@ -32,21 +31,6 @@ qint64 FindFirstScalar(qint64 nSimulationId)
         if (StandsInFiles(*manager.GetVariable(nId)))
             return nId;
     return NO_ID;
-}
-
-/** Of the first item on show. It stands for all of them, so it doesn't name that one. */
-void ShowLegend(const QVector<ISelectable*>& subjects)
-{
-    for (ISelectable* const pSubject : subjects) {
-        CAnnotationColormap* const pLegend = pSubject->annotationColormap();
-        if (!pLegend || !pSubject->isVisible() || !Get(*pSubject, SelectableKey::HAS_LEGEND))
-            continue;
-        SLegendSettings settings = pLegend->settings();
-        settings.subtitle.bVisible = subjects.size() == 1;
-        pLegend->setSettings(settings);
-        pLegend->setVisible(true);
-        return;
-    }
 }
 
 qint64 CountPoints(qint64 nSimulationId)
@@ -95,5 +79,5 @@ void FirstColors::Show(qint64 nViewId, qint64 nSimulationId, qint64 nMostPoints)
         VariableChoice::Show(subjects, RoleScalar, nId);
     else
         ShowOverShownRange(subjects, nId);
-    ShowLegend(subjects);
+    ShowOneLegend(subjects);
 }

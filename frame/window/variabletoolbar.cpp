@@ -8,6 +8,7 @@
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"
+#include "view/iviewer.h"
 
 #include <QComboBox>
 #include <QCompleter>
@@ -29,6 +30,14 @@ void ShowNames(QComboBox& combo, const QStringList& sNameList)
         return;
     combo.clear();
     combo.addItems(sNameList);
+}
+
+/** So that Ctrl+Z takes back what was chosen; in a box it takes back what was typed. */
+void LeaveKeysToView()
+{
+    const CWidgetManager& manager = CWidgetManager::Instance();
+    if (IViewer* const pViewer = manager.GetViewerById(manager.GetActiveViewId()))
+        pViewer->GetWidget()->setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace
@@ -183,6 +192,7 @@ void CVariableToolBar::Enter(VariableRole_e eRole)
         return;
     }
     Edit([&](const QVector<ISelectable*>& subjects) { VariableChoice::Show(subjects, eRole, nId); });
+    LeaveKeysToView();
 }
 
 void CVariableToolBar::SlotOnScalarFunctionEntered() { Enter(RoleScalar); }

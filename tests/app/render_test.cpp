@@ -1,5 +1,6 @@
 // zento-batch render, as a script sees it: on a machine with no display but with Xvfb.
 #include <QDataStream>
+#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
@@ -9,6 +10,30 @@
 #include <csignal>
 
 namespace {
+
+/** An X display without the extension that OpenGL needs. */
+class CDisplayWithoutOpenGL
+{
+public:
+    CDisplayWithoutOpenGL()
+    {
+        m_server.start("Xvfb", {"-displayfd", "1", "-extension", "GLX", "-nolisten", "tcp"});
+        if (m_server.waitForReadyRead(20000))
+            m_sName = ':' + QString::fromLatin1(m_server.readLine()).trimmed();
+    }
+    ~CDisplayWithoutOpenGL()
+    {
+        m_server.terminate();
+        m_server.waitForFinished();
+    }
+    Q_DISABLE_COPY_MOVE(CDisplayWithoutOpenGL)
+
+    QString Name() const { return m_sName; }
+
+private:
+    QProcess m_server;
+    QString m_sName;
+};
 
 /** A plane of 4 x 4 cells, one unit each, at K = 1 and K = 2; the node in the middle of both is blanked. */
 class Render : public testing::Test
@@ -46,11 +71,12 @@ protected:
     }
 
     /** Renders from above without smoothing; gives the exit status. */
-    int Run(const QStringList& sMore)
+    int Run(const QStringList& sMore) { return Run(sMore, m_sGrid); }
+    int Run(const QStringList& sMore, const QString& sGrid)
     {
         QProcess process;
         process.setProcessEnvironment(m_environment);
-        process.start(ZENTO_BATCH, QStringList{"render", "--grid", m_sGrid, "--output", m_sPicture, "--view",
+        process.start(ZENTO_BATCH, QStringList{"render", "--grid", sGrid, "--output", m_sPicture, "--view",
                                                "-z", "--samples", "0", "--size", "212x318"} +
                                        sMore);
         EXPECT_TRUE(process.waitForFinished(60000));
@@ -133,6 +159,8 @@ TEST_F(Render, WrongUsageIsSaidInALineAndNothingIsWritten)
         {{"--mode", "contour"}, "needs a --scalar"},
         {{"--mode", "vector"}, "go together"},
         {{"--legend"}, "need a --scalar"},
+        {{"--q", "--legend"},
+         "--q needs FILE, and '--legend' is an option; a file of that name is ./--legend"},
     };
     for (const auto& wrong : cases) {
         EXPECT_EQ(Run(wrong.sMore), 2) << wrong.sMore.join(' ').toStdString();
@@ -159,4 +187,28 @@ TEST_F(Render, ItsOwnDisplayEndsWithItAndOneThatDoesntStartIsSaid)
     EXPECT_EQ(Run({}), 1);
     EXPECT_TRUE(m_sErrors.contains("install xvfb")) << m_sErrors.toStdString();
     EXPECT_EQ(m_sErrors.count('\n'), 1);
+}
+
+TEST_F(Render, OnADisplayWithoutOpenGLItDrawsOnOneOfItsOwn)
+{
+    ASSERT_EQ(Run({"--scalar", "Y"}), 0) << m_sErrors.toStdString();
+    const QImage expected = m_picture;
+    ASSERT_TRUE(QFile::remove(m_sPicture));
+    CDisplayWithoutOpenGL display;
+    ASSERT_FALSE(display.Name().isEmpty());
+    m_environment.insert("DISPLAY", display.Name());
+    m_environment.insert("__EGL_VENDOR_LIBRARY_DIRS", m_folder.path()); // the other way to OpenGL
+    EXPECT_EQ(Run({"--scalar", "Y"}), 0) << m_sErrors.toStdString();
+    EXPECT_EQ(m_picture, expected);
+}
+
+TEST_F(Render, AFileThatIsNamedLikeAnOptionIsGivenByItsFolder)
+{
+    QFile::copy(m_sGrid, m_folder.filePath("--q"));
+    const QString sFormer = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(m_folder.path()));
+    EXPECT_EQ(Run({}, "./--q"), 0) << m_sErrors.toStdString();
+    EXPECT_EQ(Run({}, "--q"), 2);
+    QDir::setCurrent(sFormer);
+    EXPECT_TRUE(m_sErrors.contains("--grid needs FILE")) << m_sErrors.toStdString();
 }

@@ -122,6 +122,7 @@ public:
     SPickedPoint minimumRecord() const override { return {}; }
     SPickedPoint maximumRecord() const override { return {}; }
     void pointInformation(SPickedPoint&) const override {}
+    bool hasPickTree() const override { return false; }
     CGLTree& pickTree() override { throw std::logic_error("a stand-in can't be picked"); }
     SMeshStatistics meshStatistics() const override { return {}; }
     QString description() const override { return {}; }

@@ -3,6 +3,8 @@
 #include "tests/view/renderfixture.h"
 #include "view/pick/viewpicker.h"
 
+#include <QRegularExpression>
+
 #include <random>
 
 namespace {
@@ -216,6 +218,20 @@ TEST_F(RenderItems, ThePointerMeetsWhatIsDrawnAtItsPixelAndWhatLiesBehind)
     EXPECT_NE(At(0.1, 0.15), BLUE);
     EXPECT_EQ(Ids(ViewPicker::Hits(Pointer(0.1, 0.15))), (QVector<qint64>{1, 2}));
     EXPECT_TRUE(ViewPicker::FirstPoint(Pointer(0.0, 0.0)).point.bIsHole);
+}
+
+TEST_F(RenderItems, AMeasuredLineIsDashedAndInFrontOfAll)
+{
+    AddSquare({0, 0, 0}, 1.2, ORANGE);
+    AddSquare({0, 0, 0.5}, 1.2, ORANGE);
+    m_measureLine = {{-0.5125, 0.0125, 0}, {0.4875, 0.0125, 0}}; // 40 pixels, through their middles
+    Draw();
+    QString sRow;
+    for (int x = 0; x < PIXELS; ++x)
+        sRow += m_image.pixelColor(x, 49).red() < 120 ? '#' : '.';
+    // Dashes of five pixels, five apart, where its ends may be smoothed.
+    static const QRegularExpression dashes("^#*\\.{30,38}(#{3,6}\\.{4,7}){3}#{3,6}\\.+#*$");
+    EXPECT_TRUE(dashes.match(sRow).hasMatch()) << sRow.toStdString();
 }
 
 TEST_F(RenderItems, ABoxSelectsWhatIsDrawnOnItAndInIt)

@@ -125,6 +125,7 @@ protected:
         SFrameSettings frame;
         frame.nViewId = VIEW;
         frame.view = m_view;
+        frame.measureLine = m_measureLine;
         frame.dLeft = m_middle.x - HALF_WIDTH;
         frame.dRight = m_middle.x + HALF_WIDTH;
         frame.dBottom = m_middle.y - HALF_WIDTH;
@@ -165,6 +166,7 @@ protected:
 
     COffscreenContext m_context;
     DMatrix4x4 m_view;
+    std::vector<DVector3D> m_measureLine;
     SPickPoint m_middle; // of the picture, in view coordinates
     qint64 m_nSimulation = -1;
     std::unique_ptr<CTestSelectable> m_pSelectable;

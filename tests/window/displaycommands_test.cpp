@@ -11,7 +11,9 @@
 #include "tests/support/displaycase.h"
 #include "tests/support/promptscript.h"
 #include "view/annotations/annotationcolormap.h"
+#include "view/iviewer.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSettings>
@@ -105,6 +107,34 @@ TEST_F(DisplayCommands, WhatTheUserCancelsOrCantHaveChangesNothing)
     EXPECT_EQ(m_pSimulation->GetUndoCount(), 0);
     EXPECT_EQ(user.AskedNumbers().first().sTitle, "Line Thickness");
     EXPECT_EQ(user.AskedNumbers().first().sLabel, "Enter line thickness:");
+}
+
+TEST_F(DisplayCommands, WithNothingSelectedNoCommandChangesOrAsksAnything)
+{
+    Selectable(1)->setScalarVariable(Id("X"));
+    QVector<ActionId_e> commands = {
+        ActionShow,   ActionHide,      ActionSelectAdjacent, ActionZoomToSelection,
+        ActionDelete, ActionDuplicate, ActionDeselectAll,    ActionColormapDialog};
+    for (const SDisplayCommand& command : DisplayCommandTable())
+        commands.append(command.eAction);
+    Select({});
+    for (const bool bCase : {true, false}) {
+        if (!bCase)
+            CSimulationManager::Instance().RemoveSimulationFromView(SIMULATION, VIEW);
+        const QByteArray before = bCase ? Display() : QByteArray();
+        for (const ActionId_e eAction : commands) {
+            SCOPED_TRACE(Action(eAction)->text().toStdString());
+            const CPromptScript user; // fails the test if it is asked
+            EXPECT_FALSE(Action(eAction)->isEnabled());
+            Action(eAction)->setEnabled(true); // the state of an action can lag behind
+            Action(eAction)->trigger();
+            m_window.UpdateActions();
+            if (bCase) {
+                EXPECT_EQ(Display(), before);
+                EXPECT_EQ(m_pSimulation->GetUndoCount(), 0);
+            }
+        }
+    }
 }
 
 TEST_F(DisplayCommands, ChildrenFollowOnlyWhileTheyAreAskedFor)
@@ -220,6 +250,24 @@ TEST_F(DisplayCommands, ABoxTakesAVariableByNameAndShowsTheCommonOne)
     EXPECT_EQ(Box("Vector")->findText("R"), -1);
     CSimulationManager::Instance().RemoveSimulationFromView(SIMULATION, VIEW);
     EXPECT_EQ(Box("Scalar")->currentText(), "No Simulation");
+}
+
+TEST_F(DisplayCommands, KeysGoToTheViewOnceAVariableIsChosen)
+{
+    m_window.show();
+    QApplication::setActiveWindow(&m_window);
+    QLineEdit* const pEdit = Box("Scalar")->lineEdit();
+    QWidget* const pView = m_window.GetViewerById(VIEW)->GetWidget();
+    pEdit->setFocus();
+    QTest::keyClicks(pEdit, "R");
+    QTest::keyClick(pEdit, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(pEdit->text(), "") << "what was typed is taken back";
+    EXPECT_TRUE(Box("Scalar")->hasFocus());
+    Enter("Scalar", "R");
+    EXPECT_TRUE(pView->hasFocus());
+    EXPECT_EQ(m_pSimulation->GetUndoCount(), 1);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Selectable(1)->scalarVariable(), -1) << "the choice is taken back";
 }
 
 TEST_F(DisplayCommands, AWrongNameIsToldAndTakenBack)

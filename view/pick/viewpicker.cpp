@@ -153,3 +153,19 @@ SPointPick ViewPicker::FirstPoint(const SPickArea& area)
         take(false);
     return pick;
 }
+
+qint64 ViewPicker::CountNewItems(const SPickArea& area)
+{
+    qint64 nItems = 0;
+    AnyPickable(area.nViewId, [&](IDrawable& drawable, const CSeenCopies& copies) {
+        const auto isThere = [&](const DMatrix4x4& toWorld) {
+            return !MissesBox(area.view * toWorld, area.rect, drawable);
+        };
+        if (!drawable.hasPickTree() && copies.Any(drawable, isThere)) {
+            const SMeshStatistics counts = drawable.meshStatistics();
+            nItems += counts.nPoints + counts.nLines + counts.nTriangles;
+        }
+        return false;
+    });
+    return nItems;
+}

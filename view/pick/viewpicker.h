@@ -50,4 +50,8 @@ QVector<ISelectable*> HitsInside(const SPickArea& area, const SPickRect& whole);
  */
 SPointPick FirstPoint(const SPickArea& area);
 
+/** How many pick items a pick in the rectangle would first have to put into trees: what is picked there
+ * first. */
+qint64 CountNewItems(const SPickArea& area);
+
 } // namespace ViewPicker

@@ -10,6 +10,7 @@ COglViewer::COglViewer(qint64 nViewId, QWidget* pParent)
 {
     m_pUi->setupUi(this);
     m_pUi->m_pFrameLayout->addWidget(m_pDrawer, 1);
+    setFocusProxy(m_pDrawer);
     m_pUi->m_pSplitVerticalB->setIcon(ThemeIcon(":/Icons/vertical.ico"));
     m_pUi->m_pSplitHorizontalB->setIcon(ThemeIcon(":/Icons/horizontal.ico"));
     m_pUi->m_pCloseViewB->setIcon(ThemeIcon(":/Icons/close.ico"));

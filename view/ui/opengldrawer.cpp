@@ -167,6 +167,8 @@ void COpenGLDrawer::PaintScene(bool bInteracting)
     frame.bBoundingBoxes = bInteracting && m_eDemotion == DemotionBoundingBox;
     frame.bCheckDrawables = TakeNeedsCheck();
     frame.fScale = float(devicePixelRatioF() * RenderScale());
+    if (m_measureFrom && m_measureTo)
+        frame.measureLine = {*m_measureFrom, *m_measureTo};
     m_renderer.Render(frame);
 }
 
@@ -249,9 +251,6 @@ void COpenGLDrawer::PaintOverlays(QPainter& painter, bool bInteracting)
     if (m_capture ? m_capture->parts.bScale : !bInteracting && draw.bShowScaling)
         Overlays::PaintScaleBar(painter, MakeScaleBar(size() / dScale, m_camera.Box().Width()),
                                 draw.axesColor, dScale);
-    if (m_measureFrom && m_measureTo)
-        Overlays::PaintMeasureLine(painter, m_camera.ToPixel(*m_measureFrom), m_camera.ToPixel(*m_measureTo),
-                                   draw.fLineThickness * dScale);
     if (const QRect band = RubberBand(); !m_capture && !band.isEmpty())
         Overlays::PaintRubberBand(painter, band);
 }

@@ -19,6 +19,7 @@
 class CAnnotation;
 class IDrawable;
 class ISelectable;
+class CWaitCursor;
 
 enum Demotion_e { DemotionOff = 0, DemotionWireframe = 1, DemotionBoundingBox = 2 };
 
@@ -139,6 +140,7 @@ private:
 
     // opengldrawer_pick.cpp
     SPickArea AreaAtCursor() const;
+    static std::unique_ptr<CWaitCursor> WaitFor(const SPickArea& area);
     void Hover();
     void ShowHover();
     void StepHover();

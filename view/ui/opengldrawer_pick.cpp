@@ -1,5 +1,6 @@
 // COpenGLDrawer: what lies under the pointer and in rectangles.
 #include "frame/preferences.h"
+#include "frame/ui/waitcursor.h"
 #include "frame/widgetmanager.h"
 #include "scene/iselectable.h"
 #include "scene/selectablekeys.h"
@@ -14,15 +15,29 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+namespace {
+
+constexpr qint64 MANY_ITEMS = 1'000'000; // to put into pick trees, about 0.1 s
+
+} // namespace
+
 SPickArea COpenGLDrawer::AreaAtCursor() const
 {
     return {m_nViewId, m_camera.View(),
             m_camera.PickRect(m_cursor, CPreferences::Instance().Draw().nSelectionArea)};
 }
 
+/** The wait cursor, if a pick there first has to build trees that take noticeably long. */
+std::unique_ptr<CWaitCursor> COpenGLDrawer::WaitFor(const SPickArea& area)
+{
+    return ViewPicker::CountNewItems(area) > MANY_ITEMS ? std::make_unique<CWaitCursor>() : nullptr;
+}
+
 void COpenGLDrawer::Hover()
 {
-    if (m_hover.Update(ViewPicker::Hits(AreaAtCursor())))
+    const SPickArea area = AreaAtCursor();
+    const auto pWait = WaitFor(area);
+    if (m_hover.Update(ViewPicker::Hits(area)))
         ShowHover();
 }
 
@@ -49,7 +64,9 @@ void COpenGLDrawer::ClearHover()
 
 void COpenGLDrawer::PickPoint()
 {
-    m_picked = ViewPicker::FirstPoint(AreaAtCursor());
+    const SPickArea area = AreaAtCursor();
+    const auto pWait = WaitFor(area);
+    m_picked = ViewPicker::FirstPoint(area);
     if (!m_picked.point.bHasPoint)
         return;
     const ISelectable* const pHover = m_hover.Current();
@@ -98,6 +115,7 @@ void COpenGLDrawer::SelectInRectangle(const QRect& band, bool bWhole, bool bCont
     if (!pSimulation)
         return;
     const SPickArea area{m_nViewId, m_camera.View(), m_camera.ToRect(band)};
+    const auto pWait = WaitFor({m_nViewId, m_camera.View(), m_camera.WholeRect()});
     const QVector<ISelectable*> hits =
         bWhole ? ViewPicker::HitsInside(area, m_camera.WholeRect()) : ViewPicker::Hits(area);
     ViewSelection::SelectHits(m_nViewId, pSimulation->GetId(), hits, bControl);

@@ -67,21 +67,18 @@ void SetCamera(COpenGLDrawer& drawer, const SRenderRequest::SView& view)
 
 } // namespace
 
-QString OffscreenView::FindProblem(const QSize& size)
+int OffscreenView::LongestSide()
 {
+    const QtMessageHandler former = qInstallMessageHandler([](auto, const auto&, const auto&) {});
     QOffscreenSurface surface;
     surface.create();
     QOpenGLContext context;
-    if (!context.create() || !context.makeCurrent(&surface))
-        return QString("there is no OpenGL on display %1").arg(qEnvironmentVariable("DISPLAY"));
+    const bool bThere = context.create() && context.makeCurrent(&surface);
+    qInstallMessageHandler(former);
     GLint nMost = 0;
-    context.functions()->glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &nMost);
-    context.doneCurrent();
-    if (std::max(size.width(), size.height()) <= nMost)
-        return {};
-    return QString("the OpenGL of display %1 draws pictures of at most %2x%2 pixels")
-        .arg(qEnvironmentVariable("DISPLAY"))
-        .arg(nMost);
+    if (bThere)
+        context.functions()->glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &nMost);
+    return nMost;
 }
 
 QImage OffscreenView::Draw(qint64 nViewId, const SRenderRequest& request)

@@ -9,8 +9,12 @@ class COpenGLDrawer;
 /** Draws a view as the window does, on no screen. Needs the application object of widgets. */
 namespace OffscreenView {
 
-/** @return why OpenGL can't draw pictures of the size on this display, in one line; empty if it can */
-QString FindProblem(const QSize& size);
+/**
+ * The longest side that a picture can have on this display [pixels].
+ *
+ * @return 0 without OpenGL
+ */
+int LongestSide();
 
 /**
  * The picture of a view, with exactly the pixels asked for.

@@ -2,6 +2,7 @@
 #include "app/batch/render/render.h"
 
 #include "app/batch/batch.h"
+#include "app/batch/becomeprogram.h"
 #include "app/batch/render/batchprompt.h"
 #include "app/batch/render/offscreenview.h"
 #include "app/batch/render/rendercase.h"
@@ -21,8 +22,8 @@
 namespace {
 
 const char* const SUMMARY = "Writes a picture of a case as PNG, as a window would show it. Without a display "
-                            "it is drawn on a private\n"
-                            "virtual one (Xvfb). The user's preferences don't count.";
+                            "that has OpenGL it is\n"
+                            "drawn on a private virtual one (Xvfb). The user's preferences don't count.";
 
 /** The programs of the views while this lives; the application object has to outlive it. */
 class CShaderScope
@@ -52,12 +53,20 @@ bool WritePng(const QImage& image, const QString& sFileName)
     return file.open(QIODevice::WriteOnly) && image.save(&file, "PNG") && file.commit();
 }
 
+constexpr int NO_OPENGL = -1; // not yet said
+
 /** Opens, draws and writes; the application object is there. */
 int Render(const CBatchOptions& options, const SRenderRequest& request)
 {
     CTimings timings;
-    if (const QString sProblem = OffscreenView::FindProblem(request.size); !sProblem.isEmpty())
-        return BatchError(BatchFailed, sProblem);
+    const int nLongest = OffscreenView::LongestSide();
+    if (nLongest == 0)
+        return NO_OPENGL;
+    if (std::max(request.size.width(), request.size.height()) > nLongest)
+        return BatchError(BatchFailed,
+                          QString("the OpenGL of display %1 draws pictures of at most %2x%2 pixels")
+                              .arg(qEnvironmentVariable("DISPLAY"))
+                              .arg(nLongest));
     CRenderCase renderCase;
     if (const BatchStatus_e eStatus = renderCase.Open(options); eStatus != BatchOk)
         return BatchError(eStatus, renderCase.GetError());
@@ -82,6 +91,37 @@ int Render(const CBatchOptions& options, const SRenderRequest& request)
     return BatchOk;
 }
 
+/** On the display that the environment names; a BatchStatus_e, or NO_OPENGL. */
+int RenderOnDisplay(const CBatchOptions& options, const SRenderRequest& request)
+{
+    LeaveDesktopOut();
+    QSurfaceFormat::setDefaultFormat(ViewSurfaceFormat(request.nSamples));
+    const QTemporaryDir runtimeFolder; // Qt complains where a session has none
+    const bool bOwnFolder = qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR");
+    if (bOwnFolder)
+        qputenv("XDG_RUNTIME_DIR", runtimeFolder.path().toLocal8Bit());
+    int nArguments = 1;
+    char sName[] = "zento-batch";
+    char* arguments[] = {sName, nullptr};
+    const QApplication application(nArguments, arguments);
+    const CBatchPrompt prompt;
+    const CShaderScope shaders;
+    const CSimulationCases cases;
+    const CSelectableFactory selectables;
+    const int nStatus = Render(options, request);
+    if (bOwnFolder)
+        qunsetenv("XDG_RUNTIME_DIR");
+    return nStatus;
+}
+
+/** Once more from the start, without the display. */
+int RenderWithoutDisplay(const QStringList& sArgumentList)
+{
+    qunsetenv("DISPLAY");
+    BecomeProgram("/proc/self/exe", sArgumentList);
+    return BatchError(BatchFailed, "can't start again");
+}
+
 } // namespace
 
 int RunRenderHere(const QStringList& sArgumentList)
@@ -98,21 +138,13 @@ int RunRenderHere(const QStringList& sArgumentList)
     if (!sProblem.isEmpty())
         return BatchError(BatchUsage, sProblem);
     CVirtualDisplay display;
-    if (!HasDisplay())
+    const bool bOwnDisplay = !HasDisplay();
+    if (bOwnDisplay)
         if (sProblem = display.Start(); !sProblem.isEmpty())
             return BatchError(BatchFailed, sProblem);
-    LeaveDesktopOut();
-    QSurfaceFormat::setDefaultFormat(ViewSurfaceFormat(request.nSamples));
-    const QTemporaryDir runtimeFolder; // Qt complains where a session has none
-    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
-        qputenv("XDG_RUNTIME_DIR", runtimeFolder.path().toLocal8Bit());
-    int nArguments = 1;
-    char sName[] = "zento-batch";
-    char* arguments[] = {sName, nullptr};
-    QApplication application(nArguments, arguments);
-    const CBatchPrompt prompt;
-    const CShaderScope shaders;
-    const CSimulationCases cases;
-    const CSelectableFactory selectables;
-    return Render(options, request);
+    const int nStatus = RenderOnDisplay(options, request);
+    if (nStatus != NO_OPENGL)
+        return nStatus;
+    return bOwnDisplay ? BatchError(BatchFailed, "there is no OpenGL, not even on a display of its own")
+                       : RenderWithoutDisplay(sArgumentList);
 }

@@ -11,6 +11,7 @@
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"
 #include "view/annotations/annotationcolormap.h"
+#include "view/annotations/onelegend.h"
 #include "view/selectables/surfaceitems.h"
 #include "view/variablechoice.h"
 
@@ -190,18 +191,14 @@ BatchStatus_e CRenderCase::ShowVector(const QString& sName)
     return BatchOk;
 }
 
-/** One legend stands for all: they have one scalar and one range. */
+/** In colours that can be read on the background. */
 void CRenderCase::ShowLegend(const QColor& background) const
 {
-    const QVector<ISelectable*> shown = Shown();
-    if (shown.isEmpty())
+    CAnnotationColormap* const pLegend = ShowOneLegend(Shown());
+    if (!pLegend || !background.isValid() || background.lightness() >= DARK_BELOW)
         return;
-    CAnnotationColormap& legend = *shown.first()->annotationColormap();
-    SLegendSettings settings = legend.settings();
-    settings.subtitle.bVisible = shown.size() == 1; // it names the item
-    if (background.isValid() && background.lightness() < DARK_BELOW)
-        for (SLegendText* const pText : {&settings.title, &settings.subtitle, &settings.labels})
-            pText->color = Qt::white;
-    legend.setSettings(settings);
-    legend.setVisible(true);
+    SLegendSettings settings = pLegend->settings();
+    for (SLegendText* const pText : {&settings.title, &settings.subtitle, &settings.labels})
+        pText->color = Qt::white;
+    pLegend->setSettings(settings);
 }

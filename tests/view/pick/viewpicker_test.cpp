@@ -210,3 +210,23 @@ TEST_F(ViewPickerTest, TheHoveredItemStaysWhileThePointerIsOnIt)
     list.Forget(b);
     EXPECT_EQ(list.Current(), nullptr);
 }
+
+TEST_F(ViewPickerTest, TreesAreBuiltByTheFirstPickThatMeetsTheirBox)
+{
+    CTestSurface* const pNear = Square(0, 0);
+    CTestSurface* const pFar = Square(10, 0);
+    Select({pNear, pFar});
+    const SPickArea area = At(1, 1);
+    EXPECT_EQ(ViewPicker::CountNewItems(area), 9 + 12 + 8); // points, lines, triangles
+    EXPECT_EQ(ViewPicker::CountNewItems({VIEW, {}, {-1, -1, 11, 3}}), 2 * (9 + 12 + 8));
+    EXPECT_FALSE(pNear->hasPickTree());
+    EXPECT_FALSE(IsHit(5, 1)); // between the two
+    EXPECT_FALSE(pNear->hasPickTree() || pFar->hasPickTree());
+    EXPECT_TRUE(IsHit(1, 1));
+    EXPECT_TRUE(pNear->hasPickTree());
+    EXPECT_FALSE(pFar->hasPickTree());
+    EXPECT_EQ(ViewPicker::CountNewItems(area), 0);
+    pNear->invalidateAll();
+    pNear->build();
+    EXPECT_FALSE(pNear->hasPickTree()) << "it was of other elements";
+}
