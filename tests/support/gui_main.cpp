@@ -13,7 +13,6 @@ int main(int argc, char** argv)
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts); // as in the program
     QApplication application(argc, argv);
     s_pScreen = QGuiApplication::primaryScreen();
     const CTestSettings settings;
