@@ -121,9 +121,10 @@ TEST_F(CaseFile, ARunWithoutAWindowKeepsDisplayAndCamera)
     const QString sFile = SaveWing();
     const QByteArray stored = Content(sFile);
     m_pWindow.reset();
-    const qint64 nId = m_module.Open(sFile, VIEW);
+    const qint64 nId = m_module.Open(sFile, -1);
     ASSERT_NE(nId, -1);
-    Shown(*Simulation(nId), 1)->setVisible(false); // nobody sees what such a run shows
+    // Nobody sees what such a run shows.
+    CSelectableManager::Instance().Find(-1, nId, 1)->setVisible(false);
     EXPECT_TRUE(m_module.Save(Path("batch.zento"), nId));
     EXPECT_TRUE(Content(Path("batch.zento")) == stored);
 }
@@ -211,14 +212,12 @@ TEST_F(CaseFile, AFolderThatMovedAsAWholeIsFoundAgain)
 {
     OpenWindow();
     QDir().mkpath(Path("project/cases"));
-    CPlot3DSimulation* const pWing = OpenWing();
-    ASSERT_TRUE(QDir().mkpath(Path("project")));
-    CloseAll();
+    WriteData();
     ASSERT_TRUE(QDir().rename(Path("data"), Path("project/data")));
-    CPlot3DSimulation* const pThere =
+    CPlot3DSimulation* const pWing =
         Simulation(m_module.OpenPlot3D({Path("project/data/wing.x"), Path("project/data/flow1.q")}, VIEW));
-    (void)pWing;
-    ASSERT_TRUE(m_module.Save(Path("project/cases/wing.zento"), pThere->GetId()));
+    Shown(*pWing, 1)->setScalarVariable(Variable(*pWing, "P[Q]"));
+    ASSERT_TRUE(m_module.Save(Path("project/cases/wing.zento"), pWing->GetId()));
     CloseAll();
     ASSERT_TRUE(QDir().rename(Path("project"), Path("elsewhere")));
     const CPromptScript nobodyAsks;
