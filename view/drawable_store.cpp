@@ -1,4 +1,5 @@
 // CDrawable: its stored forms. Both go through one list of fields.
+#include "data/variables/variablekeys.h"
 #include "data/variables/variablemanager.h"
 #include "frame/bytestream.h"
 #include "view/annotations/annotationcolormap.h"
@@ -13,12 +14,6 @@ QString NameOf(qint64 nVariableId)
 {
     const IVariable* const pVariable = CVariableManager::Instance().GetVariable(nVariableId);
     return pVariable ? pVariable->GetName() : QString();
-}
-
-QByteArray KeyOf(qint64 nVariableId)
-{
-    const IVariable* const pVariable = CVariableManager::Instance().GetVariable(nVariableId);
-    return pVariable ? pVariable->ToBytes() : QByteArray();
 }
 
 /** At nodes, then at cells, then among constants; -1 if there is none. */
@@ -186,12 +181,14 @@ QByteArray CDrawable::toBinary() const
     writer.Write(qint64(m_eDisplayType));
     writer.Write(m_bDrawVectors);
     for (const qint64 nVariable : {m_nScalarVariable, m_nVectorVariable, m_nThresholdVariable})
-        writer.Write(KeyOf(nVariable));
+        writer.Write(VariableKeys::KeyOf(nVariable));
     writer.Write(m_colormap.nId);
     writer.Write(m_colormap.dMinimum);
     writer.Write(m_colormap.dMaximum);
     CAnnotationColormap legend = *m_pLegend;
-    legend.setDrawableSerial(-1); // of this session alone: equal states must have equal bytes
+    // Of this session, or of the last frame alone: equal states must have equal bytes.
+    legend.setDrawableSerial(-1);
+    legend.forgetLayout();
     writer.Write(legend.toBinary());
     return writer.Take();
 }
@@ -208,7 +205,7 @@ bool CDrawable::fromBinary(const QByteArray& bytes, double)
     for (qint64* const pVariable : {&m_nScalarVariable, &m_nVectorVariable, &m_nThresholdVariable}) {
         QByteArray key;
         if (reader.Read(key))
-            *pVariable = key.isEmpty() ? -1 : CVariableManager::Instance().FindByBytes(key, m_nSimulationId);
+            *pVariable = VariableKeys::Find(key, m_nSimulationId);
     }
     reader.Read(m_colormap.nId);
     reader.Read(m_colormap.dMinimum);

@@ -5,6 +5,7 @@
 namespace {
 
 constexpr int LONGEST_NAME = 64;
+constexpr double HIGHEST_VERSION = 1000.0; // no file will ever have it: other bytes read as a number
 
 bool IsName(const QString& sText)
 {
@@ -16,7 +17,7 @@ bool IsName(const QString& sText)
 
 StoredFile_e CheckStoredVersion(double dVersion, double dKnown)
 {
-    if (!(dVersion >= 0.0)) // nan too
+    if (!(dVersion >= 0.0 && dVersion < HIGHEST_VERSION)) // nan too
         return StoredBad;
     return dVersion > dKnown ? StoredNewer : StoredOk;
 }
@@ -50,12 +51,11 @@ StoredFile_e SCaseFile::FromBytes(const QByteArray& bytes)
 
 bool LooksLikeCaseFile(const QByteArray& head)
 {
-    constexpr double HIGHEST = 1000.0; // that a version could ever have
     CByteReader reader(head);
     QString sName;
     double dData = -1.0, dDisplay = -1.0;
     reader.Read(sName);
     reader.Read(dData);
-    return reader.Read(dDisplay) && IsName(sName) && dData > 0.0 && dData < HIGHEST && dDisplay > 0.0 &&
-           dDisplay < HIGHEST;
+    return reader.Read(dDisplay) && IsName(sName) && dData > 0.0 && dData < HIGHEST_VERSION &&
+           dDisplay > 0.0 && dDisplay < HIGHEST_VERSION;
 }

@@ -9,7 +9,7 @@ enum StoredFile_e {
     StoredBad,   ///< not such a file, or not all of it
 };
 
-/** What a reader makes of a version that stands in a file; one that is negative or no number is bad. */
+/** What a reader makes of a version that stands in a file; one that can't be a version is bad. */
 StoredFile_e CheckStoredVersion(double dVersion, double dKnown);
 
 /** The record of a case file, ".zento" (docs/formats/casefiles.md). */

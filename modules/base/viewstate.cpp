@@ -1,5 +1,6 @@
 #include "modules/base/viewstate.h"
 
+#include "data/variables/variablekeys.h"
 #include "frame/bytestream.h"
 #include "frame/messagesink.h"
 #include "modules/base/pairdisplay.h"
@@ -119,6 +120,7 @@ bool SViewState::FromBytes(const QByteArray& bytes)
 
 SViewState TakeViewState(const ISimulation& simulation, qint64 nViewId)
 {
+    const VariableKeys::CScope scope;
     const CSimulationManager& manager = CSimulationManager::Instance();
     const qint64 nId = simulation.GetId();
     SViewState state;
@@ -135,6 +137,7 @@ SViewState TakeViewState(const ISimulation& simulation, qint64 nViewId)
 
 void ApplyViewState(ISimulation& simulation, const SViewState& state, qint64 nViewId, double dVersion)
 {
+    const VariableKeys::CScope scope;
     ApplyPair(simulation, state.pair, nViewId, dVersion);
     CShownItems items(simulation, nViewId);
     const QVector<qint64> itemIds =

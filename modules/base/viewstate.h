@@ -30,6 +30,8 @@ struct SViewState
         bool bVisible = true;
         bool bSelected = false;
         QByteArray display; ///< ISelectable::toBinary
+
+        friend bool operator==(const SShown&, const SShown&) = default;
     };
 
     SPair pair;

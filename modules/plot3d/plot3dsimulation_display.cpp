@@ -64,14 +64,21 @@ bool CPlot3DSimulation::LoadViewState(const QByteArray& bytes, qint64 nViewId, d
     return true;
 }
 
-/** The data are there now: the views show what they were meant to. */
+/** The data are there now: views in which nothing was changed since show what they were meant to. */
 void CPlot3DSimulation::ShowKeptDisplays()
 {
     const auto kept = std::exchange(m_keptDisplays, {});
     for (auto it = kept.cbegin(); it != kept.cend(); ++it) {
-        SViewState state;
-        if (state.FromBytes(it->stored) && TakeViewState(*this, it.key()).ToBytes() == it->shown)
-            ApplyViewState(*this, state, it.key(), SCaseFile::VERSION);
+        SViewState stored, shown;
+        const SViewState now = TakeViewState(*this, it.key());
+        if (!stored.FromBytes(it->stored) || !shown.FromBytes(it->shown) || shown.shown != now.shown)
+            continue;
+        const double dTime = stored.pair.dTime;
+        const bool bTransient = stored.pair.bTransient;
+        stored.pair = now.pair; // these could be changed without the data
+        stored.pair.dTime = dTime;
+        stored.pair.bTransient = bTransient;
+        ApplyViewState(*this, stored, it.key(), SCaseFile::VERSION);
     }
 }
 

@@ -65,6 +65,14 @@ bool CAnnotationColormap::hitTest(const QPoint& point) const
     return CAnnotation::hitTest(point) && ShownDrawable();
 }
 
+void CAnnotationColormap::forgetLayout()
+{
+    m_layout = {};
+    m_bDirty = true;
+    setSize({0, 0});
+    setHot(false);
+}
+
 void CAnnotationColormap::updateLayout()
 {
     if (const IDrawable* const pDrawable = CDrawableManager::Instance().Find(m_nSerial))

@@ -35,6 +35,8 @@ public:
 
     /** Lays it out if that is due; nothing without a drawable. */
     void updateLayout();
+    /** As before the first frame, and with no pointer over it. */
+    void forgetLayout();
     const SLegendLayout& layout() const { return m_layout; }
     /** The texts in force as of the last layout. */
     const SLegendContent& content() const { return m_content; }

@@ -1,56 +1,22 @@
 #include "modules/plot3d/ui/plot3dmodule.h"
 
 #include "data/io/gridio.h"
-#include "frame/imainmenus.h"
 #include "frame/moduleregistry.h"
-#include "frame/widgetmanager.h"
 #include "modules/plot3d/dialogs/blocklistdialog.h"
 #include "modules/plot3d/dialogs/plot3ddialog.h"
 #include "tests/modules/plot3d/plot3dcasetest.h"
+#include "tests/support/casewindow.h"
 #include "tests/support/promptscript.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QListWidget>
-#include <QMainWindow>
-#include <QMenu>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeWidget>
 
 namespace {
-
-/** A window with one view and the menus that modules fill. */
-class CModuleWindow : public QMainWindow, public IMainWindow, public IMainMenus
-{
-public:
-    CModuleWindow() { CWidgetManager::Instance().Register(this, CWidgetManager::MAIN_WINDOW); }
-    ~CModuleWindow() override { CWidgetManager::Instance().Unregister(this); }
-    qint64 GetActiveViewId() const override { return 1; }
-    ISimulation* GetActiveSimulation(qint64 nViewId) const override
-    {
-        return CSimulationManager::Instance().GetSimulationOfView(nViewId);
-    }
-    void UpdateActions() override {}
-    void RefreshDocks(qint64, bool, bool) override {}
-    void UpdateActiveViewer(qint64) override {}
-    IViewer* GetViewer(qint64) const override { return nullptr; }
-    IViewer* GetViewerById(qint64) const override { return nullptr; }
-    void SetStatusText(const QString& sText) override { m_sStatus = sText; }
-    void RunInTerminal() override {}
-    void CloseAll() override {}
-    void BlockUpdates(qint64, bool bBlock) override { m_nBlocked += bBlock ? 1 : -1; }
-    QImage captureImage(const SCapture&) override { return {}; }
-    void AddMenu(QMenu* pMenu) override { menuBar()->addMenu(pMenu); }
-    QMenu* GetImportMenu() override { return &m_importMenu; }
-    QMenu* GetExportMenu() override { return &m_exportMenu; }
-
-    QMenu m_importMenu, m_exportMenu;
-    QString m_sStatus;
-    int m_nBlocked = 0;
-};
 
 class Plot3DModule : public Plot3DCaseTest
 {
@@ -74,7 +40,7 @@ protected:
         return sList;
     }
 
-    CModuleWindow m_window;
+    CCaseWindow m_window;
     CPlot3DModule m_module;
 };
 

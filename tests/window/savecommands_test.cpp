@@ -1,0 +1,267 @@
+// Saving, opening, and restart files, seen through the window.
+#include "frame/applicationinfo.h"
+#include "frame/moduleregistry.h"
+#include "frame/preferencekeys.h"
+#include "frame/preferences.h"
+#include "frame/window/mainwindow.h"
+#include "frame/window/viewarea.h"
+#include "frame/window/windowactions.h"
+#include "modules/base/displaydocument.h"
+#include "modules/base/restartfile.h"
+#include "tests/support/print.h"
+#include "tests/support/promptscript.h"
+#include "tests/support/simulationfixture.h"
+#include "tests/support/testmodule.h"
+#include "view/ui/oglviewer.h"
+
+#include <QSettings>
+#include <QTemporaryDir>
+
+namespace {
+
+/** Makes and opens cases of the test; takes no data file. */
+class CSavingModule : public CTestModule
+{
+public:
+    using CTestModule::CTestModule;
+    bool CanOpen() const override { return true; }
+    bool CanCreateSimulationFromFile() const override { return true; }
+    qint64 CreateFromFiles(const QStringList& sFileList, qint64) override
+    {
+        s_sDataFileList = sFileList;
+        return -1;
+    }
+    qint64 OpenFromKey(const QByteArray& key, qint64) override
+    {
+        if (key != "the data")
+            return -1;
+        auto* const pSimulation = new CTestSimulation(GetId());
+        CSimulationManager::Instance().AddSimulation(pSimulation, 1);
+        return pSimulation->GetId();
+    }
+    static inline QStringList s_sDataFileList;
+
+protected:
+    ISimulation* MakeSimulation() const override { return new CTestSimulation(GetId()); }
+};
+
+class SaveCommands : public SimulationFixture
+{
+protected:
+    SaveCommands()
+    {
+        CModuleRegistry::Instance().SetFactory(1,
+                                               [] { return std::make_unique<CSavingModule>(1, "Plot3D"); });
+        m_pWindow = std::make_unique<CMainWindow>();
+    }
+    ~SaveCommands() override
+    {
+        m_manager.RemoveAllViews();
+        m_pWindow.reset();
+        CPreferences::Instance() = CPreferences();
+        QSettings(QSettings::UserScope, ApplicationInfo::ORGANISATION, ApplicationInfo::NAME).clear();
+    }
+    CTestSimulation* AddCase()
+    {
+        CTestSimulation* const pSimulation = Add();
+        pSimulation->SetName("wing");
+        Set(*pSimulation, SimulationKey::DIRECTORY, m_folder.path());
+        pSimulation->m_viewStates[1] = "what is shown";
+        pSimulation->m_dataKey = "the data";
+        m_manager.SetActiveSimulation(1, pSimulation->GetId());
+        return pSimulation;
+    }
+    void Trigger(ActionId_e eId) { m_pWindow->GetActions().Get(eId)->trigger(); }
+    QString Path(const char* sName) const { return m_folder.filePath(sName); }
+    static QByteArray Content(const QString& sFile)
+    {
+        QFile file(sFile);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << sFile.toStdString();
+        return file.readAll();
+    }
+    static void Store(const QString& sFile, const QByteArray& bytes)
+    {
+        QFile file(sFile);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    COglViewer& View() { return *m_pWindow->GetViewArea().GetOglViewer(1); }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<CMainWindow> m_pWindow;
+};
+
+} // namespace
+
+TEST_F(SaveCommands, ANewCaseAsksForItsFileOnceAndBecomesTheMostRecentOne)
+{
+    EXPECT_FALSE(m_pWindow->GetActions().Get(ActionSave)->isEnabled()) << "there is no case";
+    CTestSimulation* const pSimulation = AddCase();
+    CPromptScript user;
+    user.ChooseFile(Path("Wing.v2"));
+    Trigger(ActionSave);
+    EXPECT_EQ(user.AskedFiles()[0].sTitle, "Save Simulation");
+    EXPECT_EQ(user.AskedFiles()[0].sFilter, "Simulation File (*.zento)");
+    EXPECT_EQ(user.AskedFiles()[0].sStart, Path("wing.zento"));
+    EXPECT_EQ(pSimulation->GetFilePath(), Path("Wing.v2.zento"));
+    EXPECT_EQ(Get(CPreferences::Instance(), PreferenceKey::RECENT_FILES), QStringList(Path("Wing.v2.zento")));
+    pSimulation->m_viewStates[1] = "something else";
+    Trigger(ActionSave);
+    SCaseFile file;
+    ASSERT_EQ(file.FromBytes(Content(Path("Wing.v2.zento"))), StoredOk);
+    EXPECT_EQ(file.sModule, "Plot3D");
+    EXPECT_EQ(file.display, "something else");
+    EXPECT_EQ(file.camera.Camera(), View().GetCamera());
+    user.ChooseFile(Path("copy.ZENTO"));
+    Trigger(ActionSaveAs);
+    EXPECT_EQ(user.AskedFiles().last().sStart, Path("Wing.v2.zento"));
+    EXPECT_EQ(pSimulation->GetFilePath(), Path("copy.ZENTO")) << "the ending in any case";
+    user.ChooseFile({});
+    Trigger(ActionSaveAs);
+    user.ChooseFile(Path("none/wing"));
+    user.Press("Ok");
+    Trigger(ActionSaveAs);
+    EXPECT_EQ(pSimulation->GetFilePath(), Path("copy.ZENTO"));
+    EXPECT_EQ(Get(CPreferences::Instance(), PreferenceKey::RECENT_FILES).size(), 2) << "not what failed";
+}
+
+TEST_F(SaveCommands, AnOpenedCaseStandsOnTopWithItsDisplayAndItsCamera)
+{
+    CTestSimulation* const pSimulation = AddCase();
+    SCamera camera = View().GetCamera();
+    camera.view.rotate(30.0F, 0.0F, 1.0F, 0.0F);
+    camera.viewCenter = {5.0, 6.0};
+    camera.rotationPoint = {1.0, 2.0, 3.0};
+    View().SetCamera(camera);
+    const SCamera saved = View().GetCamera();
+    CPromptScript user;
+    user.ChooseFile(Path("wing.zento"));
+    Trigger(ActionSave);
+    m_manager.RemoveSimulationFromView(pSimulation->GetId(), 1);
+    View().SetCamera(SCamera());
+    user.ChooseFile(Path("wing.zento"));
+    Trigger(ActionOpen);
+    const auto* const pAgain = static_cast<CTestSimulation*>(m_manager.GetSimulationOfView(1));
+    ASSERT_NE(pAgain, nullptr);
+    EXPECT_EQ(pAgain->GetName(), "wing");
+    EXPECT_EQ(pAgain->m_viewStates[1], "what is shown");
+    EXPECT_EQ(View().GetCamera().view, saved.view);
+    EXPECT_EQ(View().GetCamera().rotationPoint, saved.rotationPoint);
+    EXPECT_EQ(pAgain->GetSavedData(), pAgain->ToBytes());
+}
+
+TEST_F(SaveCommands, CasesOfUnknownKindsAndNewerOnesChangeNothingAndShowNoBox)
+{
+    AddCase();
+    SCaseFile file;
+    file.sModule = "Nobody";
+    Store(Path("unknown.dat"), file.ToBytes());
+    file.sModule = "Plot3D";
+    file.dDisplayVersion = 1.5;
+    Store(Path("newer.zento"), file.ToBytes());
+    Store(Path("garbage.zento"), "no case at all");
+    CSavingModule::s_sDataFileList.clear();
+    const CPromptScript nobodyAsks;
+    for (const char* const sName : {"unknown.dat", "newer.zento", "garbage.zento"})
+        m_pWindow->SlotOpenSimulation(Path(sName));
+    EXPECT_EQ(CSavingModule::s_sDataFileList, QStringList()) << "none is a file of data";
+    EXPECT_EQ(m_manager.GetSimulationIds().size(), 1);
+    Store(Path("grid.x"), "data");
+    m_pWindow->SlotOpenSimulation(Path("grid.x"));
+    EXPECT_EQ(CSavingModule::s_sDataFileList, QStringList(Path("grid.x")));
+}
+
+TEST_F(SaveCommands, TheDisplayStateIsExported)
+{
+    AddCase();
+    CPromptScript user;
+    user.ChooseFile(Path("view.json"));
+    user.Press("Ok");
+    Trigger(ActionDisplayState);
+    EXPECT_TRUE(QRegularExpression(R"(/\d{4}-\d\d-\d\d~\d\d-\d\d-\d\d~display\.disp$)")
+                    .match(user.AskedFiles()[0].sStart)
+                    .hasMatch())
+        << user.AskedFiles()[0].sStart.toStdString();
+    EXPECT_EQ(user.AskedFiles()[0].sFilter, "Display Files (*.disp);; All Files (*)");
+    EXPECT_EQ(user.Asked().last().sText, "Display state exported successfully to " + Path("view.json.disp"));
+    EXPECT_EQ(user.Asked().last().sTitle, "Export Display State");
+    SDisplayDocument document;
+    EXPECT_EQ(document.FromBytes(Content(Path("view.json.disp"))), StoredOk);
+    EXPECT_EQ(CameraFromJson(document.viewer), View().GetCamera());
+    user.ChooseFile(Path("none/view.disp"));
+    user.Press("Ok");
+    Trigger(ActionDisplayState);
+    EXPECT_EQ(user.Asked().last().sText,
+              QString("Failed to open file %1 for writing").arg(Path("none/view.disp")));
+    EXPECT_EQ(user.Asked().last().eKind, PromptCritical);
+}
+
+TEST_F(SaveCommands, ARestartFileBringsDataAndDisplayOrTheDisplayAlone)
+{
+    CTestSimulation* const pSimulation = AddCase();
+    SCamera camera = View().GetCamera();
+    camera.view.rotate(30.0F, 0.0F, 1.0F, 0.0F);
+    View().SetCamera(camera);
+    CPromptScript user;
+    user.ChooseFile(Path("wing"));
+    Trigger(ActionExportSimulation);
+    EXPECT_EQ(user.AskedFiles()[0].sTitle, "Simulation Restart File");
+    EXPECT_EQ(user.AskedFiles()[0].sFilter, "Simulation Restart Files (*.srst)");
+    SRestartFile file;
+    ASSERT_EQ(file.FromBytes(Content(Path("wing.srst"))), StoredOk);
+    EXPECT_EQ(file.key, "the data");
+    EXPECT_EQ(file.nModuleId, 1);
+
+    pSimulation->m_viewStates[1] = "another";
+    View().SetCamera(SCamera());
+    user.ChooseFile(Path("wing.srst"));
+    Trigger(ActionImportSimulationDisplay);
+    EXPECT_EQ(user.AskedFiles()[1].sFilter, "Simulation Restart Files (*.srst);; All Files (*)");
+    EXPECT_EQ(pSimulation->m_viewStates[1], "what is shown");
+    EXPECT_EQ(View().GetCamera().view, camera.view);
+    pSimulation->m_viewStates[1] = "another";
+    user.ChooseFile(Path("wing.srst"));
+    Trigger(ActionImportSimulationAll);
+    EXPECT_EQ(m_manager.GetSimulationIds().size(), 1) << "its data are open";
+    EXPECT_EQ(pSimulation->m_viewStates[1], "what is shown");
+
+    m_manager.RemoveAllViews();
+    user.ChooseFile(Path("wing.srst"));
+    Trigger(ActionImportSimulationAll);
+    const auto* const pOpened = static_cast<CTestSimulation*>(m_manager.GetSimulationOfView(1));
+    ASSERT_NE(pOpened, nullptr);
+    EXPECT_EQ(pOpened->m_viewStates[1], "what is shown");
+    user.ChooseFile(Path("none/wing.srst"));
+    user.Press("Ok");
+    Trigger(ActionExportSimulation);
+    EXPECT_EQ(user.Asked().last().sText, "Failed to write simulation restart file " + Path("none/wing.srst"));
+}
+
+TEST_F(SaveCommands, RestartFilesThatDontFitAreRefused)
+{
+    SRestartFile file;
+    file.nModuleId = 1;
+    file.key = "other data";
+    const auto import = [&](const QByteArray& bytes, bool bAsks) {
+        Store(Path("wing.srst"), bytes);
+        CPromptScript user;
+        user.ChooseFile(Path("wing.srst"));
+        if (bAsks)
+            user.Press("Ok");
+        Trigger(ActionImportSimulationAll);
+        return user.Asked().isEmpty() ? QString() : user.Asked()[0].sTitle + ": " + user.Asked()[0].sText;
+    };
+    const QString sNoData = "Invalid Simulation: Failed to load the data of the selected restart file";
+    EXPECT_EQ(import(file.ToBytes(), true), sNoData);
+    EXPECT_EQ(import("short", true), sNoData);
+    file.dVersion = 1.8;
+    EXPECT_EQ(import(file.ToBytes(), false), "") << "without a message";
+    CTestSimulation* const pSimulation = AddCase();
+    file.dVersion = 1.7;
+    file.nModuleId = 2;
+    EXPECT_EQ(import(file.ToBytes(), true),
+              "Invalid Simulation: The selected file contains a simulation of a different module than the "
+              "current active simulation");
+    EXPECT_EQ(m_manager.GetSimulationOfView(1), pSimulation);
+    EXPECT_EQ(pSimulation->m_viewStates[1], "what is shown");
+}
