@@ -183,6 +183,7 @@ void CSurface::DrawLines(CSurfaceShaderProgram& program, SurfacePart_e ePart)
 {
     program.Set(UniformEnableLight, 0.0F);
     program.Set(UniformConstColor, wireframeColor());
+    program.Set(UniformUseOutlineColor, CPreferences::Instance().Draw().bUseOutlineColor ? 1.0F : 0.0F);
     DrawPart(ePart);
 }
 
@@ -196,7 +197,6 @@ void CSurface::DrawShaded(CSurfaceShaderProgram& program)
     // A triangle in a corner has only edge vertices, and would be filled with the colour of the outline.
     program.Set(UniformUseOutlineColor, 0.0F);
     DrawPart(ShadedPart);
-    program.Set(UniformUseOutlineColor, CPreferences::Instance().Draw().bUseOutlineColor ? 1.0F : 0.0F);
 }
 
 void CSurface::DrawPart(SurfacePart_e ePart)
