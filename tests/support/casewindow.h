@@ -45,6 +45,7 @@ public:
     void SetStatusText(const QString& sText) override { m_sStatus = sText; }
     void RunInTerminal() override {}
     void CloseAll() override {}
+    QImage captureImage(const SCapture&) override { return {}; }
     void BlockUpdates(qint64, bool bBlock) override { m_nBlocked += bBlock ? 1 : -1; }
     void AddMenu(QMenu* pMenu) override { menuBar()->addMenu(pMenu); }
     QMenu* GetImportMenu() override { return &m_importMenu; }
