@@ -82,7 +82,9 @@ protected:
         m_context.Clear();
         SFrameSettings frame;
         frame.nViewId = VIEW;
-        frame.view.rotate(35.0F, 1.0F, 0.5F, 0.2F);
+        QMatrix4x4 view;
+        view.rotate(35.0F, 1.0F, 0.5F, 0.2F);
+        frame.view = DMatrix4x4::FromFloat(view);
         frame.dLeft = -4.0;
         frame.dRight = 12.0;
         frame.dBottom = -8.0;
