@@ -124,7 +124,7 @@ TEST_F(Autosave, ADamagedRecordIsPassedOver)
     EXPECT_EQ(read.FromBytes(bytes), StoredOk);
     EXPECT_EQ(read.sFilePath, "/b");
     QByteArray newer = bytes;
-    newer[0] = 0x41;
+    newer.replace(0, 2, QByteArray("\x40\x00", 2)); // 2.0
     EXPECT_EQ(read.FromBytes(newer), StoredNewer);
 }
 
