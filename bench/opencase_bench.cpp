@@ -1,11 +1,19 @@
 // Opening a Plot3D case of 2,000 blocks: detection, items, registration of 18,000 fields, built-in variables.
-// Only headers are read; the limit beside it is the registration alone. Then the bracket round an edit.
+// Only headers are read; the limit beside it is the registration alone. Then the bracket round an edit, and
+// saving and opening its case file, with the selectables of the program, each coloured by a formula of
+// formulas.
 #include "data/casedata.h"
+#include "data/variables/variablemanager.h"
+#include "frame/replacefile.h"
+#include "modules/base/casestorage.h"
+#include "modules/base/displayfile.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "simulation/simulationmanager.h"
 #include "tests/support/testsimulation.h"
+#include "view/selectables/selectablefactory.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -99,5 +107,98 @@ void UndoBracket(benchmark::State& state)
     CSimulationManager::Instance().RemoveAllViews();
 }
 BENCHMARK(UndoBracket)->Unit(benchmark::kMillisecond);
+
+/** The case with its display, and its file. */
+class CSavedCase
+{
+public:
+    CSavedCase()
+    {
+        CCaseRecords records;
+        records.AddFile(CManyBlocks::Instance().sGrid);
+        records.AddCompanions();
+        CSimulationManager::Instance().AddSimulation(m_pSimulation, 1);
+        m_pSimulation->Load(records);
+        const qint64 nScalar =
+            CVariableManager::Instance().FindByName(m_pSimulation->GetId(), "M[Q]", LocationNode);
+        for (ISelectable* const p :
+             CSelectableManager::Instance().GetSelectables(1, m_pSimulation->GetId())) {
+            p->setScalarVariable(nScalar);
+            p->setGeometricColor(false);
+        }
+        SaveCase(*m_pSimulation, "Plot3D", sFile);
+    }
+    ~CSavedCase() { CSimulationManager::Instance().RemoveAllViews(); }
+    CSavedCase(const CSavedCase&) = delete;
+    CSavedCase& operator=(const CSavedCase&) = delete;
+    CPlot3DSimulation& Simulation() { return *m_pSimulation; }
+
+private:
+    CSelectableFactory m_factory;
+    QTemporaryDir m_folder;
+    CPlot3DSimulation* const m_pSimulation = new CPlot3DSimulation(1); // of the manager
+
+public:
+    const QString sFile = m_folder.filePath("many.zento");
+};
+
+void SaveCaseFile(benchmark::State& state)
+{
+    CSavedCase saved;
+    for ([[maybe_unused]] auto _ : state)
+        if (!SaveCase(saved.Simulation(), "Plot3D", saved.sFile))
+            state.SkipWithError("the case wasn't saved");
+    state.SetBytesProcessed(state.iterations() * QFileInfo(saved.sFile).size());
+}
+BENCHMARK(SaveCaseFile)->Unit(benchmark::kMillisecond);
+
+void OpenCaseFile(benchmark::State& state)
+{
+    const CSavedCase saved;
+    for ([[maybe_unused]] auto _ : state) {
+        QByteArray bytes;
+        SCaseFile file;
+        auto* const pSimulation = new CPlot3DSimulation(1);
+        pSimulation->SetFilePath(saved.sFile);
+        CSimulationManager::Instance().AddSimulation(pSimulation, 2);
+        if (!ReadWholeFile(saved.sFile, bytes) || file.FromBytes(bytes) != StoredOk ||
+            !FillCase(*pSimulation, file, 2, true))
+            state.SkipWithError("the case didn't open");
+        state.PauseTiming();
+        CSimulationManager::Instance().RemoveSimulationFromView(pSimulation->GetId(), 2);
+        state.ResumeTiming();
+    }
+    state.SetBytesProcessed(state.iterations() * QFileInfo(saved.sFile).size());
+}
+BENCHMARK(OpenCaseFile)->Unit(benchmark::kMillisecond);
+
+/** The limit: the same bytes alone. */
+void WriteSameBytes(benchmark::State& state)
+{
+    const CSavedCase saved;
+    QByteArray bytes;
+    ReadWholeFile(saved.sFile, bytes);
+    for ([[maybe_unused]] auto _ : state)
+        ReplaceFile(saved.sFile, bytes);
+    state.SetBytesProcessed(state.iterations() * bytes.size());
+}
+BENCHMARK(WriteSameBytes)->Unit(benchmark::kMillisecond);
+
+void MakeDisplayJson(benchmark::State& state)
+{
+    CSavedCase saved;
+    for ([[maybe_unused]] auto _ : state)
+        benchmark::DoNotOptimize(MakeDisplayFile(saved.Simulation(), 1));
+}
+BENCHMARK(MakeDisplayJson)->Unit(benchmark::kMillisecond);
+
+void LoadDisplayJson(benchmark::State& state)
+{
+    CSavedCase saved;
+    const QJsonObject display = saved.Simulation().SaveViewJson(1);
+    for ([[maybe_unused]] auto _ : state)
+        saved.Simulation().LoadViewJson(display, 1, 1.0);
+}
+BENCHMARK(LoadDisplayJson)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -110,6 +110,7 @@ void CSimulationManager::RemoveSimulationFromView(qint64 nSimulationId, qint64 n
     if (bLast)
         FinishSimulation(*pRow->pSimulation);
     pRow->pSimulation->SaveDisplayFile(nViewId);
+    NoteDisplayFile(nSimulationId);
 
     if (CItemPanel* const pPanel = std::exchange(FindPair(nViewId, nSimulationId)->pPanel, nullptr))
         m_pPanels->Delete(pPanel);

@@ -161,6 +161,7 @@ private:
         qint64 nSimulationId;
         QString sDirectory; // where closing writes the display file
         QString sTarget;
+        QString sSource; // the one that was there when the simulation had left; empty: not yet
     };
 
     CSimulationManager();
@@ -176,6 +177,7 @@ private:
     void FinishSimulation(ISimulation& simulation);
     void DeleteRow(qint64 nSimulationId);
     void Collect(qint64 nSimulationId, const QByteArray& bytes);
+    void NoteDisplayFile(qint64 nSimulationId);
     bool AskDisplayFile(qint64 nSimulationId, QVector<SDisplayCopy>& copies) const;
 
     std::vector<SSimulationRow> m_simulations; // ascending ids

@@ -96,14 +96,22 @@ bool CSimulationManager::AskDisplayFile(qint64 nSimulationId, QVector<SDisplayCo
         UserPrompt::AskFile({"Save Display File", sDirectory, "Display Files (*.disp)", true});
     if (sTarget.isEmpty())
         return false;
-    copies.append({nSimulationId, sDirectory, sTarget});
+    copies.append({nSimulationId, sDirectory, sTarget, {}});
     return true;
+}
+
+/** Simulations that close together may share a directory: each has its own file, the newest as it leaves. */
+void CSimulationManager::NoteDisplayFile(qint64 nSimulationId)
+{
+    for (SDisplayCopy& copy : m_displayCopies)
+        if (copy.nSimulationId == nSimulationId)
+            copy.sSource = NewestDisplayFile(copy.sDirectory);
 }
 
 void CSimulationManager::CopyDisplayFiles()
 {
     for (const SDisplayCopy& copy : std::exchange(m_displayCopies, {})) {
-        const QString sSource = NewestDisplayFile(copy.sDirectory);
+        const QString sSource = copy.sSource.isEmpty() ? NewestDisplayFile(copy.sDirectory) : copy.sSource;
         if (sSource.isEmpty() || !ReplaceByCopy(sSource, copy.sTarget))
             UserPrompt::Tell(PromptWarning, "Save Display File",
                              QString("Failed to write the display file %1").arg(copy.sTarget));

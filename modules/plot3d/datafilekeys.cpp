@@ -1,5 +1,7 @@
 #include "modules/plot3d/datafilekeys.h"
 
+#include "modules/base/casestorage.h"
+#include "modules/base/displaydocument.h"
 #include "modules/plot3d/plot3dkeys.h"
 #include "simulation/isimulationidentity.h"
 
@@ -140,4 +142,23 @@ bool AreSameFiles(const CCaseRecords& records, const CCaseRecords& others)
                       otherFiles.functions.end(), [&](const auto& function, const auto& other) {
                           return isSame(function.series, other.series);
                       });
+}
+
+QString ReadDataOfDisplay(const QString& sDisplayFile, bool bFormatAlone, CCaseRecords& records)
+{
+    QByteArray bytes;
+    if (!ReadWholeFile(sDisplayFile, bytes))
+        return QString("Could not open:\n%1").arg(sDisplayFile);
+    if (!SDisplayDocument::IsJson(bytes))
+        return "Only JSON .disp files are supported here.";
+    SDisplayDocument document;
+    if (document.FromBytes(bytes) != StoredOk)
+        return "Invalid display file format.";
+    if (bFormatAlone)
+        return {};
+    ForgetDetectedFiles();
+    records = ReadDataFileKeys(document.overrides, {}, {QFileInfo(sDisplayFile).absolutePath()});
+    return records.grid.IsEmpty() || !QFileInfo(records.grid.FileName()).isFile()
+               ? "Display file does not reference an accessible grid file."
+               : QString();
 }

@@ -18,3 +18,11 @@ CCaseRecords ReadDataFileKeys(const QJsonObject& keys, const CCaseRecords& curre
 
 /** Whether both are of the same files, levels and blocks. */
 bool AreSameFiles(const CCaseRecords& records, const CCaseRecords& others);
+
+/**
+ * The records of the data that a display file names.
+ *
+ * @param bFormatAlone  they aren't wanted: only the file is looked at
+ * @return what is wrong, for the user; empty if nothing is
+ */
+QString ReadDataOfDisplay(const QString& sDisplayFile, bool bFormatAlone, CCaseRecords& records);

@@ -65,7 +65,10 @@ public:
     CFileRecord q;
     QVector<CFileRecord> functions;
     bool bReadTransient = true;
+    QString sDisplayFile;     ///< how the case is to be shown; empty: nothing is said of that
+    bool bNoDataRead = false; ///< the display goes onto the data that the case has, all files are left alone
 
+    bool IsDisplayAlone() const { return bNoDataRead && !sDisplayFile.isEmpty(); }
     /** The first thing that is wrong, in the order in which the dialog tells. */
     SFilesProblem Validate() const;
     /**

@@ -71,6 +71,8 @@ public:
 
     // Editing (plot3dsimulation_edit.cpp).
     bool EditData() override;
+    /** A display was to go onto data that aren't there. */
+    static void TellNoData();
     void DeleteAllItems() override;
     /** With all below it, and their data. */
     void DeleteItem(qint64 nId, qint64 nSubId = -1) override;

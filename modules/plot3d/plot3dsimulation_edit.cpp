@@ -4,6 +4,7 @@
 #include "frame/preferencekeys.h"
 #include "frame/preferences.h"
 #include "frame/userprompt.h"
+#include "frame/widgetmanager.h"
 #include "modules/plot3d/block.h"
 #include "modules/plot3d/boundaryitem.h"
 #include "modules/plot3d/icasefileseditor.h"
@@ -39,8 +40,23 @@ bool CPlot3DSimulation::EditData()
     CCaseRecords records = GetRecords();
     if (!pEditor || !pEditor->EditCaseFiles(records))
         return false;
-    const QString sError = Load(records);
-    return sError.isEmpty() || UserPrompt::Tell(PromptWarning, "Grid File", sError);
+    const qint64 nViewId = CWidgetManager::Instance().GetActiveViewId();
+    if (records.IsDisplayAlone()) {
+        if (m_case.blocks.isEmpty())
+            TellNoData();
+        return !m_case.blocks.isEmpty() && LoadDisplayFile(records.sDisplayFile, nViewId);
+    }
+    if (const QString sError = Load(records); !sError.isEmpty())
+        return UserPrompt::Tell(PromptWarning, "Grid File", sError);
+    return records.sDisplayFile.isEmpty() || LoadDisplayFile(records.sDisplayFile, nViewId);
+}
+
+void CPlot3DSimulation::TellNoData()
+{
+    UserPrompt::Tell(
+        PromptWarning, "No Data Read",
+        "The simulation has no data loaded.\n\n'No Data Read' applies a display on top of existing "
+        "data \u2014 load data first, or uncheck 'No Data Read'.");
 }
 
 CItem* CPlot3DSimulation::CreateItem(qint64 nType, qint64 nKind, bool, qint64, qint64 nId, qint64 nSubId)

@@ -259,6 +259,27 @@ TEST_F(SimulationManager, TheDisplayFileThatClosingWritesIsCopiedToTheChosenName
     EXPECT_EQ(ReadFile(sTarget), "later") << "each copy is made once";
 }
 
+TEST_F(SimulationManager, CasesThatCloseTogetherFromOneFolderEachKeepTheirOwnDisplay)
+{
+    QTemporaryDir folder;
+    WriteFile(folder.filePath("0.disp"), "older");
+    CPromptScript user;
+    for (int n = 1; n <= 2; ++n) {
+        CTestSimulation* const pSimulation = Add();
+        Set(*pSimulation, SimulationKey::DIRECTORY, folder.path());
+        pSimulation->m_onSaveDisplay = [&folder, n] {
+            WriteFile(folder.filePath(QString("%1.disp").arg(n)), QByteArray::number(n));
+        };
+        user.Press("Save As...");
+        user.ChooseFile(folder.filePath(QString("kept%1").arg(n)));
+    }
+    ASSERT_TRUE(m_manager.CloseSimulations(-1));
+    m_manager.RemoveAllViews();
+    m_manager.CopyDisplayFiles();
+    EXPECT_EQ(ReadFile(folder.filePath("kept1")), "1");
+    EXPECT_EQ(ReadFile(folder.filePath("kept2")), "2");
+}
+
 TEST_F(SimulationManager, ACopyThatFailsIsReportedAndCancelAtTheThirdLeavesAllOpen)
 {
     QTemporaryDir folder;

@@ -59,6 +59,8 @@ CPlot3DDialog::CPlot3DDialog(QWidget* pParent) : QDialog(pParent), m_pUi(new Ui:
     pHeader->setSectionResizeMode(ColumnName, QHeaderView::ResizeToContents);
     pHeader->setSectionResizeMode(ColumnLayout, QHeaderView::Stretch);
     pHeader->setSectionResizeMode(ColumnButtons, QHeaderView::ResizeToContents);
+    m_pUi->m_pBrowseDisplayB->setIcon(ThemeIcon(":/Icons/Browse.png"));
+    m_pUi->m_pDeleteDisplayB->setIcon(ThemeIcon(":/Icons/Delete.png"));
     Fill();
 }
 
@@ -101,7 +103,7 @@ bool CPlot3DDialog::Tell(const SFilesProblem& problem)
 
 void CPlot3DDialog::accept()
 {
-    if (Tell(m_records.Validate()))
+    if (m_records.IsDisplayAlone() || Tell(m_records.Validate()))
         QDialog::accept();
 }
 
@@ -133,6 +135,7 @@ void CPlot3DDialog::Fill()
     m_pUi->m_pTransientCB->setText(QString("Read transient data (%1 files)").arg(nSeries));
     m_pUi->m_pTransientCB->setEnabled(nSeries > 0);
     m_pUi->m_pTransientCB->setChecked(m_records.bReadTransient);
+    FillDisplay();
 }
 
 void CPlot3DDialog::FillRow(QTreeWidgetItem* pItem, const SRow& row)

@@ -40,6 +40,9 @@ protected:
 
 private slots:
     void on_m_pTransientCB_toggled(bool bChecked);
+    void on_m_pBrowseDisplayB_clicked();
+    void on_m_pDeleteDisplayB_clicked();
+    void on_m_pNoDataReadCB_toggled(bool bChecked);
     void on_m_pFilesTreeList_itemDoubleClicked(QTreeWidgetItem* pItem);
 
 private:
@@ -51,6 +54,7 @@ private:
     };
 
     void Fill();
+    void FillDisplay();
     void FillRow(QTreeWidgetItem* pItem, const SRow& row);
     QWidget* MakeButtons(const SRow& row);
     const CFileRecord* RecordOf(const SRow& row) const;

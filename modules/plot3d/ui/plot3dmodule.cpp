@@ -3,16 +3,12 @@
 #include "frame/messagesink.h"
 #include "frame/novalue.h"
 #include "frame/userprompt.h"
-#include "modules/base/casestorage.h"
-#include "modules/base/displaydocument.h"
 #include "modules/base/ui/blockedviews.h"
 #include "modules/plot3d/datafilekeys.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "modules/plot3d/ui/filesdialogeditor.h"
 #include "simulation/simulationmanager.h"
 #include "view/docks/surfacedatadock.h"
-
-#include <QFileInfo>
 
 namespace {
 
@@ -34,24 +30,6 @@ SFilesProblem TakeFiles(CCaseRecords& records, const QStringList& sFileList)
             return problem;
     records.AddCompanions();
     return records.Validate();
-}
-
-/** Gives the problem, for the user. */
-QString ReadDataOf(const QString& sDisplayFile, CCaseRecords& records)
-{
-    QByteArray bytes;
-    if (!ReadWholeFile(sDisplayFile, bytes))
-        return QString("Could not open:\n%1").arg(sDisplayFile);
-    if (!SDisplayDocument::IsJson(bytes))
-        return "Only JSON .disp files are supported here.";
-    SDisplayDocument document;
-    if (document.FromBytes(bytes) != StoredOk)
-        return "Invalid display file format.";
-    ForgetDetectedFiles();
-    records = ReadDataFileKeys(document.overrides, {}, {QFileInfo(sDisplayFile).absolutePath()});
-    return records.grid.IsEmpty() || !QFileInfo(records.grid.FileName()).isFile()
-               ? "Display file does not reference an accessible grid file."
-               : QString();
 }
 
 } // namespace
@@ -92,7 +70,18 @@ qint64 CPlot3DModule::Analyze(qint64 nViewId)
 {
     ICaseFilesEditor* const pEditor = ICaseFilesEditor::Installed();
     CCaseRecords records;
-    return pEditor && pEditor->EditCaseFiles(records) ? OpenRecords(records, nViewId) : NO_ID;
+    if (!pEditor || !pEditor->EditCaseFiles(records))
+        return NO_ID;
+    if (records.IsDisplayAlone()) { // there is no case yet
+        CPlot3DSimulation::TellNoData();
+        return NO_ID;
+    }
+    const qint64 nId = OpenRecords(records, nViewId);
+    if (nId != NO_ID && !records.sDisplayFile.isEmpty()) {
+        FindSimulation(nId)->LoadDisplayFile(records.sDisplayFile, ViewOrActive(nViewId));
+        FindSimulation(nId)->SetDisplayChosen();
+    }
+    return nId;
 }
 
 qint64 CPlot3DModule::OpenFromKey(const QByteArray& key, qint64 nViewId)
@@ -161,7 +150,7 @@ qint64 CPlot3DModule::OpenRecords(const CCaseRecords& records, qint64 nView)
 qint64 CPlot3DModule::OpenDataOf(const QString& sDisplayFile, qint64 nViewId)
 {
     CCaseRecords records;
-    const QString sProblem = ReadDataOf(sDisplayFile, records);
+    const QString sProblem = ReadDataOfDisplay(sDisplayFile, false, records);
     if (sProblem.isEmpty())
         return OpenRecords(records, nViewId);
     UserPrompt::Tell(PromptWarning, "Display File", sProblem);

@@ -1,11 +1,17 @@
 // Display files of the module.
 #include "modules/base/casestorage.h"
 #include "modules/base/displaydocument.h"
+#include "modules/plot3d/dialogs/plot3ddialog.h"
+#include "modules/plot3d/icasefileseditor.h"
 #include "tests/modules/plot3d/showncase.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/promptscript.h"
 
+#include <QCheckBox>
 #include <QJsonArray>
+#include <QLineEdit>
+#include <QToolButton>
+#include <QTreeWidget>
 
 namespace {
 
@@ -262,4 +268,63 @@ TEST_F(DisplayFile, TheImportCommandOpensTheCaseThatTheFileNames)
         EXPECT_EQ(user.Asked().last().sTitle, "Display File");
     }
     EXPECT_TRUE(CSimulationManager::Instance().GetSimulationIds().isEmpty());
+}
+
+TEST_F(DisplayFile, TheFilesDialogTakesOneWithItsDataOrAlone)
+{
+    CPlot3DSimulation* const pWing = OpenWing();
+    pWing->SaveDisplayFile(VIEW);
+    const QString sFile = TheFile();
+    CPlot3DDialog dialog;
+    CPromptScript user;
+    const auto browse = [&](const QString& sName) {
+        user.ChooseFile(sName);
+        dialog.findChild<QToolButton*>("m_pBrowseDisplayB")->click();
+    };
+    browse(sFile);
+    EXPECT_EQ(dialog.GetRecords().grid.FileName(), Path("data/wing.x"));
+    EXPECT_EQ(dialog.GetRecords().q.TransientCount(), 2);
+    EXPECT_EQ(dialog.GetRecords().functions.size(), 1);
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("m_pDisplayFileE")->text(), sFile);
+    user.Press("Ok");
+    browse(Store("broken.disp", "{"));
+    EXPECT_EQ(user.Asked().last().sText, "Invalid display file format.");
+    EXPECT_EQ(dialog.GetRecords().sDisplayFile, sFile) << "the former one stays";
+    auto* const pNoData = dialog.findChild<QCheckBox*>("m_pNoDataReadCB");
+    EXPECT_TRUE(dialog.findChild<QTreeWidget*>("m_pFilesTreeList")->isEnabled());
+    pNoData->click();
+    EXPECT_FALSE(dialog.findChild<QTreeWidget*>("m_pFilesTreeList")->isEnabled());
+    browse(Store("lost.disp", SDisplayDocument().ToBytes()));
+    EXPECT_TRUE(dialog.GetRecords().IsDisplayAlone()) << "it need not name any data then";
+    dialog.findChild<QToolButton*>("m_pDeleteDisplayB")->click();
+    EXPECT_EQ(dialog.GetRecords().sDisplayFile, "");
+}
+
+TEST_F(DisplayFile, WhatTheDialogChoseIsShownOnTheDataThatAreThere)
+{
+    struct CEditor : ICaseFilesEditor
+    {
+        bool EditCaseFiles(CCaseRecords& records) override
+        {
+            records.sDisplayFile = sFile;
+            records.bNoDataRead = true;
+            return true;
+        }
+        QString sFile;
+    } editor;
+    CPlot3DSimulation* const pWing = OpenWing();
+    pWing->SaveDisplayFile(VIEW);
+    editor.sFile = TheFile();
+    const QColor color = Shown(*pWing, 1)->shadeColor();
+    Shown(*pWing, 1)->setShadeColor(Qt::green);
+    ICaseFilesEditor* const pFormer = ICaseFilesEditor::Install(&editor);
+    EXPECT_TRUE(pWing->EditData());
+    EXPECT_EQ(Shown(*pWing, 1)->shadeColor(), color);
+    CPromptScript user;
+    user.Press("Ok");
+    EXPECT_FALSE(Add()->EditData());
+    EXPECT_EQ(user.Asked().last().sTitle, "No Data Read");
+    user.Press("Ok");
+    EXPECT_EQ(m_module.Analyze(VIEW), -1);
+    ICaseFilesEditor::Install(pFormer);
 }
