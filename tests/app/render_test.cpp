@@ -1,4 +1,13 @@
 // zento-batch render, as a script sees it: on a machine with no display but with Xvfb.
+#include "frame/replacefile.h"
+#include "modules/base/casestorage.h"
+#include "modules/base/displayfile.h"
+#include "modules/plot3d/plot3dsimulation.h"
+#include "scene/iselectable.h"
+#include "scene/selectablemanager.h"
+#include "simulation/simulationmanager.h"
+#include "view/selectables/selectablefactory.h"
+
 #include <QDataStream>
 #include <QDir>
 #include <QFile>
@@ -84,6 +93,38 @@ protected:
         m_picture = QImage(m_sPicture);
         return process.exitCode();
     }
+    /** As Run, of a case or a display alone. */
+    int RunStored(const QStringList& sOptionList)
+    {
+        QProcess process;
+        process.setProcessEnvironment(m_environment);
+        process.start(ZENTO_BATCH,
+                      QStringList{"render", "--output", m_sPicture, "--samples", "0"} + sOptionList);
+        EXPECT_TRUE(process.waitForFinished(60000));
+        m_sErrors = process.readAllStandardError();
+        m_picture = QImage(m_sPicture);
+        return process.exitCode();
+    }
+    /** Saves the plane as a case seen from above in 200 x 100 pixels, 8 units high; wireframe, or hidden. */
+    void SaveStored(const QString& sCaseFile, const QString& sDisplayFile)
+    {
+        const CSelectableFactory selectables;
+        auto* const pCase = new CPlot3DSimulation(1);
+        CSimulationManager::Instance().AddSimulation(pCase, 1);
+        CCaseRecords records;
+        records.AddFile(m_sGrid);
+        ASSERT_EQ(pCase->Load(records), "");
+        SCamera camera;
+        camera.rect = {0, 0, 200, 100};
+        camera.viewCenter = {2.0, 2.0};
+        camera.viewSize = {16.0, 8.0};
+        pCase->SetCameraData(SStoredCamera(camera).ToBytes());
+        ASSERT_TRUE(SaveCase(*pCase, "Plot3D", sCaseFile));
+        for (ISelectable* const p : CSelectableManager::Instance().GetSelectables(1, pCase->GetId()))
+            p->setVisible(false);
+        ASSERT_TRUE(ReplaceFile(sDisplayFile, MakeDisplayFile(*pCase, 1)));
+        CSimulationManager::Instance().RemoveAllViews();
+    }
     /** The pixel at a place of the plane; its extent is 200 of the 212 pixels. */
     QColor At(double x, double y) const
     {
@@ -108,6 +149,33 @@ protected:
 };
 
 } // namespace
+
+TEST_F(Render, ACaseAndADisplayFileShowWhatTheWindowShowed)
+{
+    const QString sCase = m_folder.filePath("a.zento"), sDisplay = m_folder.filePath("a.disp");
+    SaveStored(sCase, sDisplay);
+    const QColor background("#102030");
+    ASSERT_EQ(RunStored({"--case", sCase, "--background", "#102030"}), 0) << m_sErrors.toStdString();
+    ASSERT_EQ(m_picture.size(), QSize(200, 100)) << "that of the window";
+    EXPECT_NE(m_picture.pixelColor(85, 40), background) << "the plane is from 75 to 125 and from 25 to 75";
+    EXPECT_EQ(m_picture.pixelColor(70, 40), background);
+    EXPECT_EQ(m_picture.pixelColor(130, 40), background);
+    const QImage asSaved = m_picture;
+    ASSERT_EQ(RunStored({"--case", sCase, "--background", "#102030", "--mode", "outline"}), 0);
+    EXPECT_EQ(m_picture.pixelColor(85, 40), background) << "what the options say goes first";
+    ASSERT_EQ(RunStored({"--case", sCase, "--size", "400x200", "--background", "#102030"}), 0);
+    EXPECT_EQ(m_picture.size(), QSize(400, 200));
+    EXPECT_EQ(m_picture.pixelColor(170, 80), asSaved.pixelColor(85, 40));
+    ASSERT_EQ(
+        RunStored({"--case", sCase, "--display", sDisplay, "--size", "20x20", "--background", "#102030"}), 0)
+        << m_sErrors.toStdString();
+    EXPECT_EQ(m_picture.pixelColor(8, 8), background) << "all is hidden there";
+
+    EXPECT_EQ(RunStored({"--case", sCase, "--grid", m_sGrid}), 2);
+    EXPECT_NE(RunStored({"--case", m_sGrid}), 0);
+    EXPECT_TRUE(m_sErrors.contains("is no case file of Plot3D data")) << m_sErrors.toStdString();
+    EXPECT_NE(RunStored({"--case", sCase, "--display", m_sGrid}), 0);
+}
 
 TEST_F(Render, ThePictureHasItsSizeTheSilhouetteTheColoursAndTheHole)
 {

@@ -13,6 +13,7 @@
 
 namespace {
 
+constexpr SRenderRequest::SView ISOMETRIC = {"iso", -1, false};
 constexpr double FREE_BORDER = 1.06; // view to case
 
 /** What a frame reads of the user's settings: those of the request, the defaults for the rest. */
@@ -81,7 +82,8 @@ int OffscreenView::LongestSide()
     return nMost;
 }
 
-QImage OffscreenView::Draw(qint64 nViewId, const SRenderRequest& request)
+QImage OffscreenView::Draw(qint64 nViewId, const SRenderRequest& request,
+                           const std::optional<SCamera>& stored)
 {
     SetDrawSettings(request);
     BuildDrawables(nViewId);
@@ -89,7 +91,10 @@ QImage OffscreenView::Draw(qint64 nViewId, const SRenderRequest& request)
     drawer.setAttribute(Qt::WA_DontShowOnScreen);
     drawer.resize(request.size);
     drawer.show();
-    SetCamera(drawer, request.view);
+    if (stored && !request.view)
+        drawer.SetCamera(*stored, FitAll);
+    else
+        SetCamera(drawer, request.view.value_or(ISOMETRIC));
     const QImage image = drawer.grabFramebuffer();
     return image.size() == request.size ? image.convertToFormat(QImage::Format_RGB32) : QImage();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/batch/render/renderrequest.h"
+#include "view/camera.h"
 
 #include <QImage>
 
@@ -19,8 +20,9 @@ int LongestSide();
 /**
  * The picture of a view, with exactly the pixels asked for.
  *
+ * @param stored  the camera where the request names none
  * @return null if nothing could be drawn
  */
-QImage Draw(qint64 nViewId, const SRenderRequest& request);
+QImage Draw(qint64 nViewId, const SRenderRequest& request, const std::optional<SCamera>& stored);
 
 } // namespace OffscreenView

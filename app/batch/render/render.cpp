@@ -55,31 +55,41 @@ bool WritePng(const QImage& image, const QString& sFileName)
 
 constexpr int NO_OPENGL = -1; // not yet said
 
+/** As asked for, as the camera was stored, or the usual one. */
+QSize PictureSize(const SRenderRequest& request, const std::optional<SCamera>& stored)
+{
+    constexpr QSize USUAL = {1280, 960};
+    if (request.size.isValid())
+        return request.size;
+    return stored && !request.view && !stored->rect.isEmpty() ? stored->rect.size() : USUAL;
+}
+
 /** Opens, draws and writes; the application object is there. */
-int Render(const CBatchOptions& options, const SRenderRequest& request)
+int Render(const CBatchOptions& options, SRenderRequest request)
 {
     CTimings timings;
     const int nLongest = OffscreenView::LongestSide();
     if (nLongest == 0)
         return NO_OPENGL;
-    if (std::max(request.size.width(), request.size.height()) > nLongest)
-        return BatchError(BatchFailed,
-                          QString("the OpenGL of display %1 draws pictures of at most %2x%2 pixels")
-                              .arg(qEnvironmentVariable("DISPLAY"))
-                              .arg(nLongest));
     CRenderCase renderCase;
-    if (const BatchStatus_e eStatus = renderCase.Open(options); eStatus != BatchOk)
+    if (const BatchStatus_e eStatus = renderCase.Open(options, request); eStatus != BatchOk)
         return BatchError(eStatus, renderCase.GetError());
     if (request.sScalar == "?") {
         for (const QString& sName : renderCase.VariableNames())
             std::printf("%s\n", qPrintable(sName));
         return BatchOk;
     }
+    request.size = PictureSize(request, renderCase.GetCamera());
+    if (std::max(request.size.width(), request.size.height()) > nLongest)
+        return BatchError(BatchFailed,
+                          QString("the OpenGL of display %1 draws pictures of at most %2x%2 pixels")
+                              .arg(qEnvironmentVariable("DISPLAY"))
+                              .arg(nLongest));
     timings.EndStage("open");
     if (const BatchStatus_e eStatus = renderCase.Show(request); eStatus != BatchOk)
         return BatchError(eStatus, renderCase.GetError());
     timings.EndStage("evaluate");
-    const QImage image = OffscreenView::Draw(CRenderCase::VIEW, request);
+    const QImage image = OffscreenView::Draw(CRenderCase::VIEW, request, renderCase.GetCamera());
     timings.EndStage("draw");
     if (image.isNull())
         return BatchError(BatchFailed, "nothing could be drawn");

@@ -3,6 +3,8 @@
 #include "app/batch/batchcase.h"
 #include "app/batch/nearnames.h"
 #include "data/variables/variablemanager.h"
+#include "modules/base/casestorage.h"
+#include "modules/base/displaydocument.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "modules/plot3d/ui/plot3dmodule.h"
 #include "scene/iselectable.h"
@@ -55,20 +57,64 @@ BatchStatus_e CRenderCase::Fail(BatchStatus_e eStatus, const QString& sError)
     return eStatus;
 }
 
-BatchStatus_e CRenderCase::Open(const CBatchOptions& options)
+BatchStatus_e CRenderCase::Open(const CBatchOptions& options, const SRenderRequest& request)
 {
-    CCaseRecords records;
-    if (const QString sProblem = ReadRecords(options, records); !sProblem.isEmpty())
-        return Fail(BatchFailed, sProblem);
     m_pSimulation = new CPlot3DSimulation(CPlot3DModule::PLOT3D_ID);
     CSimulationManager& manager = CSimulationManager::Instance();
     manager.AddSimulation(m_pSimulation, VIEW);
     manager.SetActiveSimulation(VIEW, m_pSimulation->GetId());
-    if (const QString sProblem = m_pSimulation->Load(records); !sProblem.isEmpty())
-        return Fail(BatchFailed, sProblem);
+    BatchStatus_e eStatus = request.sCaseFile.isEmpty() ? OpenData(options) : OpenCaseFile(request.sCaseFile);
+    if (eStatus == BatchOk && !request.sDisplayFile.isEmpty())
+        eStatus = ReadDisplay(request.sDisplayFile);
+    if (eStatus != BatchOk)
+        return eStatus;
     for (const QString& sDefinition : options.All("--define"))
         if (const QString sProblem = DefineVariable(m_pSimulation->GetId(), sDefinition); !sProblem.isEmpty())
             return Fail(BatchUsage, sProblem);
+    return BatchOk;
+}
+
+BatchStatus_e CRenderCase::OpenData(const CBatchOptions& options)
+{
+    CCaseRecords records;
+    QString sProblem = ReadRecords(options, records);
+    if (sProblem.isEmpty())
+        sProblem = m_pSimulation->Load(records);
+    return sProblem.isEmpty() ? BatchOk : Fail(BatchFailed, sProblem);
+}
+
+BatchStatus_e CRenderCase::OpenCaseFile(const QString& sFileName)
+{
+    QByteArray bytes;
+    if (!ReadWholeFile(sFileName, bytes))
+        return Fail(BatchFailed, QString("can't read %1").arg(sFileName));
+    SCaseFile file;
+    const StoredFile_e eStored = file.FromBytes(bytes);
+    if (eStored == StoredNewer)
+        return Fail(BatchFailed, QString("%1 was written by a newer version of this program").arg(sFileName));
+    if (eStored != StoredOk || file.sModule != CPlot3DModule().GetName())
+        return Fail(BatchFailed, QString("%1 is no case file of Plot3D data").arg(sFileName));
+    m_pSimulation->SetFilePath(QFileInfo(sFileName).absoluteFilePath());
+    if (!FillCase(*m_pSimulation, file, VIEW, true))
+        return Fail(BatchFailed, QString("%1 can't be opened").arg(sFileName));
+    m_camera = file.camera.Camera();
+    return BatchOk;
+}
+
+BatchStatus_e CRenderCase::ReadDisplay(const QString& sFileName)
+{
+    QByteArray bytes;
+    if (!ReadWholeFile(sFileName, bytes) || !m_pSimulation->LoadDisplayFile(sFileName, VIEW))
+        return Fail(BatchFailed, QString("%1 can't be shown").arg(sFileName));
+    SDisplayDocument document;
+    SOldDisplayFile older;
+    if (SDisplayDocument::IsJson(bytes) && document.FromBytes(bytes) == StoredOk)
+        m_camera = CameraFromJson(document.viewer);
+    else if (older.FromBytes(bytes) == StoredOk) {
+        SStoredCamera camera;
+        camera.block = older.camera;
+        m_camera = camera.Camera();
+    }
     return BatchOk;
 }
 
@@ -89,8 +135,9 @@ BatchStatus_e CRenderCase::Show(const SRenderRequest& request)
         return eStatus;
     if (const BatchStatus_e eStatus = ShowVector(request.sVector); eStatus != BatchOk)
         return eStatus;
-    for (ISelectable* const pSelectable : Shown())
-        pSelectable->setDisplayType(request.eMode);
+    if (request.mode || !request.IsStored())
+        for (ISelectable* const pSelectable : Shown())
+            pSelectable->setDisplayType(request.mode.value_or(DisplayShaded));
     if (request.bLegend)
         ShowLegend(request.background);
     return BatchOk;

@@ -2,6 +2,7 @@
 
 #include "app/batch/batch.h"
 #include "app/batch/render/renderrequest.h"
+#include "view/camera.h"
 
 class CPlot3DSimulation;
 class ISelectable;
@@ -20,15 +21,20 @@ public:
     CRenderCase& operator=(const CRenderCase&) = delete;
 
     /** On failure GetError tells in one line; BatchOk otherwise. */
-    BatchStatus_e Open(const CBatchOptions& options);
+    BatchStatus_e Open(const CBatchOptions& options, const SRenderRequest& request);
     /** After Open. */
     BatchStatus_e Show(const SRenderRequest& request);
     const QString& GetError() const { return m_sError; }
+    /** The one that is stored with the case or its display. */
+    const std::optional<SCamera>& GetCamera() const { return m_camera; }
     /** The names of all variables that the case offers. */
     QStringList VariableNames() const;
 
 private:
     BatchStatus_e Fail(BatchStatus_e eStatus, const QString& sError);
+    BatchStatus_e OpenData(const CBatchOptions& options);
+    BatchStatus_e OpenCaseFile(const QString& sFileName);
+    BatchStatus_e ReadDisplay(const QString& sFileName);
     BatchStatus_e ShowSurfaces(const QVector<SRenderRequest::SSurface>& surfaces);
     BatchStatus_e CheckSurface(const SRenderRequest::SSurface& surface);
     BatchStatus_e ShowScalar(const SRenderRequest& request);
@@ -39,5 +45,6 @@ private:
     QVector<ISelectable*> Shown() const;
 
     CPlot3DSimulation* m_pSimulation = nullptr; // of the simulation manager
+    std::optional<SCamera> m_camera;
     QString m_sError;
 };

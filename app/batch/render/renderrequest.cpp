@@ -45,6 +45,18 @@ template <class Row, std::size_t N> const Row* FindRow(const Row (&rows)[N], con
 
 // Each takes the argument of its option; false if it isn't valid.
 
+bool TakeCase(SRenderRequest& request, const QString& sText)
+{
+    request.sCaseFile = sText;
+    return !sText.isEmpty();
+}
+
+bool TakeDisplay(SRenderRequest& request, const QString& sText)
+{
+    request.sDisplayFile = sText;
+    return !sText.isEmpty();
+}
+
 bool TakeScalar(SRenderRequest& request, const QString& sText)
 {
     request.sScalar = sText;
@@ -79,7 +91,7 @@ bool TakeMode(SRenderRequest& request, const QString& sText)
 {
     const SMode* const pMode = FindRow(MODES, sText);
     if (pMode)
-        request.eMode = pMode->eType;
+        request.mode = pMode->eType;
     return pMode;
 }
 
@@ -144,6 +156,10 @@ struct SRenderOption
 const QVector<SRenderOption>& OptionTable()
 {
     static const QVector<SRenderOption> options = {
+        {{"--case", "FILE", false, "case file to show as it was saved, in place of --grid"},
+         TakeCase,
+         "a file name"},
+        {{"--display", "FILE", false, "display file to show the case by"}, TakeDisplay, "a file name"},
         {{"--scalar", "NAME", false, "variable that colours the items; ? lists the names"},
          TakeScalar,
          "a name"},
@@ -154,7 +170,7 @@ const QVector<SRenderOption>& OptionTable()
          TakeColormap,
          "one of " + ColormapNames().join(", ")},
         {{"--mode", "MODE", false,
-          "outline, wireframe, shaded, shaded-wireframe, contour, nodes or vector (shaded)"},
+          "outline, wireframe, shaded, shaded-wireframe, contour, nodes or vector (as saved, else shaded)"},
          TakeMode,
          "one of " + Names(MODES)},
         {{"--vector", "NAME", false, "variable of the arrows, with --mode vector"}, TakeVector, "a name"},
@@ -162,7 +178,8 @@ const QVector<SRenderOption>& OptionTable()
           "plane I, J or K = N of block B instead of the faces and boundaries that are shown at first"},
          TakeSurface,
          "BLOCK:I=N, BLOCK:J=N or BLOCK:K=N"},
-        {{"--view", "VIEW", false, "axis to look along: +x, -x, +y, -y, +z or -z; or iso (iso)"},
+        {{"--view", "VIEW", false,
+          "axis to look along: +x, -x, +y, -y, +z or -z; or iso (as saved, else iso)"},
          TakeView,
          "one of " + Names(VIEWS)},
         {{"--legend", nullptr, false, "with the legend of the scalar"}, TakeLegend, ""},
@@ -170,7 +187,7 @@ const QVector<SRenderOption>& OptionTable()
         {{"--background", "COLOR", false, "a name or #rrggbb; without: as in the window"},
          TakeBackground,
          "a colour's name or #rrggbb"},
-        {{"--size", "WxH", false, "pixels (1280x960)"},
+        {{"--size", "WxH", false, "pixels (as saved, else 1280x960)"},
          TakeSize,
          QString("WIDTHxHEIGHT, each from 1 to %1").arg(SRenderRequest::MAX_SIZE)},
         {{"--samples", "N", false, "for each pixel, to smooth edges; 0: no smoothing (8)"},
@@ -191,9 +208,9 @@ QString CheckTogether(const SRenderRequest& request)
     const bool bScalar = !request.sScalar.isEmpty();
     if (!bScalar && (request.range || request.bLegend || request.nColormap != -1))
         return "--range, --colormap and --legend need a --scalar";
-    if (!bScalar && request.eMode == DisplayContour)
+    if (!bScalar && request.mode == DisplayContour && !request.IsStored())
         return "--mode contour needs a --scalar";
-    if ((request.eMode == DisplayVector) == request.sVector.isEmpty())
+    if ((request.mode == DisplayVector) == request.sVector.isEmpty())
         return "--mode vector and --vector go together";
     return {};
 }
@@ -213,8 +230,11 @@ QVector<SBatchOption> RenderOptions()
 
 QString ParseRenderRequest(const CBatchOptions& options, SRenderRequest& request)
 {
-    if (!options.Has("--grid"))
-        return "--grid is missing";
+    if (!options.Has("--grid") && !options.Has("--case"))
+        return "--grid or --case is missing";
+    for (const char* const sOption : {"--grid", "--q", "--function"})
+        if (options.Has("--case") && options.Has(sOption))
+            return QString("%1 and --case exclude each other: a case file names its data").arg(sOption);
     for (const SRenderOption& row : OptionTable())
         for (const QString& sText : options.All(row.option.sName))
             if (!row.Take(request, sText))

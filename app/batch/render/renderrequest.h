@@ -30,19 +30,24 @@ struct SRenderRequest
         bool bPositive;
     };
 
-    QString sScalar; ///< empty: in the colours of the items
+    QString sCaseFile;    ///< empty: the case is made of data files
+    QString sDisplayFile; ///< what the case is to look like; empty: as it was saved, or as a window opens it
+    QString sScalar;      ///< empty: in the colours of the items
     QString sVector;
-    std::optional<SValueRange> range; ///< of the colours; nothing: of the scalar in the whole case
-    qint32 nColormap = -1;            ///< -1: the default
-    DisplayType_e eMode = DisplayShaded;
-    QVector<SSurface> surfaces; ///< empty: what a window shows at first
-    SView view = {"iso", -1, false};
+    std::optional<SValueRange> range;  ///< of the colours; nothing: of the scalar in the whole case
+    qint32 nColormap = -1;             ///< -1: the default
+    std::optional<DisplayType_e> mode; ///< nothing: as stored, else shaded
+    QVector<SSurface> surfaces;        ///< empty: what a window shows at first
+    std::optional<SView> view;         ///< nothing: the stored camera, else "iso"
     bool bLegend = false;
     bool bAxes = false;
     QColor background; ///< invalid: that of the window
-    QSize size = {1280, 960};
+    QSize size;        ///< invalid: that of the stored camera, else 1280 x 960
     int nSamples = 8;
     QString sOutput;
+
+    /** A case file or a display file says what is shown. */
+    bool IsStored() const { return !sCaseFile.isEmpty() || !sDisplayFile.isEmpty(); }
 };
 
 /** All options of "render". */
