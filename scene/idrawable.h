@@ -57,6 +57,11 @@ public:
     virtual QVector<ISelectable*> ownerSelectables() const = 0;
 
     // Drawing.
+    /**
+     * Brings what was built to the GPU, with the view's context current. draw does so too, but in the middle
+     * of drawing it costs several times as much.
+     */
+    virtual void upload() = 0;
     /** @param bOverlay  the pass of what is selected or highlighted, in front of all else */
     virtual void draw(bool bOverlay) = 0;
     virtual int shaderKey() const = 0; ///< 1 vectors, 2 surfaces

@@ -51,13 +51,16 @@ void CRawModel::SetAttribute(int nAttribute, int nComponents, qint64 nCount, con
     if (nAttribute < 0)
         return;
     s_nUploadedBytes += nCount * nComponents * qint64(sizeof(float));
-    glBindVertexArray(m_nVertexArray);
+    const bool bKnown = m_buffers[INDEX_PLACES + nAttribute] != 0; // its place in the vertex array stays
     glBindBuffer(GL_ARRAY_BUFFER, BufferAt(INDEX_PLACES + nAttribute));
     glBufferData(GL_ARRAY_BUFFER, GLsizeiptr(nCount * nComponents * sizeof(float)), pData, GL_STATIC_DRAW);
-    // The vertex array keeps both, so that binding it is all that a frame does.
-    glVertexAttribPointer(GLuint(nAttribute), nComponents, GL_FLOAT, GL_FALSE, 0, nullptr);
-    glEnableVertexAttribArray(GLuint(nAttribute));
-    glBindVertexArray(0);
+    if (!bKnown) {
+        // The vertex array keeps both, so that binding it is all that a frame does.
+        glBindVertexArray(m_nVertexArray);
+        glVertexAttribPointer(GLuint(nAttribute), nComponents, GL_FLOAT, GL_FALSE, 0, nullptr);
+        glEnableVertexAttribArray(GLuint(nAttribute));
+        glBindVertexArray(0);
+    }
     glBindBuffer(GL_ARRAY_BUFFER, 0);
 }
 

@@ -82,6 +82,13 @@ void CSceneRenderer::BuildDrawables(const CFrameScene& scene)
                 pDrawable->build();
 }
 
+void CSceneRenderer::UploadDrawables(const CFrameScene& scene)
+{
+    for (const SCaseScene& one : scene.Cases())
+        for (IDrawable* const pDrawable : one.visible)
+            pDrawable->upload();
+}
+
 void CSceneRenderer::Build(qint64 nViewId) { BuildDrawables(CFrameScene(nViewId, {}, false)); }
 
 void CSceneRenderer::Render(SFrameSettings frame)
@@ -95,10 +102,12 @@ void CSceneRenderer::Render(SFrameSettings frame)
     Gl().glEnable(GL_BLEND);
     glEnable(GL_MULTISAMPLE); // a painter without antialiasing has switched it off
     Gl().glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
-    if (frame.bCheckDrawables)
-        BuildDrawables(scene);
     DrawContext().pColormap = &m_colormap;
     DrawContext().pOpenGL = QOpenGLContext::currentContext();
+    if (frame.bCheckDrawables) {
+        BuildDrawables(scene);
+        UploadDrawables(scene);
+    }
     DrawContext().fLineScale = frame.fScale;
     glPointSize(CPreferences::Instance().Draw().fPointSize * frame.fScale);
     const QMatrix4x4 projection = MoveToMiddle(scene, frame);

@@ -45,6 +45,7 @@ public:
 
 private:
     static void BuildDrawables(const CFrameScene& scene);
+    static void UploadDrawables(const CFrameScene& scene);
     void DrawProgram(int nKey, const SFrameSettings& frame, const CFrameScene& scene,
                      const QMatrix4x4& projection);
     void DrawPass(int nKey, const CFrameScene& scene, const SFrameSettings& frame, FramePass_e ePass);

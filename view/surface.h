@@ -32,6 +32,7 @@ public:
     bool needsBuild() const override;
     void build() override;
     void deleteDisplayLists() override { m_lists.ForgetAll(); }
+    void upload() override;
     void draw(bool bOverlay) override;
     void addBounds(DVector3D& minimum, DVector3D& maximum, const QMatrix4x4& view) const override;
     SPickedPoint minimumRecord() const override { return m_minimum; }
@@ -101,7 +102,6 @@ private:
     bool IsHole(qint64 nElement) const;
 
     // surface_draw.cpp
-    void Upload();
     bool IsAnyStale(std::initializer_list<Stale_e> parts) const;
     void UploadMain();
     void UploadVectors();

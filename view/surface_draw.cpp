@@ -49,7 +49,7 @@ void CSurface::UploadMain()
         m_bStale[ePart] = false;
 }
 
-void CSurface::Upload()
+void CSurface::upload()
 {
     if (m_size.Count() == 0)
         return;
@@ -135,7 +135,7 @@ void CSurface::draw(bool bOverlay)
     CSurfaceShaderProgram* const pProgram = CShaderManager::Instance().GetSurfaceProgram(shaderKey());
     if (!pProgram)
         return;
-    Upload();
+    upload();
     if (m_size.Count() == 0)
         return;
     SetUniforms(*pProgram);

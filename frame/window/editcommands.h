@@ -18,4 +18,7 @@ public slots:
     void SlotRedo();
     void SlotDuplicate();
     void SlotDelete();
+    /** Links what is selected with the items of the same grid; the user says whose settings all are to have.
+     */
+    void SlotUnify();
 };

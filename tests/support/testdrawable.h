@@ -105,6 +105,7 @@ public:
     qint64 blockId() const override { return m_nBlockId; }
     qint64 blockIdEx() const override { return -1; }
     QVector<ISelectable*> ownerSelectables() const override { return m_owners; }
+    void upload() override {}
     void draw(bool) override {}
     int shaderKey() const override { return 2; }
     QMatrix4x4 modelMatrix() const override { return {}; }

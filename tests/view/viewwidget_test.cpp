@@ -198,3 +198,33 @@ TEST_F(ViewWidget, DataThatGoWhileTheyAreShownLeaveWhatIsThereAndFailNothing)
     EXPECT_EQ(Middle(Grab()), QColor(Qt::white)) << "nothing is left";
     EXPECT_TRUE(ViewPicker::Hits({VIEW, {}, {-1e9, -1e9, 1e9, 1e9}}).isEmpty());
 }
+
+TEST_F(ViewWidget, AGridOnCellsShowsEachCellAtItsCentre)
+{
+    CVariableManager::Instance().GetVariable(Id("Sum"))->SetLocation(LocationCell);
+    const qint64 nSum = CVariableManager::Instance().FindByName(SIMULATION, "Sum", LocationCell);
+    m_pSurface->setScalarVariable(nSum); // 0, 1, 1 and 2 in the four cells
+    m_pSurface->setGeometricColor(false);
+    m_pSurface->setColormapValues(0.0, 2.0);
+    m_pSurface->setDisplayOnNodes(
+        false); // the field of the test holds nodes: too many for cells, which does no harm
+    const QImage image = Grab();
+    EXPECT_GT(image.pixelColor(24, 155).blue(), 200) << "the cell with the lowest value, at the lower left";
+    EXPECT_GT(image.pixelColor(175, 4).red(), 200);
+    const IDrawable& drawable = *m_pSurface->drawables().first();
+    EXPECT_EQ(drawable.boundsMinimum(), (DVector3D{0.5, 0.5, 0.5}));
+    EXPECT_EQ(drawable.boundsMaximum(), (DVector3D{1.5, 1.5, 0.5}));
+    EXPECT_GT(Middle(image).green(), 200) << "the mean of the four";
+    const auto pick = [&](double x, double y) {
+        return ViewPicker::FirstPoint({VIEW, {}, {x - 0.01, y - 0.01, x + 0.01, y + 0.01}}).point;
+    };
+    for (const IVector3D& cell : {IVector3D{1, 1, 1}, {2, 1, 1}, {1, 2, 1}, {2, 2, 1}}) {
+        const SPickedPoint point = pick(double(cell.i) - 0.5, double(cell.j) - 0.5);
+        EXPECT_EQ(point.ijk, cell);
+        EXPECT_EQ(point.dValue, double(cell.i + cell.j - 2));
+    }
+    EXPECT_FALSE(pick(1.0, 1.0).bHasPoint) << "a node of the grid";
+    m_pSurface->setDisplayOnNodes(true);
+    Grab();
+    EXPECT_EQ(pick(1.0, 1.0).ijk, (IVector3D{2, 2, 2}));
+}

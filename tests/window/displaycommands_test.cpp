@@ -137,6 +137,33 @@ TEST_F(DisplayCommands, WithNothingSelectedNoCommandChangesOrAsksAnything)
     }
 }
 
+TEST_F(DisplayCommands, UnifyLinksItemsOfOneGridAndAsksWhoseSettingsAllTake)
+{
+    const auto item = [this](qint64 nId) { return static_cast<CTestItem*>(m_pSimulation->GetItem(nId)); };
+    const auto setting = [&](qint64 nId) { return item(nId)->GetInt("Setting", 0); };
+    CPromptScript user;
+    Action(ActionUnify)->trigger(); // nothing else has its grid: nothing is asked
+    for (const qint64 nId : {1, 2}) {
+        item(nId)->m_linkKey = "grid";
+        item(nId)->SetType(KindBlock);
+        item(nId)->SetInt("Setting", nId, 0);
+    }
+    user.Press("Cancel link");
+    Action(ActionUnify)->trigger();
+    EXPECT_FALSE(item(1)->IsLinked());
+    EXPECT_EQ(m_pSimulation->GetUndoCount(), 0);
+    user.Press("Unify group to items");
+    Action(ActionUnify)->trigger();
+    EXPECT_EQ(user.Asked().last().sTitle, "Link Items: Block 1");
+    EXPECT_TRUE(item(1)->IsLinked() && item(2)->IsLinked());
+    EXPECT_EQ(setting(1), 2);
+    item(1)->SetInt("Setting", 7, 0);
+    user.Press("Unify items to group");
+    Action(ActionUnify)->trigger();
+    EXPECT_EQ(setting(2), 7);
+    EXPECT_EQ(m_pSimulation->GetUndoCount(), 2);
+}
+
 TEST_F(DisplayCommands, ChildrenFollowOnlyWhileTheyAreAskedFor)
 {
     const CSurfaceSelectable* const pSurface = AddSurface();
