@@ -3,6 +3,7 @@
 #include "frame/bytestream.h"
 #include "modules/base/displaydocument.h"
 #include "modules/base/displayoverrides.h"
+#include "modules/base/pairjson.h"
 #include "modules/base/restartfile.h"
 
 #include <cstdlib>

@@ -160,9 +160,10 @@ bool CFileCommands::OpenCase(const QString& sFile)
     file.FromBytes(ReadHead(sFile)); // as far as it goes: to the name
     IModuleInterface* const pModule = FindOpeningModule(file.sModule);
     if (!pModule) {
-        if (IsCaseFile(sFile))
+        const bool bCase = IsCaseFile(sFile);
+        if (bCase)
             TellUnknown(sFile);
-        return IsCaseFile(sFile);
+        return bCase;
     }
     const qint64 nSimulationId = pModule->Open(sFile, -1);
     if (nSimulationId != -1) {

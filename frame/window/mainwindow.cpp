@@ -215,6 +215,9 @@ void CMainWindow::RefreshDocks(qint64 nViewId, bool, bool)
             pPanel->SlotRefreshAll();
     if (IViewer* const pViewer = GetViewerById(nViewId))
         pViewer->Refresh();
+    if (nViewId == GetActiveViewId())
+        m_pToolBars
+            ->ShowActiveSimulation(); // mirror and sectors are part of a display that was undone or read
     emit SignalRefreshDockWidgets();
 }
 

@@ -7,6 +7,7 @@
 #include "modules/base/displaydocument.h"
 #include "modules/base/displayoverrides.h"
 #include "modules/base/pairdisplay.h"
+#include "modules/base/pairjson.h"
 #include "modules/base/viewcamera.h"
 #include "simulation/displayfilechoice.h"
 #include "simulation/isimulation.h"

@@ -344,48 +344,6 @@ void BuildSurfaces(const QJsonObject& display, QJsonObject& overrides)
 
 } // namespace
 
-QJsonObject MirrorToJson(const SMirrorSetting& mirror)
-{
-    QJsonObject json;
-    for (int nAxis = 0; nAxis < 3; ++nAxis) {
-        json[Member("mirror", nAxis)] = mirror.bActive[nAxis];
-        json[Member("offset", nAxis)] = mirror.dOffset[nAxis];
-    }
-    return json;
-}
-
-SMirrorSetting MirrorFromJson(const QJsonObject& json)
-{
-    SMirrorSetting mirror;
-    for (int nAxis = 0; nAxis < 3; ++nAxis) {
-        mirror.bActive[nAxis] = json[Member("mirror", nAxis)].toBool();
-        mirror.dOffset[nAxis] = json[Member("offset", nAxis)].toDouble();
-    }
-    return mirror;
-}
-
-QJsonObject SectorsToJson(const SSectorSetting& sectors)
-{
-    QJsonObject json;
-    for (int nAxis = 0; nAxis < 3; ++nAxis) {
-        json[Member("periodic", nAxis)] = sectors.bActive[nAxis];
-        json[Member("sector", nAxis)] = double(sectors.nCount[nAxis]);
-    }
-    return json;
-}
-
-SSectorSetting SectorsFromJson(const QJsonObject& json)
-{
-    constexpr double HIGHEST_COUNT = 1e9; // beyond any that can be shown
-    SSectorSetting sectors;
-    for (int nAxis = 0; nAxis < 3; ++nAxis) {
-        sectors.bActive[nAxis] = json[Member("periodic", nAxis)].toBool();
-        sectors.nCount[nAxis] =
-            qint64(std::clamp(json[Member("sector", nAxis)].toDouble(1.0), 1.0, HIGHEST_COUNT));
-    }
-    return sectors;
-}
-
 QJsonObject DisplayOverrides::Build(const SOverridable& values)
 {
     QJsonObject overrides;

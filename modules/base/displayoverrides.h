@@ -1,7 +1,5 @@
 #pragma once
 
-#include "simulation/displaytransforms.h"
-
 #include <QJsonObject>
 #include <QStringList>
 
@@ -13,12 +11,6 @@ struct SOverridable
     QJsonObject mirror;  ///< "mirrorX" ... "offsetZ"
     QJsonObject sectors; ///< "periodicX" ... "sectorZ"
 };
-
-/** Mirror and sectors of a pair in the form above, and back. What isn't named has its default. */
-QJsonObject MirrorToJson(const SMirrorSetting& mirror);
-SMirrorSetting MirrorFromJson(const QJsonObject& json);
-QJsonObject SectorsToJson(const SSectorSetting& sectors);
-SSectorSetting SectorsFromJson(const QJsonObject& json);
 
 /**
  * The short table "userCustomSettings" of a display file: flat keys, parts joined by ".", for what users want

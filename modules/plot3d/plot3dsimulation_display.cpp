@@ -10,6 +10,19 @@
 #include "scene/selectablemanager.h"
 #include "simulation/item.h"
 
+namespace {
+
+/** What goes ahead of the views in an undo state. */
+struct SUndoItems
+{
+    qint64 nLoads = 0; ///< since then the items are others than in older states
+    QVector<qint64> itemIds;
+
+    bool Read(CByteReader& reader) { return reader.Read(nLoads) && reader.Read(itemIds); }
+};
+
+} // namespace
+
 QByteArray CPlot3DSimulation::CaptureState() const
 {
     CByteWriter writer;
@@ -22,28 +35,22 @@ QByteArray CPlot3DSimulation::CaptureState() const
 bool CPlot3DSimulation::RestoreState(const QByteArray& state)
 {
     CByteReader reader(state);
-    qint64 nLoads = 0;
-    QVector<qint64> itemIds;
+    SUndoItems items;
     QByteArray views;
-    reader.Read(nLoads);
-    reader.Read(itemIds);
-    if (!reader.Read(views))
+    if (!items.Read(reader) || !reader.Read(views))
         return false;
-    if (nLoads == m_nLoads) // not of what was loaded before
-        SyncItems(itemIds);
+    if (items.nLoads == m_nLoads) // not of what was loaded before
+        SyncItems(items.itemIds);
     return ISimulation::RestoreState(views);
 }
 
 bool CPlot3DSimulation::IsCurrentState(const QByteArray& state) const
 {
     CByteReader reader(state);
-    qint64 nLoads = 0;
-    QVector<qint64> itemIds;
+    SUndoItems items;
     QByteArray views;
-    reader.Read(nLoads);
-    reader.Read(itemIds);
-    return reader.Read(views) && (nLoads != m_nLoads || itemIds == GetItemIds()) &&
-           ISimulation::IsCurrentState(views);
+    return items.Read(reader) && reader.Read(views) &&
+           (items.nLoads != m_nLoads || items.itemIds == GetItemIds()) && ISimulation::IsCurrentState(views);
 }
 
 QByteArray CPlot3DSimulation::SaveViewState(qint64 nViewId) const

@@ -227,6 +227,9 @@ TEST_F(WindowCommands, RefusedSectorsPutTheControlsBack)
 
     Action(ActionMirrorY)->trigger();
     EXPECT_EQ(m_manager.GetDisplayTransforms(1, nId).size(), 8);
+    m_manager.SetMirror(1, nId, {}); // as an undo does
+    m_window.RefreshDocks(1, false, false);
+    EXPECT_FALSE(Action(ActionMirrorY)->isChecked());
 }
 
 TEST_F(WindowCommands, RecentFilesKeepTenNewestFirst)

@@ -7,7 +7,14 @@
 namespace {
 constexpr char VISIBLE[] = "visible", SOLID[] = "backgroundSolid", OUTLINE[] = "backgroundOutline",
                COLOR[] = "backgroundColor", X[] = "x", Y[] = "y";
+
+/** No gradient and no picture, which a stream would read without a look at what is left. */
+bool HasPlainBrush(const QByteArray& bytes)
+{
+    constexpr int STYLE = 4; // behind four flags
+    return bytes.size() > STYLE && uchar(bytes[STYLE]) <= Qt::DiagCrossPattern;
 }
+} // namespace
 
 QByteArray CAnnotation::toBinary() const
 {
@@ -21,6 +28,8 @@ QByteArray CAnnotation::toBinary() const
 
 bool CAnnotation::fromBinary(const QByteArray& bytes)
 {
+    if (!HasPlainBrush(bytes))
+        return false;
     QDataStream stream(bytes);
     PrepareStream(stream);
     SState state;

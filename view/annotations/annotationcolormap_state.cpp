@@ -35,6 +35,23 @@ qint64 Number(const QJsonValue& value, qint64 nDefault, qint64 nMinimum, qint64 
     return std::clamp(qint64(value.toDouble(double(nDefault))), nMinimum, nMaximum);
 }
 
+/** Four rectangles and a list of them: results that are found anew. */
+void SkipLayout(CByteReader& reader)
+{
+    constexpr int RECT = 4; // numbers of one
+    qint32 nSkipped = 0;
+    for (int n = 0; n < 4 * RECT; ++n)
+        reader.Read(nSkipped);
+    for (qint64 n = RECT * qint64(reader.ReadCount(RECT * sizeof(qint32))); n > 0 && reader.IsOk(); --n)
+        reader.Read(nSkipped);
+}
+
+void ReadLook(CByteReader& reader, SLegendText& text)
+{
+    reader.Read(text.font);
+    reader.Read(text.color);
+}
+
 bool IsSane(const SLegendSettings& settings)
 {
     return settings.nLabelCount >= 0 && settings.nLabelCount <= SLegendSettings::MAX_LABELS &&
@@ -63,22 +80,28 @@ QByteArray CAnnotationColormap::toBinary() const
 
 bool CAnnotationColormap::fromBinary(const QByteArray& bytes)
 {
-    QDataStream stream(bytes);
-    PrepareStream(stream);
+    CByteReader reader(bytes);
     QByteArray base;
     qint64 nSerial = -1;
-    QRect rect; // layout results: made anew
-    qint32 nRects = 0;
-    stream >> base >> nSerial >> rect >> rect >> rect >> rect >> nRects;
-    for (qint32 n = 0; n < nRects && stream.status() == QDataStream::Ok; ++n)
-        stream >> rect;
+    reader.Read(base);
+    reader.Read(nSerial);
+    SkipLayout(reader);
     SLegendSettings settings;
-    SLegendText &title = settings.title, &subtitle = settings.subtitle, &labels = settings.labels;
-    stream >> title.bVisible >> title.sText >> title.font >> title.color;
-    stream >> subtitle.bVisible >> subtitle.sText >> subtitle.font >> subtitle.color;
-    stream >> labels.bVisible >> settings.nLabelCount >> labels.font >> labels.color;
-    stream >> settings.nFormat >> settings.nDigits >> settings.colorbarSize;
-    if (stream.status() != QDataStream::Ok || !IsSane(settings) || !CAnnotation::fromBinary(base))
+    for (SLegendText* const pText : {&settings.title, &settings.subtitle}) {
+        reader.Read(pText->bVisible);
+        reader.Read(pText->sText);
+        ReadLook(reader, *pText);
+    }
+    reader.Read(settings.labels.bVisible);
+    reader.Read(settings.nLabelCount);
+    ReadLook(reader, settings.labels);
+    reader.Read(settings.nFormat);
+    reader.Read(settings.nDigits);
+    qint32 nWidth = 0, nHeight = 0;
+    reader.Read(nWidth);
+    reader.Read(nHeight);
+    settings.colorbarSize = {nWidth, nHeight};
+    if (!reader.IsOk() || !IsSane(settings) || !CAnnotation::fromBinary(base))
         return false;
     if (m_nSerial == -1)
         m_nSerial = nSerial;

@@ -1,5 +1,6 @@
 #include "modules/base/displayoverrides.h"
 
+#include "modules/base/pairjson.h"
 #include "tests/support/print.h"
 
 #include <QJsonArray>

@@ -184,6 +184,25 @@ TEST_F(Plot3DSimulation, UndoShowsAHiddenBlockAndBringsDeletedItemsBackWithTheir
     EXPECT_EQ(simulation.GetItemIds(), QVector<qint64>({1, 2, 4, 6}));
 }
 
+TEST_F(Plot3DSimulation, MirrorAndSectorsAreTakenBackAndTheTimeStaysWhereItIs)
+{
+    WriteGrid();
+    WriteQ("flow10.q");
+    WriteQ("flow20.q");
+    CPlot3DSimulation& simulation = *Open(Records({Path("case.x"), Path("flow10.q")}));
+    CSimulationManager& manager = CSimulationManager::Instance();
+    simulation.BeginUndoStep();
+    manager.SetMirror(VIEW, simulation.GetId(), {{true, false, false}, {2.0, 0.0, 0.0}});
+    simulation.EndUndoStep();
+    EXPECT_EQ(manager.GetDisplayTransforms(VIEW, simulation.GetId()).size(), 2);
+    manager.SetTime(VIEW, simulation.GetId(), 20.0);
+    simulation.Undo();
+    EXPECT_EQ(manager.GetDisplayTransforms(VIEW, simulation.GetId()).size(), 1);
+    EXPECT_EQ(manager.GetTime(VIEW, simulation.GetId()), 20.0);
+    simulation.Redo();
+    EXPECT_EQ(manager.GetMirror(VIEW, simulation.GetId()).dOffset[0], 2.0);
+}
+
 TEST_F(Plot3DSimulation, BoundariesAloneHaveAQuestionOfTheirOwn)
 {
     WriteText("case.fvbnd", m_boundaries);
