@@ -3,12 +3,12 @@
 // It does what the guide tells, in the window itself, and takes a picture at each step. Needs a display with
 // OpenGL. The user's settings are neither read nor written.
 #include "frame/capture.h"
-#include "frame/ui/messageboxprompt.h"
-#include "frame/widgetmanager.h"
+#include "frame/moduleregistry.h"
 #include "frame/window/mainwindow.h"
 #include "frame/window/viewarea.h"
 #include "frame/window/windowactions.h"
 #include "frame/window/windowcapture.h"
+#include "modules/plot3d/ui/plot3dmodule.h"
 #include "scene/iselectable.h"
 #include "scene/selectablekind.h"
 #include "scene/selectablemanager.h"
@@ -16,7 +16,9 @@
 #include "simulation/simulationcases.h"
 #include "view/colormaps/colormaptables.h"
 #include "view/dialogs/colormapdialog.h"
+#include "view/dialogs/colormapeditor.h"
 #include "view/dialogs/screenshotdialog.h"
+#include "view/docks/surfacedatadock.h"
 #include "view/selectables/selectablefactory.h"
 #include "view/selectables/surfaceselectable.h"
 #include "view/shownvariables.h"
@@ -32,6 +34,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTemporaryDir>
+#include <QToolBar>
 
 #include <cstdio>
 
@@ -57,7 +60,7 @@ public:
         TakeWindow("open");
         ShowMach();
         TakeWindow("mach");
-        PointAt({0.36, 0.62});
+        PointAt({0.62, 0.55});
         TakeWindow("point");
         ShowColormapDialog();
         SplitView();
@@ -117,33 +120,44 @@ private:
         Settle();
     }
 
-    /** Mach number on a plane along the flow, made from the background block. */
+    /** Mach number on a plane along the flow: a surface of the background block and of two round the sphere.
+     */
     void ShowMach()
     {
-        SelectOnly([](const ISelectable& item) { return item.name() == "Block 5"; });
+        SelectOnly([](const ISelectable& item) {
+            return QStringList{"Block 1", "Block 3", "Block 5"}.contains(item.name());
+        });
         FindAction("Create surface")->trigger();
         Settle();
+        SelectOnly([](const ISelectable& item) { return item.name() == "Block 5"; });
         Trigger(ActionHide);
         for (ISelectable* const pItem : Items())
             if (pItem->typeId() == KindSurface)
-                MoveToTheMiddle(static_cast<CSurfaceSelectable&>(*pItem));
+                MoveToThePlane(static_cast<CSurfaceSelectable&>(*pItem));
         VariableChoice::Show(Items(), RoleScalar, VariableChoice::Find(CaseId(), "M[Q]", RoleScalar));
-        SelectOnly([](const ISelectable& item) { return item.typeId() == KindSurface; });
-        Trigger(ActionYNegative);
+        SelectOnly([](const ISelectable& item) { return item.name() == "Surface K = 23 [Block 5]"; });
+        CSelectableManager::Instance().NotifyDoubleClicked(
+            CSelectableManager::Instance().GetSelected(ViewId(), CaseId()));
         Trigger(ActionZoomToFit);
     }
-    static void MoveToTheMiddle(CSurfaceSelectable& surface)
+    /** Round the sphere the plane is the first one in J; that of the background is there by now, K in its
+     * middle. */
+    static void MoveToThePlane(CSurfaceSelectable& surface)
     {
+        constexpr qint64 BACKGROUND = 5;
         constexpr int J_DIRECTION = 1;
+        if (surface.blockId() == BACKGROUND)
+            return;
         surface.setConstantDirection(J_DIRECTION);
-        surface.setConstantValue((surface.gridDimensions().j + 1) / 2);
+        surface.setConstantValue(1);
         surface.apply();
     }
     QAction* FindAction(const QString& sToolTip) const
     {
-        for (QAction* const pAction : m_window.findChildren<QAction*>())
-            if (pAction->toolTip() == sToolTip)
-                return pAction;
+        for (const QToolBar* const pToolBar : m_window.findChildren<QToolBar*>())
+            for (QAction* const pAction : pToolBar->actions())
+                if (pAction->toolTip() == sToolTip)
+                    return pAction;
         qFatal("there is no action '%s'", qPrintable(sToolTip));
     }
 
@@ -175,6 +189,7 @@ private:
     /** Beside it the pressure, in colours of its own. */
     void SplitView()
     {
+        m_window.findChild<CSurfaceDataDock*>()->close();
         m_window.GetViewArea().GetOglViewer(ViewId())->findChild<QAction*>("actionHCopy")->trigger();
         Settle();
         const QVector<qint64> viewIds = m_window.GetViewArea().GetViewIds();
@@ -182,6 +197,10 @@ private:
         VariableChoice::Show(Items(), RoleScalar, VariableChoice::Find(CaseId(), "P[Q]", RoleScalar));
         for (ISelectable* const pItem : Items())
             pItem->setColormapType(ColormapId("JET"));
+        for (const qint64 nViewId : viewIds) {
+            m_window.GetViewArea().SetActive(nViewId);
+            Trigger(ActionZoomToFit);
+        }
     }
 
     const QDir m_pictures;
@@ -202,9 +221,12 @@ int main(int argc, char** argv)
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QSurfaceFormat::setDefaultFormat(ViewSurfaceFormat(8));
     QApplication application(argc, argv);
+    CModuleRegistry::Instance().SetFactory(CPlot3DModule::PLOT3D_ID,
+                                           [] { return std::make_unique<CPlot3DModule>(); });
     const CSimulationCases cases;
     const CSelectableFactory selectables;
     const CShownVariables shownVariables;
+    CColormapEditor::Install();
     CGuide guide(argv[1], argv[2]);
     return guide.Draw() ? 0 : 1;
 }
