@@ -4,7 +4,6 @@
 #include "modules/plot3d/packrecords.h"
 #include "simulation/isimulation.h"
 
-class CBlock;
 class CBoundaryItem;
 
 /**
@@ -121,7 +120,6 @@ private:
     void UpdateTimes();
     void UpdateBoundaries();
     QVector<SBoundaryRecord> ReadBoundaries() const;
-    CBlock* FindBlock(qint64 nFileIndex) const;
     void DescribeFiles(const CCaseRecords& records);
     void TellViews();
 

@@ -135,9 +135,12 @@ void CPlot3DSimulation::RegisterStoredCase()
     else
         WriteCaseFiles(*this, records, examined);
     const QString sDirectory = Get(*this, SimulationKey::DIRECTORY);
+    QHash<qint64, CBlock*> blocks; // by index in the file
+    for (CItem* const pItem : GetItems(KindBlock))
+        blocks.insert(static_cast<CBlock*>(pItem)->GetFileIndex(), static_cast<CBlock*>(pItem));
     QVector<qint64> itemIds;
     for (int n = 0; n < examined.blocks.size(); ++n) {
-        CBlock* const pBlock = FindBlock(examined.blockIndices[n]);
+        CBlock* const pBlock = blocks.value(examined.blockIndices[n]);
         itemIds.append(pBlock ? pBlock->GetId() : NO_ID);
         if (pBlock)
             pBlock->SetSource(records.grid.FileName(),
@@ -146,16 +149,6 @@ void CPlot3DSimulation::RegisterStoredCase()
     }
     RegisterCase(examined, itemIds);
     DescribeFiles(records);
-}
-
-CBlock* CPlot3DSimulation::FindBlock(qint64 nFileIndex) const
-{
-    for (CItem* const pItem : GetItems(KindBlock)) {
-        auto* const pBlock = static_cast<CBlock*>(pItem);
-        if (pBlock->GetFileIndex() == nFileIndex)
-            return pBlock;
-    }
-    return nullptr;
 }
 
 /** One block for each chosen one; those that are as before stay. Gives their ids. */

@@ -345,15 +345,24 @@ void CItemPanel::on_m_pRefreshSimulationB_clicked()
 void CItemPanel::on_m_pDispFilesB_clicked()
 {
     ISimulation* const pSimulation = GetSimulation();
-    if (!pSimulation || pSimulation->ChooseDisplayFile(m_nViewId))
+    if (!pSimulation)
         return;
-    const QStringList sFileList = ListDisplayFiles(*pSimulation);
-    const QString sFile = sFileList.isEmpty() ? AskDisplayFile() : ChooseDisplayFileOf(sFileList);
-    if (sFile.isEmpty())
+    if (!pSimulation->ChooseDisplayFile(m_nViewId) && !ChooseDisplayFile(*pSimulation))
         return;
-    // A simulation tells the user itself what is wrong with a file.
-    if (!pSimulation->LoadDisplayFile(sFile, m_nViewId))
-        CWidgetManager::Instance().SetStatusText(QString("Failed to load the display file %1").arg(sFile));
     CWidgetManager::Instance().RefreshDocks(m_nViewId);
     CWidgetManager::Instance().UpdateActiveViewer();
+}
+
+/** For a simulation that doesn't put the question itself. False if nothing was loaded. */
+bool CItemPanel::ChooseDisplayFile(ISimulation& simulation) const
+{
+    const QStringList sFileList = ListDisplayFiles(simulation);
+    const QString sFile = sFileList.isEmpty() ? AskDisplayFile() : ChooseDisplayFileOf(sFileList);
+    if (sFile.isEmpty())
+        return false;
+    // A simulation tells the user itself what is wrong with a file.
+    const bool bLoaded = simulation.LoadDisplayFile(sFile, m_nViewId);
+    if (!bLoaded)
+        CWidgetManager::Instance().SetStatusText(QString("Failed to load the display file %1").arg(sFile));
+    return bLoaded;
 }

@@ -93,6 +93,7 @@ private:
     void ConnectSelectables();
     void ShowPage(QWidget* pPage, bool bHierarchy);
     ISimulation* GetSimulation() const; ///< null once it is gone
+    bool ChooseDisplayFile(ISimulation& simulation) const;
     IModuleInterface* GetModule() const;
     bool IsMine(const ISelectable* pSelectable) const;
     void TakeSelection(const CTreeWidget& source);

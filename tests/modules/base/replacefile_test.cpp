@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
@@ -13,6 +14,7 @@
 #include <array>
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -91,4 +93,8 @@ TEST(ReplaceFile, WhatCantBeWrittenIsLeft)
     EXPECT_FALSE(ReplaceFile(folder.filePath("none/file"), "new"));
     EXPECT_FALSE(ReplaceFile(folder.path(), "new")) << "a folder";
     EXPECT_EQ(ContentOf(folder.filePath("file")), "old");
+    const QByteArray pipe = folder.filePath("pipe").toLocal8Bit();
+    ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
+    EXPECT_FALSE(ReplaceFile(folder.filePath("pipe"), "new"));
+    EXPECT_FALSE(QFileInfo(folder.filePath("pipe")).isFile()) << "still there";
 }
