@@ -23,8 +23,8 @@ int CSurface::shaderKey() const { return drawVectors() ? CShaderManager::VECTOR 
 SSurfaceMemory CSurface::memory()
 {
     SSurfaceMemory memory;
-    memory.nArrays = BytesOf(m_positions, m_normals, m_values, m_thresholds, m_holes, m_vectors,
-                             m_contours.positions, m_contours.values, m_contours.thresholds);
+    memory.nArrays = BytesOf(m_positions, m_values, m_thresholds, m_holes, m_vectors, m_contours.positions,
+                             m_contours.values, m_contours.thresholds);
     if (m_pPickTree)
         memory.nPickTree = m_pPickTree->GetBytes();
     memory.dGpu = double(m_model.GetBytes() + m_contourModel.GetBytes() + m_vectorModel.GetBytes());

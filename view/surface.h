@@ -87,8 +87,6 @@ private:
     // surface_build.cpp
     void BuildGeometry();
     void BuildHoles();
-    bool LacksNormals() const;
-    void BuildNormals();
     void BuildValues();
     void BuildThresholds();
     void BuildVectors();
@@ -102,7 +100,13 @@ private:
     bool IsHole(qint64 nElement) const;
 
     // surface_draw.cpp
+    /** Something needs normals. They follow from the positions, so they are made to be uploaded, not kept. */
+    bool IsLit() const { return drawShaded() || drawVectors(); }
+    /** Three an element; empty while nothing is lit. */
+    std::vector<float> MakeNormals() const;
     bool IsAnyStale(std::initializer_list<Stale_e> parts) const;
+    /** What every element has on the GPU. */
+    bool IsMainStale() const;
     void UploadMain();
     void UploadVectors();
     void UploadContours();
@@ -125,7 +129,6 @@ private:
     SSurfaceSize m_size;
     std::vector<DVector3D> m_positions;
     DVector3D m_origin;              // what positions on the GPU are relative to
-    std::vector<float> m_normals;    // three an element; empty until something shades
     std::vector<float> m_values;     // one an element, for the GPU; empty without a scalar
     std::vector<float> m_thresholds; // three an element
     std::vector<char> m_holes;       // empty without blanking

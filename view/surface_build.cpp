@@ -5,17 +5,11 @@
 
 #include <cmath>
 
-/** Something has begun to be lit since the geometry was built. */
-bool CSurface::LacksNormals() const
-{
-    return (drawShaded() || drawVectors()) && m_normals.empty() && m_size.Count() > 0;
-}
-
 bool CSurface::needsBuild() const
 {
     if (CurrentTime() != m_dTimeCode)
         return true;
-    if (!m_bGeometryValid || !m_bValuesValid || !m_bThresholdsValid || LacksNormals())
+    if (!m_bGeometryValid || !m_bValuesValid || !m_bThresholdsValid)
         return true;
     return (drawVectors() && !m_bVectorsValid) || (drawContours() && !m_bContoursValid);
 }
@@ -28,8 +22,6 @@ void CSurface::build()
     }
     if (!m_bGeometryValid)
         BuildGeometry();
-    if (LacksNormals())
-        BuildNormals();
     if (!m_bValuesValid)
         BuildValues();
     if (!m_bThresholdsValid)
@@ -45,7 +37,6 @@ void CSurface::Clear()
     ForgetPickTree(); // it looks into the positions
     m_size = {};
     m_positions.clear();
-    m_normals.clear();
     m_holes.clear();
     ResetBounds();
 }
@@ -53,7 +44,7 @@ void CSurface::Clear()
 void CSurface::BuildGeometry()
 {
     m_bGeometryValid = true;
-    m_bStale[StaleGeometry] = true;
+    m_bStale[StaleGeometry] = m_bStale[StaleNormals] = true;
     // All else hangs on the elements.
     m_bValuesValid = m_bThresholdsValid = m_bVectorsValid = m_bContoursValid = false;
     Clear();
@@ -67,13 +58,6 @@ void CSurface::BuildGeometry()
     BuildHoles();
     MeasureBounds();
     m_origin = SurfaceArrays::OriginOf(boundsMinimum(), boundsMaximum());
-}
-
-void CSurface::BuildNormals()
-{
-    m_bStale[StaleNormals] = m_bStale[StaleVectors] = true;
-    m_normals.resize(3 * m_size.Count());
-    SurfaceArrays::BuildNormals(m_size, m_positions, m_normals);
 }
 
 /** A block that blanks nothing here is like one without blanking: no mask to upload and to draw with. */

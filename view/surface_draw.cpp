@@ -27,6 +27,20 @@ bool CSurface::IsAnyStale(std::initializer_list<Stale_e> parts) const
     return std::any_of(parts.begin(), parts.end(), [this](Stale_e ePart) { return m_bStale[ePart]; });
 }
 
+bool CSurface::IsMainStale() const
+{
+    return IsAnyStale({StaleGeometry, StaleValues, StaleThresholds}) || (IsLit() && m_bStale[StaleNormals]);
+}
+
+std::vector<float> CSurface::MakeNormals() const
+{
+    if (!IsLit())
+        return {};
+    std::vector<float> normals(3 * m_size.Count());
+    SurfaceArrays::BuildNormals(m_size, m_positions, normals);
+    return normals;
+}
+
 void CSurface::UploadMain()
 {
     if (m_bStale[StaleGeometry]) {
@@ -39,13 +53,15 @@ void CSurface::UploadMain()
         m_model.SetAttribute(AttributeOutline, 1, m_size.Count(), flags.data());
         m_pIndices = {};
     }
-    if (m_bStale[StaleNormals] && !m_normals.empty())
-        m_model.SetAttribute(AttributeNormal, 3, m_size.Count(), m_normals.data());
+    if (IsLit() && m_bStale[StaleNormals]) {
+        m_model.SetAttribute(AttributeNormal, 3, m_size.Count(), MakeNormals().data());
+        m_bStale[StaleNormals] = false;
+    }
     if (m_bStale[StaleValues] && !m_values.empty())
         m_model.SetAttribute(AttributeValue, 1, m_size.Count(), m_values.data());
     if (m_bStale[StaleThresholds] && !m_thresholds.empty())
         m_model.SetAttribute(AttributeThreshold, 3, m_size.Count(), m_thresholds.data());
-    for (const Stale_e ePart : {StaleGeometry, StaleNormals, StaleValues, StaleThresholds})
+    for (const Stale_e ePart : {StaleGeometry, StaleValues, StaleThresholds})
         m_bStale[ePart] = false;
 }
 
@@ -59,7 +75,7 @@ void CSurface::upload()
         return;
     }
     m_model.Create();
-    if (IsAnyStale({StaleGeometry, StaleNormals, StaleValues, StaleThresholds}))
+    if (IsMainStale())
         UploadMain();
     if (drawVectors() && m_bStale[StaleVectors])
         UploadVectors();
@@ -71,7 +87,8 @@ VectorArrays::SArrows CSurface::Arrows() const
 {
     if (m_vectors.empty())
         return {};
-    return VectorArrays::Build({m_size, m_positions, m_origin, m_normals, m_values, m_thresholds, m_vectors,
+    const std::vector<float> normals = MakeNormals();
+    return VectorArrays::Build({m_size, m_positions, m_origin, normals, m_values, m_thresholds, m_vectors,
                                 showHoles() ? std::span<const char>(m_holes) : std::span<const char>()});
 }
 

@@ -21,14 +21,16 @@ void CSurface::ChooseForm()
 /** A list can't be changed in part. What is shown is compiled when it is drawn. */
 void CSurface::ForgetStaleLists()
 {
-    if (IsAnyStale({StaleGeometry, StaleNormals, StaleValues, StaleThresholds}))
+    if (IsMainStale())
         for (const SurfacePart_e ePart : {NodesPart, OutlinesPart, WireframePart, ShadedPart})
             m_lists.Forget(ePart);
     if (m_bStale[StaleContours])
         m_lists.Forget(ContoursPart);
     if (m_bStale[StaleVectors])
         m_lists.Forget(VectorsPart);
+    const bool bWithoutNormals = !IsLit() && m_bStale[StaleNormals];
     m_bStale.fill(false);
+    m_bStale[StaleNormals] = bWithoutNormals;
 }
 
 void CSurface::CallList(SurfacePart_e ePart)
@@ -51,8 +53,9 @@ void CSurface::CompileElements(SurfacePart_e ePart)
     SurfaceArrays::BuildOutlineFlags(m_size, flags);
     std::vector<SVertexAttribute> attributes = {{AttributePosition, 3, positions.data()},
                                                 {AttributeOutline, 1, flags.data()}};
-    if (!m_normals.empty())
-        attributes.push_back({AttributeNormal, 3, m_normals.data()});
+    const std::vector<float> normals = MakeNormals();
+    if (!normals.empty())
+        attributes.push_back({AttributeNormal, 3, normals.data()});
     if (!m_values.empty())
         attributes.push_back({AttributeValue, 1, m_values.data()});
     if (!m_thresholds.empty())

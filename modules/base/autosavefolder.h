@@ -16,8 +16,8 @@
 //     root/<instance>/<simulation id>.autosave
 
 /**
- * The automatic saves of this instance. They stay behind it, for the next start, unless Clear says that it has
- * ended as it should.
+ * The automatic saves of this instance. They stay behind it, for the next start, unless Clear says that it
+ * has ended as it should.
  */
 class CAutosaveFolder
 {
