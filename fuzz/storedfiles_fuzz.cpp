@@ -1,6 +1,7 @@
-// Case, restart and display files of any bytes, with what is read out of them: cameras and overrides. The
-// first byte says which reader; what it takes is written again as it was.
+// Case, restart, display and autosave files of any bytes, with what is read out of them: cameras and
+// overrides. The first byte says which reader; what it takes is written again as it was.
 #include "frame/bytestream.h"
+#include "modules/base/autosavefile.h"
 #include "modules/base/displaydocument.h"
 #include "modules/base/displayoverrides.h"
 #include "modules/base/pairjson.h"
@@ -57,7 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize)
     if (nSize == 0)
         return 0;
     const QByteArray bytes(reinterpret_cast<const char*>(pData) + 1, int(nSize) - 1);
-    switch (pData[0] % 5) {
+    switch (pData[0] % 6) {
     case 0:
         CheckRecord<SCaseFile>(bytes);
         LooksLikeCaseFile(bytes);
@@ -70,6 +71,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize)
         break;
     case 3:
         CheckCamera(bytes);
+        break;
+    case 5:
+        CheckRecord<SAutosaveFile>(bytes);
         break;
     default:
         CheckDocument(bytes);
