@@ -8,10 +8,19 @@
 
 namespace {
 
-bool IsSaved(const ISimulation& simulation, const SCaseFile& now)
+/** A case that was never saved is lost once somebody has edited it; till then its data files open it again.
+ */
+bool IsEdited(const ISimulation& simulation)
 {
-    return !simulation.GetFilePath().isEmpty() && now.data == simulation.GetSavedData() &&
-           now.display == simulation.GetSavedDisplay();
+    return simulation.GetUndoCount() > 0 || simulation.GetRedoCount() > 0 ||
+           !simulation.GetSavedData().isEmpty(); // one that was recovered
+}
+
+bool HasNothingToLose(const ISimulation& simulation, const SCaseFile& now)
+{
+    if (simulation.GetFilePath().isEmpty())
+        return !IsEdited(simulation);
+    return now.data == simulation.GetSavedData() && now.display == simulation.GetSavedDisplay();
 }
 
 } // namespace
@@ -37,7 +46,7 @@ bool CAutosaver::Run()
 bool CAutosaver::Keep(const ISimulation& simulation, const QString& sModule)
 {
     const SCaseFile now = TakeCase(simulation, sModule);
-    if (!IsSaved(simulation, now))
+    if (!HasNothingToLose(simulation, now))
         return m_folder.Store(
             simulation.GetId(),
             SAutosaveFile{sModule, simulation.GetName(), simulation.GetFilePath(), now.ToBytes()}.ToBytes());

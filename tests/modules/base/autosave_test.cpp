@@ -35,6 +35,13 @@ protected:
                                                [] { return std::make_unique<COpeningModule>(1, "Plot3D"); });
         CModuleRegistry::Instance().CreateModules();
     }
+    /** A case that was never saved, as after a recovery. */
+    CTestSimulation* Edited()
+    {
+        CTestSimulation* const pSimulation = Add();
+        pSimulation->SetSavedData("unsaved");
+        return pSimulation;
+    }
     QString Root() const { return m_folder.filePath("autosave"); }
     QString CasePath() const { return m_folder.filePath("case.zento"); }
     QStringList Kept() const
@@ -75,6 +82,10 @@ TEST_F(Autosave, WhatNobodySavedIsKeptAndNothingElse)
 {
     CAutosaver autosaver(Root());
     CTestSimulation* const pNew = Add();
+    Add(); // nobody edits it
+    pNew->BeginUndoStep();
+    Set(*pNew, COUNTER, 5);
+    pNew->EndUndoStep();
     CTestSimulation* const pSaved = Add();
     ASSERT_TRUE(SaveCase(*pSaved, "Plot3D", CasePath()));
     EXPECT_TRUE(autosaver.Run());
@@ -90,8 +101,9 @@ TEST_F(Autosave, WhatNobodySavedIsKeptAndNothingElse)
     m_manager.RemoveAllViews();
     EXPECT_TRUE(autosaver.Run());
     EXPECT_EQ(Kept(), QStringList()) << "closed by its user";
-    Add();
+    Edited();
     EXPECT_TRUE(autosaver.Run());
+    EXPECT_EQ(Kept().size(), 1);
     autosaver.End();
     EXPECT_TRUE(QDir(Root()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).isEmpty());
 }
@@ -100,7 +112,7 @@ TEST_F(Autosave, AnInstanceThatDiedLeavesItsCasesToOneOther)
 {
     {
         CAutosaver died(Root());
-        Set(*Add(), COUNTER, 7);
+        Set(*Edited(), COUNTER, 7);
         EXPECT_TRUE(died.Run());
     }
     const CLostCases lost(Root());
@@ -139,7 +151,7 @@ TEST_F(Autosave, KilledAtAnyMomentTheLastKeptStateIsThere)
     std::uniform_int_distribution<int> delay(200, 12'000); // [us]
     int nLost = 0;
     qint64 nStart = 0;
-    CTestSimulation* const pSimulation = Add();
+    CTestSimulation* const pSimulation = Edited();
     for (int nRun = 0; nRun < 100; ++nRun) {
         pDone->nKept = CounterInFile();
         const pid_t nChild = fork();
