@@ -25,6 +25,9 @@ constexpr std::pair<const char*, const char*> UNKNOWN_KINDS[] = {
     {"isoSurfaces", "iso-surface(s)"},
     {"extremePoints", "extreme point(s)"}};
 
+/** Of a case with more points blocks go by their names: to close it must not read all of its grids. */
+constexpr qint64 MOST_POINTS_TO_IDENTIFY = 8'000'000;
+
 QString Identification(const CItem& block) { return QString::fromLatin1(block.GetLinkKey().toHex()); }
 
 /** Items of one type under the block that the view shows, in order. */
@@ -175,12 +178,14 @@ void LogLeftOut(const ISimulation& simulation, const QJsonObject& display, int n
 QJsonObject TakeViewJson(const ISimulation& simulation, qint64 nViewId)
 {
     QJsonArray blocks;
+    const bool bIdentify = simulation.GetPointCount() <= MOST_POINTS_TO_IDENTIFY;
     for (const CItem* const pBlock : simulation.GetItems(KindBlock)) {
         if (!pBlock->GetSelectable(nViewId))
             continue;
         QJsonObject entry{{BLOCK_NAME, pBlock->GetName()},
                           {DISPLAY, BlockDisplay(simulation, *pBlock, nViewId)}};
-        if (const QString sIdentification = Identification(*pBlock); !sIdentification.isEmpty())
+        const QString sIdentification = bIdentify ? Identification(*pBlock) : QString();
+        if (!sIdentification.isEmpty())
             entry[IDENTIFICATION] = sIdentification;
         blocks.append(entry);
     }
