@@ -17,6 +17,7 @@ namespace {
 constexpr const char *BLOCKS = "meshBlocks", *FORMER_BLOCKS = "blocks", *BLOCK_NAME = "blockName",
                      *IDENTIFICATION = "identification", *DISPLAY = "disp", *SURFACES = "surfaces",
                      *BOUNDARIES = "boundarySurfaces", *NAME = "name";
+constexpr const char *GRID = "Grid", *BLOCK = "Block "; // ahead of a number
 
 /** Lists of kinds that this version doesn't make, and what they are called. */
 constexpr std::pair<const char*, const char*> UNKNOWN_KINDS[] = {
@@ -69,6 +70,8 @@ public:
         const QString sIdentification = entry[IDENTIFICATION].toString(),
                       sName = entry[BLOCK_NAME].toString();
         const CItem* pNamed = FirstFree(m_byName.value(sName));
+        if (!pNamed && sName.startsWith(GRID)) // as programs call it that know no names
+            pNamed = FirstFree(m_byName.value(BLOCK + sName.mid(int(qstrlen(GRID)))));
         // The name goes with the grid as a rule; grids cost a read of their files.
         const bool bSameGrid =
             pNamed && (sIdentification.isEmpty() || Identification(*pNamed) == sIdentification);

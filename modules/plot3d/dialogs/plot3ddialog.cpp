@@ -59,7 +59,8 @@ CPlot3DDialog::CPlot3DDialog(QWidget* pParent) : QDialog(pParent), m_pUi(new Ui:
     pHeader->setSectionResizeMode(ColumnName, QHeaderView::ResizeToContents);
     pHeader->setSectionResizeMode(ColumnLayout, QHeaderView::Stretch);
     pHeader->setSectionResizeMode(ColumnButtons, QHeaderView::ResizeToContents);
-    m_pUi->m_pBrowseDisplayB->setIcon(ThemeIcon(":/Icons/Browse.png"));
+    for (QToolButton* const pButton : {m_pUi->m_pBrowseFieldViewB, m_pUi->m_pBrowseDisplayB})
+        pButton->setIcon(ThemeIcon(":/Icons/Browse.png"));
     m_pUi->m_pDeleteDisplayB->setIcon(ThemeIcon(":/Icons/Delete.png"));
     Fill();
 }

@@ -71,6 +71,8 @@ public slots:
      * one, in the case of the data that it names.
      */
     void SlotImportAnalyzeDisp();
+    /** Asks for a FieldView restart and shows what it shows. */
+    void SlotImportFieldViewRestart();
     /** Makes a surface in the middle of each selected block and opens them in the dock, one undo step. */
     void SlotCreateSurface();
     /** Opens the selection in the dock that edits it. */
@@ -101,6 +103,7 @@ private:
 
     void MakeActions();
     void MakeToolBar();
+    void ShowDisplayFile(const QString& sFile);
     qint64 OpenDataOf(const QString& sDisplayFile, qint64 nViewId);
     qint64 OpenRecords(const CCaseRecords& records, qint64 nViewId);
     qint64 ShowOpenCase(const CCaseRecords& records, qint64 nViewId) const;

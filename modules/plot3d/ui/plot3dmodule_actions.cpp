@@ -6,6 +6,7 @@
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
+#include "modules/plot3d/fieldview/fieldviewchoice.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "modules/plot3d/ui/gridexport.h"
 #include "modules/plot3d/ui/itemcategories.h"
@@ -87,10 +88,12 @@ void CPlot3DModule::MakeActions()
     connect(m_moduleActions[ActionImportPlot3D], &QAction::triggered, this, &CPlot3DModule::SlotImportPlot3D);
     connect(m_moduleActions[ActionImportAnalyzeDisplay], &QAction::triggered, this,
             &CPlot3DModule::SlotImportAnalyzeDisp);
+    connect(m_moduleActions[ActionImportFieldView], &QAction::triggered, this,
+            &CPlot3DModule::SlotImportFieldViewRestart);
     connect(m_moduleActions[ActionExportPlot3D], &QAction::triggered, this, &CPlot3DModule::SlotExportPlot3D);
     // Importing makes a case: it is there whatever is shown. All else goes with a case of the module.
     for (int n = 0; n < MODULE_ACTIONS; ++n)
-        if (n == ActionImportPlot3D || n == ActionImportAnalyzeDisplay)
+        if (n == ActionImportPlot3D || n == ActionImportAnalyzeDisplay || n == ActionImportFieldView)
             m_moduleActions[n]->setEnabled(true);
         else
             m_actions.append(m_moduleActions[n]);
@@ -208,9 +211,21 @@ void CPlot3DModule::SlotImportPlot3D()
 
 void CPlot3DModule::SlotImportAnalyzeDisp()
 {
-    const QString sFile = AskDisplayFile();
-    if (sFile.isEmpty())
-        return;
+    if (const QString sFile = AskDisplayFile(); !sFile.isEmpty())
+        ShowDisplayFile(sFile);
+}
+
+void CPlot3DModule::SlotImportFieldViewRestart()
+{
+    const CPlot3DSimulation* const pSimulation = ActivePlot3D();
+    const QString sDirectory = pSimulation ? Get(*pSimulation, SimulationKey::DIRECTORY) : QString();
+    if (const SFieldViewChoice choice = AskFieldView(sDirectory); !choice.sDisplayFile.isEmpty())
+        ShowDisplayFile(choice.sDisplayFile);
+}
+
+/** On the active case, or on one of the data that the file names. */
+void CPlot3DModule::ShowDisplayFile(const QString& sFile)
+{
     const qint64 nViewId = GetActiveViewId();
     CPlot3DSimulation* pSimulation = ActivePlot3D();
     if (!pSimulation)

@@ -1,0 +1,213 @@
+#include "modules/plot3d/fieldview/fieldviewdisplay.h"
+
+#include "frame/replacefile.h"
+#include "modules/base/displayoverrides.h"
+#include "modules/base/pairjson.h"
+#include "modules/base/storedcamera.h"
+#include "scene/displaytype.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QtMath>
+
+namespace {
+
+QJsonArray ToJson(const DVector3D& point) { return {point.x, point.y, point.z}; }
+QJsonArray ToJson(const SValueRange& range) { return {range.dMin, range.dMax}; }
+
+DisplayType_e TypeOf(const SFieldViewLook& look)
+{
+    switch (look.nDisplayType) {
+    case 1:
+        return DisplayWireframe;
+    case 2:
+    case 3:
+        return look.bMesh ? DisplayShadedWireframe : DisplayShaded;
+    case 4:
+        return look.sScalar.isEmpty() ? DisplayShaded : DisplayContour;
+    case 5:
+        return look.sVector.isEmpty() ? DisplayShaded : DisplayVector;
+    default:
+        return DisplayOutline;
+    }
+}
+
+bool UsesScalar(const SFieldViewLook& look)
+{
+    constexpr int BY_SCALAR = 3; // this type and those behind it
+    return !look.sScalar.isEmpty() && look.nDisplayType >= BY_SCALAR;
+}
+
+void PutColors(const SFieldViewRestart& restart, const SFieldViewLook& look, QJsonObject& drawable)
+{
+    const QColor color = restart.colors.value(look.nColor > 0 ? look.nColor : restart.nGeometryColor);
+    if (color.isValid())
+        for (const char* const sKey : {"shadeColor", "wireframeColor"})
+            drawable[sKey] = color.name(QColor::HexArgb);
+    drawable["geometricColor"] = !UsesScalar(look);
+    drawable["scalarVariable"] = look.sScalar;
+    drawable["colormapName"] = restart.sColormap;
+    if (look.scalarRange)
+        drawable["colormapRange"] = ToJson(*look.scalarRange);
+}
+
+QJsonObject ToDrawable(const SFieldViewRestart& restart, const SFieldViewLook& look)
+{
+    const DisplayType_e eType = TypeOf(look);
+    QJsonObject drawable{{"visible", look.bVisible},
+                         {"displayType", eType},
+                         {"drawWireframe", eType == DisplayWireframe || eType == DisplayShadedWireframe},
+                         {"drawShaded", eType == DisplayShaded || eType == DisplayShadedWireframe},
+                         {"drawContours", eType == DisplayContour},
+                         {"drawNodes", false},
+                         {"nodeVisible", false},
+                         {"drawOutlines", true},
+                         {"displayOnNodes", true},
+                         {"lineThickness", std::clamp(look.dLineThickness, 1.0, 20.0)},
+                         {"alphaValue", 1.0 - std::clamp(look.dTransparency, 0.0, 1.0)},
+                         {"vectorVariable", look.sVector},
+                         {"vectorSkip", std::max(look.nVectorSkip, 0)},
+                         {"vectorBodyScale", look.dVectorLength},
+                         {"vectorHeadScale", look.dVectorHead},
+                         {"thresholdEnable", look.bThreshold && !look.sThreshold.isEmpty()},
+                         {"thresholdVariable", look.sThreshold}};
+    if (look.nContours > 0)
+        drawable["contourCount"] = std::min(look.nContours, 256);
+    if (look.thresholdRange)
+        drawable["thresholdRange"] = ToJson(*look.thresholdRange);
+    PutColors(restart, look, drawable);
+    return drawable;
+}
+
+/** A surface, and its drawable, whose open ends the block's own take. */
+QJsonObject ToSurface(const SFieldViewRestart& restart, const SFieldViewSurface& surface)
+{
+    constexpr qint64 END_OF_BLOCK = 1'000'000;
+    QJsonArray constants, first, last;
+    for (int nAxis = 0; nAxis < 3; ++nAxis) {
+        constants.append(surface.current[nAxis]);
+        first.append(surface.first[nAxis].value_or(1));
+        last.append(surface.last[nAxis].value_or(END_OF_BLOCK));
+    }
+    QJsonObject drawable = ToDrawable(restart, surface.look);
+    drawable["constantDirection"] = surface.nDirection;
+    drawable["constantValue"] = constants;
+    drawable["ijkMin"] = first;
+    drawable["ijkMax"] = last;
+    return {{"constantDirection", surface.nDirection},
+            {"constantValue", constants},
+            {"hidden", !surface.look.bVisible},
+            {"drawables", QJsonArray{drawable}}};
+}
+
+/** The blocks show their surfaces alone, as there. */
+QJsonArray ToBlocks(const SFieldViewRestart& restart)
+{
+    QMap<qint64, QJsonArray> surfaces; // by grid
+    for (const SFieldViewSurface& surface : restart.surfaces)
+        surfaces[surface.nGrid].append(ToSurface(restart, surface));
+    QJsonArray blocks;
+    for (auto it = surfaces.constBegin(); it != surfaces.constEnd(); ++it)
+        blocks.append(QJsonObject{{"blockName", QString("Grid%1").arg(it.key())},
+                                  {"disp", QJsonObject{{"hidden", true}, {"surfaces", it.value()}}}});
+    return blocks;
+}
+
+QJsonArray ToPlanes(const SFieldViewRestart& restart)
+{
+    QJsonArray planes;
+    for (const SFieldViewPlane& plane : restart.planes) {
+        DVector3D normal;
+        normal[plane.nAxis] = 1.0;
+        planes.append(QJsonObject{{"selectable", QJsonObject{{"planeNormal", ToJson(normal)},
+                                                             {"planeValue", plane.place[plane.nAxis]}}},
+                                  {"subjects", QJsonArray()},
+                                  {"drawables", QJsonArray{ToDrawable(restart, plane.look)}}});
+    }
+    return planes;
+}
+
+QJsonArray ToStreamlines(const SFieldViewRestart& restart)
+{
+    QJsonArray streamlines;
+    for (const SFieldViewRake& rake : restart.rakes) {
+        QJsonArray seeds;
+        for (const DVector3D& seed : rake.seeds)
+            seeds.append(ToJson(seed));
+        streamlines.append(QJsonObject{{"showSeeds", false},
+                                       {"seedDrawable", QJsonObject{{"xyzList", seeds}}},
+                                       {"streamlineDrawable", ToDrawable(restart, rake.look)}});
+    }
+    return streamlines;
+}
+
+QJsonObject ToViewer(const SFieldViewRestart& restart)
+{
+    constexpr double PICTURE_HEIGHT = 2.0; // in the units of the scale
+    if (!restart.bHasView)
+        return {};
+    SCamera camera;
+    camera.view.rotate(float(qRadiansToDegrees(restart.dAngle)), float(restart.axis.x), float(restart.axis.y),
+                       float(restart.axis.z));
+    const double dHeight = PICTURE_HEIGHT / restart.dScale;
+    camera.viewSize = {dHeight, dHeight};
+    camera.viewCenter = {-restart.translation.x / restart.dScale, -restart.translation.y / restart.dScale};
+    return CameraToJson(camera);
+}
+
+QJsonObject ToDataFiles(const SFieldViewRestart& restart)
+{
+    QJsonObject keys;
+    if (!restart.sGridFileList.isEmpty())
+        keys["dataFiles.gridFile"] = restart.sGridFileList.first();
+    if (!restart.sQFileList.isEmpty())
+        keys["dataFiles.qFile"] = restart.sQFileList.first();
+    if (!restart.sFunctionFileList.isEmpty())
+        keys["dataFiles.functionFiles"] = QJsonArray::fromStringList(restart.sFunctionFileList);
+    return keys;
+}
+
+QJsonObject ToOverrides(const SFieldViewRestart& restart, const QJsonObject& display)
+{
+    SMirrorSetting mirror;
+    if (restart.nMirrorAxis >= 0)
+        mirror.bActive[restart.nMirrorAxis] = true;
+    QJsonObject overrides = DisplayOverrides::Build({display, MirrorToJson(mirror), SectorsToJson({})});
+    const QJsonObject dataFiles = ToDataFiles(restart);
+    for (auto it = dataFiles.begin(); it != dataFiles.end(); ++it)
+        overrides[it.key()] = it.value();
+    return overrides;
+}
+
+} // namespace
+
+SDisplayDocument ToDisplayDocument(const SFieldViewRestart& restart)
+{
+    SDisplayDocument document;
+    document.display = {{"meshBlocks", ToBlocks(restart)},
+                        {"coordinateSurfaces", ToPlanes(restart)},
+                        {"streamlines", ToStreamlines(restart)},
+                        {"isoSurfaces", QJsonArray()},
+                        {"extremePoints", QJsonArray()}};
+    document.viewer = ToViewer(restart);
+    document.overrides = ToOverrides(restart, document.display);
+    return document;
+}
+
+SFieldViewImport ImportFieldView(const QString& sRestartFile, const QString& sDirectory)
+{
+    if (!IsFieldViewRestart(sRestartFile))
+        return {{},
+                "FieldView Import",
+                QString("This file is not a valid FieldView restart .dat file:\n%1").arg(sRestartFile)};
+    const std::optional<SFieldViewRestart> restart = ReadFieldViewRestart(sRestartFile);
+    if (!restart)
+        return {{}, "FieldView Import", "Failed to parse FieldView restart files."};
+    const QString sFolder = sDirectory.isEmpty() ? QFileInfo(sRestartFile).absolutePath() : sDirectory;
+    const QString sFile =
+        QString("%1%2fieldview-import~analyze.disp").arg(sFolder, QString(QDir::separator()));
+    if (!ReplaceFile(sFile, ToDisplayDocument(*restart).ToBytes()))
+        return {{}, "FieldView Restart", QString("Failed to save display file:\n%1").arg(sFile)};
+    return {sFile, {}, {}};
+}

@@ -1,0 +1,164 @@
+// FieldView restarts: what is read, and what is shown then.
+#include "modules/plot3d/fieldview/fieldviewchoice.h"
+#include "modules/plot3d/fieldview/fieldviewdisplay.h"
+#include "tests/modules/plot3d/showncase.h"
+#include "tests/support/promptscript.h"
+#include "view/selectables/surfaceselectable.h"
+
+#include <QJsonArray>
+
+namespace {
+
+const QByteArray MAIN =
+    "data_file_restart_version: 18\ndata_type: 1\nfilename: /gone/wing.x\n"
+    "dataset_dup_mode: 2\ndataset_dup_mirror_axis: 2\n"
+    "data_type: 2\nfilename: /gone/flow1.q\n"
+    "trans_restart_version: 9\nangle_axis: 1.5707963 0 0 2\ntranslation: 4 -6 0\nscale: 2\n";
+const QByteArray SURFACES =
+    "comp_surf_restart_version: 10\nnum_of_grids: 2\n"
+    "num_of_walls_per_grid: 1\nnum_of_walls_per_grid: 2\n"
+    "dataset: *\nmin: *\nmax: *\ncurr: 4\nmin: 2\nmax: 3\ncurr: 3\nmin: *\nmax: *\ncurr: 1\n"
+    "direction_plane: 1\ndisplay_type: 3\ncolor: 6\nvisibility: 1\ntransparency: 0.25\n"
+    "scalar_funct: \"Mach-Number [PLOT3D]\"\nscalar_min_max: 0.5 1.5\nshow_mesh: 1\n"
+    "dataset: *\ncurr: 1\ncurr: 1\ncurr: 2\ndirection_plane: 3\ndisplay_type: 1\ncolor: 6\n"
+    "dataset: *\ndirection_plane: 2\nvisibility: 0\n";
+const QByteArray COLORS =
+    "colormap_restart_version: 8\n6: 0 255 255\n7: 256 0 0\ngeom_color: 6\ncolor_map_type: viridis\n";
+const QByteArray OTHERS =
+    "coord_surf_restart_version: 1\nnumber_of_surfaces: 1\nactive_axis: 2\nxcur: 1\nycur: 2.5\n"
+    "streamline_restart_version: 1\nnum_rakes: 1\nnum_seeds: 2\nseed_xyz: 1 2 3\nseed_xyz: 1 2 x\n"
+    "seed_xyz: 4 5 6\n";
+
+class FieldView : public ShownCase
+{
+protected:
+    QString WriteRestart()
+    {
+        WriteText("data/a.dat", MAIN);
+        WriteText("data/a.cmp", SURFACES);
+        WriteText("data/a.map", COLORS);
+        WriteText("data/a.oth", OTHERS);
+        WriteText("data/ab.cmp", SURFACES); // of another restart
+        return Path("data/a.dat");
+    }
+    static QJsonObject Surface(const SDisplayDocument& document, int nBlock, int nSurface)
+    {
+        const QJsonObject block = document.display["meshBlocks"].toArray()[nBlock].toObject();
+        return block["disp"].toObject()["surfaces"].toArray()[nSurface].toObject();
+    }
+};
+
+} // namespace
+
+TEST_F(FieldView, AFileIsOneByBothMarksInItsFirstHundredLines)
+{
+    WriteText("first.dat", MAIN);
+    WriteText("late.dat", QByteArray(99, '\n') + MAIN);
+    WriteText("half.dat", "data_type: 1\n");
+    EXPECT_TRUE(IsFieldViewRestart(Path("first.dat")));
+    EXPECT_FALSE(IsFieldViewRestart(Path("late.dat"))) << "the second mark is in line 101";
+    EXPECT_FALSE(IsFieldViewRestart(Path("half.dat")));
+    EXPECT_FALSE(IsFieldViewRestart(Path("none.dat")));
+    EXPECT_EQ(TranslateFieldViewVariable("velocity magnitude [plot3d]"), "Vmag[Q]");
+    EXPECT_EQ(TranslateFieldViewVariable("Momentum Vectors [PLOT3D]"), "Momentum");
+    EXPECT_EQ(TranslateFieldViewVariable("Density (Q1)"), "Density (Q1)");
+}
+
+TEST_F(FieldView, MainFileAndCompanionsBecomeADisplay)
+{
+    const auto restart = ReadFieldViewRestart(WriteRestart());
+    ASSERT_TRUE(restart);
+    const SDisplayDocument document = ToDisplayDocument(*restart);
+    EXPECT_EQ(document.overrides["dataFiles.gridFile"], "/gone/wing.x");
+    EXPECT_EQ(document.overrides["dataFiles.qFile"], "/gone/flow1.q");
+    EXPECT_EQ(document.overrides["mirror.Y"], true);
+    EXPECT_EQ(document.overrides["mirror.X"], false);
+    const auto camera = CameraFromJson(document.viewer);
+    ASSERT_TRUE(camera);
+    EXPECT_EQ(camera->viewSize, QSizeF(1.0, 1.0));
+    EXPECT_EQ(camera->viewCenter, QPointF(-2.0, 3.0));
+    EXPECT_NEAR(camera->view(1, 0), 1.0, 1e-6) << "a quarter turn about z";
+
+    const QJsonArray blocks = document.display["meshBlocks"].toArray();
+    ASSERT_EQ(blocks.size(), 2);
+    EXPECT_EQ(blocks[0].toObject()["blockName"], "Grid1");
+    const QJsonObject first = Surface(document, 0, 0);
+    EXPECT_EQ(first["constantDirection"], 0);
+    EXPECT_EQ(first["constantValue"], (QJsonArray{4, 3, 1}));
+    const QJsonObject drawable = first["drawables"].toArray()[0].toObject();
+    EXPECT_EQ(drawable["ijkMin"].toArray()[1], 2);
+    EXPECT_EQ(drawable["ijkMax"].toArray()[1], 3);
+    EXPECT_EQ(drawable["displayType"], DisplayShadedWireframe);
+    EXPECT_EQ(drawable["scalarVariable"], "M[Q]");
+    EXPECT_EQ(drawable["geometricColor"], false);
+    EXPECT_EQ(drawable["colormapName"], "Viridis");
+    EXPECT_EQ(drawable["colormapRange"], (QJsonArray{0.5, 1.5}));
+    EXPECT_EQ(drawable["alphaValue"], 0.75);
+    const QJsonObject second = Surface(document, 1, 0)["drawables"].toArray()[0].toObject();
+    EXPECT_EQ(second["displayType"], DisplayWireframe);
+    EXPECT_EQ(second["wireframeColor"], "#ff00ffff");
+    EXPECT_EQ(Surface(document, 1, 1)["hidden"], true);
+
+    const QJsonObject plane =
+        document.display["coordinateSurfaces"].toArray()[0].toObject()["selectable"].toObject();
+    EXPECT_EQ(plane["planeNormal"], (QJsonArray{0, 1, 0}));
+    EXPECT_EQ(plane["planeValue"], 2.5);
+    const QJsonObject rake = document.display["streamlines"].toArray()[0].toObject();
+    EXPECT_EQ(rake["seedDrawable"].toObject()["xyzList"].toArray().size(), 2) << "one seed was no point";
+}
+
+TEST_F(FieldView, TheImportShowsItsSurfacesInTheBlocks)
+{
+    OpenWindow();
+    CPlot3DSimulation* const pCase = OpenData();
+    const SFieldViewImport made = ImportFieldView(WriteRestart(), {});
+    ASSERT_EQ(made.sProblem, "");
+    EXPECT_EQ(made.sDisplayFile, Path("data/fieldview-import~analyze.disp"));
+    ASSERT_TRUE(pCase->LoadDisplayFile(made.sDisplayFile, VIEW));
+    const QVector<CItem*> surfaces = pCase->GetItems(KindSurface);
+    ASSERT_EQ(surfaces.size(), 3);
+    auto* const pFirst = static_cast<CSurfaceSelectable*>(Shown(*pCase, surfaces[0]->GetId()));
+    EXPECT_EQ(pFirst->name(), "Surface I = 4 [Block 1]");
+    EXPECT_EQ(pFirst->startIndices(), (IVector3D{1, 2, 1}));
+    EXPECT_EQ(pFirst->endIndices(), (IVector3D{5, 3, 3})) << "an open end is that of the block";
+    EXPECT_EQ(pFirst->scalarVariable(), Variable(*pCase, "M[Q]"));
+    EXPECT_EQ(Shown(*pCase, surfaces[1]->GetId())->name(), "Surface K = 2 [Block 2]");
+    EXPECT_FALSE(Shown(*pCase, surfaces[2]->GetId())->isVisible());
+    EXPECT_TRUE(CSimulationManager::Instance().GetMirror(VIEW, pCase->GetId()).bActive[1]);
+}
+
+TEST_F(FieldView, WhatIsNoRestartIsTold)
+{
+    WriteText("no.dat", "nothing");
+    CPromptScript user;
+    user.ChooseFile(Path("no.dat"));
+    user.Press("Ok");
+    EXPECT_EQ(AskFieldView({}).sDisplayFile, "");
+    EXPECT_EQ(user.Asked().first().sTitle, "FieldView Import");
+    EXPECT_EQ(user.Asked().first().sText,
+              QString("This file is not a valid FieldView restart .dat file:\n%1").arg(Path("no.dat")));
+    EXPECT_EQ(user.AskedFiles().first().sTitle, "Select FieldView Restart File");
+    user.ChooseFile(WriteRestart());
+    user.Press("Ok");
+    EXPECT_EQ(AskFieldView(Path("no such folder")).sDisplayFile, "");
+    EXPECT_EQ(user.Asked().last().sTitle, "FieldView Restart");
+    EXPECT_TRUE(user.Asked().last().sText.startsWith("Failed to save display file:\n"));
+}
+
+TEST_F(FieldView, ARealRestartHasItsThreeSurfaces)
+{
+    const QString sFile =
+        qEnvironmentVariable("ZENTO_SAMPLE_DATA", ZENTO_SAMPLE_DATA) + "/fieldview/fv.restart_xmera.dat";
+    if (!QFile::exists(sFile))
+        GTEST_SKIP() << "no sample files";
+    const auto restart = ReadFieldViewRestart(sFile);
+    ASSERT_TRUE(restart);
+    ASSERT_EQ(restart->surfaces.size(), 3);
+    EXPECT_EQ(restart->surfaces[2].nGrid, 3);
+    EXPECT_EQ(restart->surfaces[2].nDirection, 2);
+    EXPECT_EQ(restart->surfaces[2].current, (std::array<qint64, 3>{24, 56, 1}));
+    EXPECT_EQ(restart->surfaces[0].look.sScalar, "M[Q]");
+    EXPECT_EQ(restart->colors.size(), 8);
+    EXPECT_EQ(restart->sColormap, "RGB LINEAR");
+    EXPECT_TRUE(restart->sGridFileList.first().endsWith("plot3dg.bin_xmera"));
+}
