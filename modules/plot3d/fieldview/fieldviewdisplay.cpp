@@ -55,14 +55,15 @@ void PutColors(const SFieldViewRestart& restart, const SFieldViewLook& look, QJs
 QJsonObject ToDrawable(const SFieldViewRestart& restart, const SFieldViewLook& look)
 {
     const DisplayType_e eType = TypeOf(look);
+    const bool bGridLines = eType == DisplayWireframe || eType == DisplayShadedWireframe;
     QJsonObject drawable{{"visible", look.bVisible},
                          {"displayType", eType},
-                         {"drawWireframe", eType == DisplayWireframe || eType == DisplayShadedWireframe},
+                         {"drawWireframe", bGridLines},
                          {"drawShaded", eType == DisplayShaded || eType == DisplayShadedWireframe},
                          {"drawContours", eType == DisplayContour},
                          {"drawNodes", false},
                          {"nodeVisible", false},
-                         {"drawOutlines", true},
+                         {"drawOutlines", !bGridLines}, // they go ahead of grid lines
                          {"displayOnNodes", true},
                          {"lineThickness", std::clamp(look.dLineThickness, 1.0, 20.0)},
                          {"alphaValue", 1.0 - std::clamp(look.dTransparency, 0.0, 1.0)},
@@ -97,7 +98,6 @@ QJsonObject ToSurface(const SFieldViewRestart& restart, const SFieldViewSurface&
     drawable["ijkMax"] = last;
     return {{"constantDirection", surface.nDirection},
             {"constantValue", constants},
-            {"hidden", !surface.look.bVisible},
             {"drawables", QJsonArray{drawable}}};
 }
 
@@ -107,10 +107,11 @@ QJsonArray ToBlocks(const SFieldViewRestart& restart)
     QMap<qint64, QJsonArray> surfaces; // by grid
     for (const SFieldViewSurface& surface : restart.surfaces)
         surfaces[surface.nGrid].append(ToSurface(restart, surface));
+    const QJsonArray nothing = {QJsonObject{{"visible", false}}};
     QJsonArray blocks;
     for (auto it = surfaces.constBegin(); it != surfaces.constEnd(); ++it)
         blocks.append(QJsonObject{{"blockName", QString("Grid%1").arg(it.key())},
-                                  {"disp", QJsonObject{{"hidden", true}, {"surfaces", it.value()}}}});
+                                  {"disp", QJsonObject{{"drawables", nothing}, {"surfaces", it.value()}}}});
     return blocks;
 }
 

@@ -97,7 +97,7 @@ TEST_F(FieldView, MainFileAndCompanionsBecomeADisplay)
     const QJsonObject second = Surface(document, 1, 0)["drawables"].toArray()[0].toObject();
     EXPECT_EQ(second["displayType"], DisplayWireframe);
     EXPECT_EQ(second["wireframeColor"], "#ff00ffff");
-    EXPECT_EQ(Surface(document, 1, 1)["hidden"], true);
+    EXPECT_EQ(Surface(document, 1, 1)["drawables"].toArray()[0].toObject()["visible"], false);
 
     const QJsonObject plane =
         document.display["coordinateSurfaces"].toArray()[0].toObject()["selectable"].toObject();
@@ -124,6 +124,8 @@ TEST_F(FieldView, TheImportShowsItsSurfacesInTheBlocks)
     EXPECT_EQ(pFirst->scalarVariable(), Variable(*pCase, "M[Q]"));
     EXPECT_EQ(Shown(*pCase, surfaces[1]->GetId())->name(), "Surface K = 2 [Block 2]");
     EXPECT_FALSE(Shown(*pCase, surfaces[2]->GetId())->isVisible());
+    EXPECT_FALSE(Shown(*pCase, pCase->GetItems(KindBlock)[0]->GetId())->isVisible())
+        << "its surfaces stand for it";
     EXPECT_TRUE(CSimulationManager::Instance().GetMirror(VIEW, pCase->GetId()).bActive[1]);
 }
 
