@@ -2,6 +2,7 @@
 #include "frame/memorymanager.h"
 #include "frame/preferencekeys.h"
 #include "frame/preferences.h"
+#include "tests/support/casewindow.h"
 #include "tests/support/displaycase.h"
 #include "view/annotations/annotationcolormap.h"
 #include "view/pick/viewpicker.h"
@@ -291,6 +292,24 @@ TEST_F(ViewWidget, AMeasuredLineFollowsThePointerUntilItsKeyIsReleased)
     EXPECT_TRUE(HasDark(Grab())) << "from the point that was pressed before";
     Send(QEvent::KeyPress, Qt::Key_Escape, alt);
     EXPECT_FALSE(HasDark(Grab()));
+}
+
+TEST_F(ViewWidget, APickedPointIsToldWithTheItemThatItIsOn)
+{
+    const CCaseWindow window;
+    CSurfaceSelectable* const pOther = AddSurface();
+    pOther->setDisplayType(DisplayShaded);
+    pOther->setConstantValue(1);
+    pOther->setStartIndices({2, 1, 1});
+    pOther->apply();
+    m_pSurface->setEndIndices({2, 3, 2});
+    m_pSurface->apply();
+    m_pDrawer->SetActive(true);
+    Grab();
+    MovePointer(PixelOf(0.3, 0.4), Qt::NoModifier);
+    ASSERT_TRUE(m_pSurface->isHover());
+    MovePointer(PixelOf(2.0, 2.0), Qt::AltModifier);
+    EXPECT_EQ(window.m_sStatus, pOther->name() + ": IJK: (3, 3, 1), XYZ: (2, 2, 0)");
 }
 
 TEST_F(ViewWidget, ALegendUnderThePointerIsFramed)

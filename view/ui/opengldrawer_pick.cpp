@@ -69,9 +69,8 @@ void COpenGLDrawer::PickPoint()
     m_picked = ViewPicker::FirstPoint(area);
     if (!m_picked.point.bHasPoint)
         return;
-    const ISelectable* const pHover = m_hover.Current();
-    CWidgetManager::Instance().SetStatusText(
-        StatusText::OfPoint(pHover ? pHover->name() : m_picked.point.sItemName, m_picked.point));
+    // Not the hovered item's name: while the key is held, the pointer goes on to others.
+    CWidgetManager::Instance().SetStatusText(StatusText::OfPoint(m_picked.point.sItemName, m_picked.point));
     if (m_bMeasureShown && IsMeasuring()) {
         m_measureTo = m_picked.displayed;
         CWidgetManager::Instance().SetStatusText(StatusText::Distance(*m_measureFrom, *m_measureTo));
