@@ -337,7 +337,7 @@ void COpenGLDrawer::keyPressEvent(QKeyEvent* pEvent)
         return;
     }
     const bool bRepeat = pEvent->isAutoRepeat();
-    m_input.PressKey(pEvent->key());
+    m_input.PressKey(pEvent->key(), pEvent->nativeScanCode());
     StartTimer();
     if (!bRepeat && !PlainKey(*pEvent) && !KeyAction(CurrentAction(), pEvent->modifiers()))
         QOpenGLWidget::keyPressEvent(pEvent);
@@ -349,7 +349,7 @@ void COpenGLDrawer::keyReleaseEvent(QKeyEvent* pEvent)
         return;
     m_input.SetModifiers(pEvent->modifiers());
     if (!pEvent->isAutoRepeat())
-        m_input.ReleaseKey(pEvent->key());
+        m_input.ReleaseKey(pEvent->key(), pEvent->nativeScanCode());
     if (!IsMeasuring())
         HideMeasureLine();
     StartTimer();
