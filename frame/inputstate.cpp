@@ -106,13 +106,22 @@ SInputState CInputTracker::ReleaseButton(Qt::MouseButton eButton)
     return before;
 }
 
-void CInputTracker::PressKey(int nKey)
+void CInputTracker::PressKey(int nKey, quint32 nScanCode)
 {
-    if (!IsModifier(nKey) && !m_state.keys.contains(nKey))
+    if (IsModifier(nKey) || (nScanCode && m_typed.contains(nScanCode)))
+        return;
+    if (nScanCode)
+        m_typed.insert(nScanCode, nKey);
+    if (!m_state.keys.contains(nKey))
         m_state.keys.append(nKey);
 }
 
-void CInputTracker::ReleaseKey(int nKey) { m_state.keys.removeAll(nKey); }
+void CInputTracker::ReleaseKey(int nKey, quint32 nScanCode)
+{
+    const auto typed = m_typed.constFind(nScanCode);
+    m_state.keys.removeAll(typed == m_typed.cend() ? nKey : *typed);
+    m_typed.remove(nScanCode);
+}
 
 bool Matches(const SAccelerator& accelerator, const SInputState& state)
 {

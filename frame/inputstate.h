@@ -2,6 +2,7 @@
 
 #include "frame/accelerators.h"
 
+#include <QHash>
 #include <QPoint>
 #include <QVector>
 
@@ -33,17 +34,27 @@ public:
     /** Gives the state in which the button was still down: what the release means is asked of this one. */
     SInputState ReleaseButton(Qt::MouseButton eButton);
 
-    /** Shift, Control and Alt are left out, since they come with SetModifiers; a repeat changes nothing. */
-    void PressKey(int nKey);
-    void ReleaseKey(int nKey);
+    /**
+     * Shift, Control and Alt are left out, since they come with SetModifiers; a repeat changes nothing.
+     *
+     * @param nScanCode  names the key on the keyboard; 0: not known. With it a key whose Shift goes up first
+     *                   comes up as what it was: "+" is "=" by then.
+     */
+    void PressKey(int nKey, quint32 nScanCode = 0);
+    void ReleaseKey(int nKey, quint32 nScanCode = 0);
     /** Those of the event at hand, QInputEvent::modifiers(). */
     void SetModifiers(Qt::KeyboardModifiers modifiers) { m_state.modifiers = modifiers; }
 
     /** Nothing is down. */
-    void Clear() { m_state = {}; }
+    void Clear()
+    {
+        m_state = {};
+        m_typed.clear();
+    }
 
 private:
     SInputState m_state;
+    QHash<quint32, int> m_typed; // Qt::Key that each key was when it went down, by scan code
     QPoint m_pressPosition;
 };
 

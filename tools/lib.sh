@@ -54,12 +54,13 @@ watch_build() {
     wait "$pid"
 }
 
-# Runs a command with a display: the one there is, else a virtual one.
+# Runs a command with a display: the one there is, else a virtual one. That would begin anew whenever its last
+# client leaves, as between two tests, and refuse the next one meanwhile: it is told not to.
 with_display() {
     if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
         "$@"
     else
-        xvfb-run -a -s '-screen 0 1280x1024x24' "$@"
+        xvfb-run -a -s '-screen 0 1280x1024x24 -noreset' "$@"
     fi
 }
 

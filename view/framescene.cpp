@@ -51,6 +51,14 @@ bool CFrameScene::HasMarked(int nKey) const
     });
 }
 
+bool CFrameScene::HasFilled() const
+{
+    return std::any_of(m_cases.begin(), m_cases.end(), [](const SCaseScene& scene) {
+        return std::any_of(scene.visible.begin(), scene.visible.end(),
+                           [](const IDrawable* pDrawable) { return pDrawable->drawShaded(); });
+    });
+}
+
 QPointF CFrameScene::DepthRange() const
 {
     double dLeast = std::numeric_limits<double>::max();

@@ -47,6 +47,8 @@ public:
     bool IsEmpty() const;
     /** Something that the program draws is selected or highlighted. */
     bool HasMarked(int nKey) const;
+    /** Something is shaded. */
+    bool HasFilled() const;
 
     /**
      * Least and greatest z of all boxes in view coordinates; x > y without any. Positive z is towards the

@@ -53,6 +53,21 @@ QMatrix4x4 MoveToMiddle(CFrameScene& scene, SFrameSettings& frame)
     return projection;
 }
 
+/**
+ * Without samples the edge of a smoothed line is a mix with what was drawn before it. Lines come ahead of
+ * what is filled, which the depth test then keeps out of their edges: the background would stand along each
+ * line.
+ */
+void ChooseLineSmoothing(const CFrameScene& scene)
+{
+    GLint nSamples = 0;
+    Gl().glGetIntegerv(GL_SAMPLES, &nSamples);
+    if (nSamples > 0 || !scene.HasFilled())
+        Gl().glEnable(GL_LINE_SMOOTH);
+    else
+        Gl().glDisable(GL_LINE_SMOOTH);
+}
+
 } // namespace
 
 CSceneRenderer::CSceneRenderer() = default;
@@ -64,7 +79,6 @@ void CSceneRenderer::Initialize()
     m_colormap.Create();
     glShadeModel(GL_SMOOTH);
     Gl().glEnable(GL_DEPTH_TEST);
-    Gl().glEnable(GL_LINE_SMOOTH);
     glEdgeFlag(GL_FALSE);
 }
 
@@ -101,6 +115,7 @@ void CSceneRenderer::Render(SFrameSettings frame)
     Gl().glEnable(GL_DEPTH_TEST);
     Gl().glEnable(GL_BLEND);
     glEnable(GL_MULTISAMPLE); // a painter without antialiasing has switched it off
+    ChooseLineSmoothing(scene);
     Gl().glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
     DrawContext().pColormap = &m_colormap;
     DrawContext().pOpenGL = QOpenGLContext::currentContext();

@@ -9,7 +9,7 @@ namespace StatusText {
  * For the status bar: name, indices, place with 15 digits, variable and value with 10. What isn't known is
  * left out.
  *
- * @param sName  of what is hovered; empty: no name
+ * @param sName  of the item; empty: no name
  */
 QString OfPoint(const QString& sName, const SPickedPoint& point);
 

@@ -6,6 +6,7 @@
 #include "scene/selectablekeys.h"
 #include "scene/selectablemanager.h"
 #include "view/annotations/annotationcolormap.h"
+#include "view/annotations/onelegend.h"
 
 namespace {
 
@@ -66,16 +67,11 @@ void TakeRainbowColor(Subjects subjects, const SDisplayAnswer&)
 /** Items of one variable, map and range share the legend of the first: the same again would cover it. */
 void TakeLegend(Subjects subjects, const SDisplayAnswer& answer)
 {
-    QVector<std::pair<qint64, SColormapRecord>> shown;
+    QVector<LegendKey> shown;
     for (const ISelectable* const pSubject : subjects) {
         if (!Get(*pSubject, SelectableKey::HAS_LEGEND) || !pSubject->annotationColormap())
             continue;
-        SColormapRecord record = pSubject->colormap();
-        if (!pSubject->colormapBindToLocal()) {
-            record.dLocalMinimum = 0.0; // not in use
-            record.dLocalMaximum = 0.0;
-        }
-        const std::pair key(pSubject->scalarVariable(), record);
+        const LegendKey key = LegendKeyOf(*pSubject);
         const bool bShow = answer.bFlag && !shown.contains(key);
         pSubject->annotationColormap()->setVisible(bShow);
         if (bShow)

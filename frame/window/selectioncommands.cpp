@@ -11,6 +11,7 @@
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"
+#include "view/annotations/onelegend.h"
 
 #include <QtMath>
 
@@ -78,12 +79,15 @@ void CSelectionCommands::SetVisible(bool bVisible)
     const SActivePair pair;
     if (!pair.pSimulation)
         return;
+    const QVector<ISelectable*> subjects =
+        pair.GetSubjects(m_actions.Get(ActionApplyToChildren)->isChecked());
     pair.pSimulation->BeginUndoStep();
-    for (ISelectable* const pSelectable :
-         pair.GetSubjects(m_actions.Get(ActionApplyToChildren)->isChecked())) {
+    for (ISelectable* const pSelectable : subjects) {
         pSelectable->setVisible(bVisible);
         CSelectableManager::Instance().NotifyMaskChanged(pSelectable);
     }
+    if (!bVisible)
+        PassLegendsOn(subjects, pair.GetSelectables());
     pair.pSimulation->EndUndoStep(false);
     CWidgetManager::Instance().UpdateActiveViewer();
 }

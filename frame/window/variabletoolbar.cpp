@@ -132,6 +132,7 @@ void CVariableToolBar::ShowActiveSimulation()
                                    : QStringList());
         box.pCombo->setEditText(pair.pSimulation ? VariableChoice::CommonName(subjects, box.eRole)
                                                  : "No Simulation");
+        box.pCombo->lineEdit()->setPlaceholderText(subjects.isEmpty() ? "Nothing selected" : "");
         box.pCombo->lineEdit()->setCursorPosition(0);
         box.pCombo->setEnabled(!subjects.isEmpty());
     }

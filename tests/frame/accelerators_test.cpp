@@ -143,6 +143,22 @@ TEST(Accelerators, AClickIsOneOnReleaseUnlessThePointerWentMoreThanThreePixels)
     EXPECT_EQ(FindAction(Pointwise, tracker.ReleaseButton(Qt::LeftButton)), MouseSelect);
 }
 
+TEST(Accelerators, ASignWhoseShiftGoesUpFirstDoesNotStayDown)
+{
+    constexpr quint32 SCAN_CODE = 21;
+    CInputTracker tracker;
+    tracker.SetModifiers(Qt::ShiftModifier);
+    tracker.PressKey(Qt::Key_Plus, SCAN_CODE);
+    tracker.SetModifiers({});
+    tracker.PressKey(Qt::Key_Equal, SCAN_CODE); // repeats
+    EXPECT_EQ(FindAction(Pointwise, tracker.State()), MouseZoomIn);
+    tracker.ReleaseKey(Qt::Key_Equal, SCAN_CODE);
+    EXPECT_EQ(FindAction(Pointwise, tracker.State()), MouseNone);
+    tracker.PressKey(Qt::Key_Equal, SCAN_CODE);
+    tracker.ReleaseKey(Qt::Key_Equal, SCAN_CODE);
+    EXPECT_TRUE(tracker.State().keys.isEmpty());
+}
+
 TEST(Accelerators, TheTextNamesKeysButtonsAndDrag)
 {
     const auto Text = [](Preset_e ePreset, MouseAction_e eAction) {

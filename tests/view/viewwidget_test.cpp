@@ -2,7 +2,9 @@
 #include "frame/memorymanager.h"
 #include "frame/preferencekeys.h"
 #include "frame/preferences.h"
+#include "tests/support/casewindow.h"
 #include "tests/support/displaycase.h"
+#include "view/annotations/annotationcolormap.h"
 #include "view/pick/viewpicker.h"
 #include "view/shadermanager.h"
 #include "view/ui/opengldrawer.h"
@@ -13,6 +15,7 @@
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
 #include <QPainter>
+#include <QTest>
 
 namespace {
 
@@ -112,6 +115,33 @@ protected:
     static bool IsRed(const QColor& color)
     {
         return color.red() > 200 && color.green() < 60 && color.blue() < 60;
+    }
+    /** Where a place of the plane is seen, looked at along its normal. */
+    QPoint PixelOf(double x, double y) const
+    {
+        const SCamera camera = m_pDrawer->GetCamera();
+        const QPointF off = QPointF(x, y) - camera.viewCenter;
+        return {qRound((off.x() / camera.viewSize.width() + 0.5) * SIZE.width()),
+                qRound((0.5 - off.y() / camera.viewSize.height()) * SIZE.height())};
+    }
+    void MovePointer(const QPoint& place, Qt::KeyboardModifiers modifiers)
+    {
+        QMouseEvent move(QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton, modifiers);
+        QCoreApplication::sendEvent(m_pDrawer.get(), &move);
+    }
+    /** As a window system does: the event carries the state from before it. */
+    void Send(QEvent::Type eType, int nKey, Qt::KeyboardModifiers before)
+    {
+        QKeyEvent event(eType, nKey, before);
+        QCoreApplication::sendEvent(m_pDrawer.get(), &event);
+    }
+    static bool HasDark(const QImage& image)
+    {
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (qGray(image.pixel(x, y)) < 20)
+                    return true;
+        return false;
     }
     static QColor Middle(const QImage& image) { return image.pixelColor(image.rect().center()); }
     std::unique_ptr<COpenGLDrawer> m_pDrawer;
@@ -227,4 +257,73 @@ TEST_F(ViewWidget, AGridOnCellsShowsEachCellAtItsCentre)
     m_pSurface->setDisplayOnNodes(true);
     Grab();
     EXPECT_EQ(pick(1.0, 1.0).ijk, (IVector3D{2, 2, 2}));
+}
+
+TEST_F(ViewWidget, WithoutSamplesNoBackgroundStandsBesideLinesOnAShadedSurface)
+{
+    m_pSurface->setDisplayType(DisplayShadedWireframe);
+    m_pSurface->setWireframeColor(Qt::black);
+    SCamera camera = m_pDrawer->GetCamera();
+    camera.view.rotate(20.0F, 0.0F, 0.0F, 1.0F);
+    m_pDrawer->SetCamera(camera, FitAll);
+    m_pDrawer->FitNextFrame();
+    const QImage image = Grab();
+    const QRect inside(image.rect().center() - QPoint(30, 30), QSize(60, 60));
+    EXPECT_TRUE(HasDark(image.copy(inside)));
+    for (int y = inside.top(); y <= inside.bottom(); ++y)
+        for (int x = inside.left(); x <= inside.right(); ++x)
+            ASSERT_LT(image.pixelColor(x, y).green(), 60) << "at " << x << ", " << y;
+}
+
+TEST_F(ViewWidget, AMeasuredLineFollowsThePointerUntilItsKeyIsReleased)
+{
+    Grab();
+    const Qt::KeyboardModifiers alt = Qt::AltModifier;
+    Send(QEvent::KeyPress, Qt::Key_Alt, Qt::NoModifier);
+    QTest::mouseClick(m_pDrawer.get(), Qt::LeftButton, alt, PixelOf(0.0, 0.0));
+    EXPECT_FALSE(HasDark(Grab()));
+    MovePointer(PixelOf(2.0, 2.0), alt);
+    EXPECT_TRUE(HasDark(Grab())) << "to the point under the pointer";
+    Send(QEvent::KeyRelease, Qt::Key_Alt, alt);
+    EXPECT_FALSE(HasDark(Grab()));
+    Send(QEvent::KeyPress, Qt::Key_Alt, Qt::NoModifier);
+    EXPECT_FALSE(HasDark(Grab()));
+    QTest::mouseClick(m_pDrawer.get(), Qt::LeftButton, alt, PixelOf(2.0, 0.0));
+    EXPECT_TRUE(HasDark(Grab())) << "from the point that was pressed before";
+    Send(QEvent::KeyPress, Qt::Key_Escape, alt);
+    EXPECT_FALSE(HasDark(Grab()));
+}
+
+TEST_F(ViewWidget, APickedPointIsToldWithTheItemThatItIsOn)
+{
+    const CCaseWindow window;
+    CSurfaceSelectable* const pOther = AddSurface();
+    pOther->setDisplayType(DisplayShaded);
+    pOther->setConstantValue(1);
+    pOther->setStartIndices({2, 1, 1});
+    pOther->apply();
+    m_pSurface->setEndIndices({2, 3, 2});
+    m_pSurface->apply();
+    m_pDrawer->SetActive(true);
+    Grab();
+    MovePointer(PixelOf(0.3, 0.4), Qt::NoModifier);
+    ASSERT_TRUE(m_pSurface->isHover());
+    MovePointer(PixelOf(2.0, 2.0), Qt::AltModifier);
+    EXPECT_EQ(window.m_sStatus, pOther->name() + ": IJK: (3, 3, 1), XYZ: (2, 2, 0)");
+}
+
+TEST_F(ViewWidget, ALegendUnderThePointerIsFramed)
+{
+    CAnnotationColormap& legend = *m_pSurface->annotationColormap();
+    m_pSurface->setScalarVariable(Id("Sum"));
+    m_pSurface->setGeometricColor(false);
+    legend.setPosition({20, 20});
+    legend.setVisible(true);
+    const QImage plain = Grab();
+    MovePointer(legend.rect().center(), Qt::NoModifier);
+    EXPECT_TRUE(legend.isHot());
+    EXPECT_NE(Grab(), plain);
+    MovePointer({SIZE.width() - 2, 2}, Qt::NoModifier);
+    EXPECT_FALSE(legend.isHot());
+    EXPECT_EQ(Grab(), plain);
 }

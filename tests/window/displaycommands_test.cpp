@@ -190,6 +190,26 @@ TEST_F(DisplayCommands, ANewCaseShowsItsPressureWithOneLegend)
     EXPECT_EQ(m_pSimulation->GetUndoCount(), 0);
 }
 
+TEST_F(DisplayCommands, TheLegendOfAHiddenItemPassesToOneThatIsColouredAlike)
+{
+    FirstColors::Show(VIEW, SIMULATION);
+    CAnnotationColormap& first = *Selectable(1)->annotationColormap();
+    CAnnotationColormap& second = *Selectable(2)->annotationColormap();
+    first.setPosition({70, 90});
+    Select({1});
+    Action(ActionHide)->trigger();
+    EXPECT_FALSE(first.isVisible());
+    EXPECT_TRUE(second.isVisible());
+    EXPECT_EQ(second.position(), QPoint(70, 90));
+    Action(ActionShow)->trigger();
+    EXPECT_FALSE(first.isVisible()) << "two legends in one place";
+    Selectable(1)->setColormapValues(1.0, 2.0);
+    Select({2});
+    Action(ActionHide)->trigger();
+    EXPECT_FALSE(first.isVisible()) << "it would say something else";
+    EXPECT_TRUE(second.isVisible());
+}
+
 TEST_F(DisplayCommands, ALargeNewCaseIsColouredOverWhatItShows)
 {
     FirstColors::Show(VIEW, SIMULATION, 10);

@@ -73,6 +73,14 @@ void CAnnotationColormap::forgetLayout()
     setHot(false);
 }
 
+void CAnnotationColormap::takeLook(const CAnnotationColormap& other)
+{
+    const qint64 nSerial = m_nSerial;
+    *this = other;
+    m_nSerial = nSerial;
+    forgetLayout();
+}
+
 void CAnnotationColormap::updateLayout()
 {
     if (const IDrawable* const pDrawable = CDrawableManager::Instance().Find(m_nSerial))

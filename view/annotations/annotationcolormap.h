@@ -35,6 +35,8 @@ public:
 
     /** Lays it out if that is due; nothing without a drawable. */
     void updateLayout();
+    /** Looks like the other one, is visible as it is and stands where it stands. */
+    void takeLook(const CAnnotationColormap& other);
     /** As before the first frame, and with no pointer over it. */
     void forgetLayout();
     const SLegendLayout& layout() const { return m_layout; }

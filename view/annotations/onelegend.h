@@ -1,9 +1,17 @@
 #pragma once
 
+#include "scene/colormaprecord.h"
+
 #include <QVector>
+
+#include <utility>
 
 class CAnnotationColormap;
 class ISelectable;
+
+/** What a legend says: items of one key share a legend. */
+using LegendKey = std::pair<qint64, SColormapRecord>;
+LegendKey LegendKeyOf(const ISelectable& item);
 
 /**
  * Shows the legend of the first item on show that has one, to stand for all items of one scalar and one
@@ -12,3 +20,11 @@ class ISelectable;
  * @return null if no item has a legend
  */
 CAnnotationColormap* ShowOneLegend(const QVector<ISelectable*>& items);
+
+/**
+ * A legend goes out of sight with its item, though others may be coloured by the same: the first of these
+ * takes it over as it looks and where it stands, unless one of them shows its own.
+ *
+ * @param items  all of the view, the hidden ones among them
+ */
+void PassLegendsOn(const QVector<ISelectable*>& hidden, const QVector<ISelectable*>& items);

@@ -167,7 +167,7 @@ void COpenGLDrawer::PaintScene(bool bInteracting)
     frame.bBoundingBoxes = bInteracting && m_eDemotion == DemotionBoundingBox;
     frame.bCheckDrawables = TakeNeedsCheck();
     frame.fScale = float(devicePixelRatioF() * RenderScale());
-    if (m_measureFrom && m_measureTo)
+    if (m_bMeasureShown && m_measureFrom && m_measureTo)
         frame.measureLine = {*m_measureFrom, *m_measureTo};
     m_renderer.Render(frame);
 }

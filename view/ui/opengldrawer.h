@@ -134,6 +134,10 @@ private:
     void FocusRotation();
     void TurnAbout(const DVector3D& point);
     CAnnotation* AnnotationAt(const QPoint& position) const;
+    bool IsShown(const CAnnotation* pAnnotation) const;
+    void ShowHot(const CAnnotation* pHot);
+    bool IsMeasuring() const;
+    void HideMeasureLine();
     QRect RubberBand() const;
     /** The hovered selectable, if it wants events. */
     ISelectable* EventTarget() const;
@@ -175,6 +179,7 @@ private:
     SPointPick m_picked;
     std::optional<DVector3D> m_measureFrom; // the end of the measured line that was pressed last
     std::optional<DVector3D> m_measureTo;
+    bool m_bMeasureShown = false; // from a press until its key is released
     QElapsedTimer m_sinceWheel;
     QElapsedTimer m_sinceRotation;
     bool m_bChangeAsked = false; // since the last frame: for changed drawables

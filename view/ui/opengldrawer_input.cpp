@@ -157,6 +157,26 @@ CAnnotation* COpenGLDrawer::AnnotationAt(const QPoint& position) const
     return nullptr;
 }
 
+bool COpenGLDrawer::IsShown(const CAnnotation* pAnnotation) const
+{
+    const QVector<IDrawable*> visible = VisibleDrawables();
+    return std::any_of(visible.begin(), visible.end(), [pAnnotation](const IDrawable* pDrawable) {
+        return pDrawable->annotationColormap() == pAnnotation;
+    });
+}
+
+/** Frames the annotation that a press would take hold of. */
+void COpenGLDrawer::ShowHot(const CAnnotation* pHot)
+{
+    for (const IDrawable* const pDrawable : VisibleDrawables()) {
+        CAnnotation* const pLegend = pDrawable->annotationColormap();
+        if (pLegend->isHot() == (pLegend == pHot))
+            continue;
+        pLegend->setHot(pLegend == pHot);
+        UpdateCamera();
+    }
+}
+
 void COpenGLDrawer::mousePressEvent(QMouseEvent* pEvent)
 {
     emit SignalActivated();
@@ -180,6 +200,8 @@ void COpenGLDrawer::mouseMoveEvent(QMouseEvent* pEvent)
     m_cursor = pEvent->pos();
     m_input.SetModifiers(pEvent->modifiers());
     m_input.MovePointer(pEvent->pos());
+    if (m_pDragged && !IsShown(m_pDragged))
+        m_pDragged = nullptr; // it went with its item
     if (m_pDragged) {
         m_pDragged->moveBy(pEvent->pos() - m_dragStart);
         m_dragStart = pEvent->pos();
@@ -188,6 +210,8 @@ void COpenGLDrawer::mouseMoveEvent(QMouseEvent* pEvent)
     }
     if (!RubberBand().isEmpty())
         UpdateCamera();
+    if (!pEvent->buttons())
+        ShowHot(AnnotationAt(pEvent->pos()));
     const MouseAction_e eAction = CurrentAction();
     if (m_eMode == MousePointPick || eAction == MousePointInformation || eAction == MouseMeasureDistance)
         PickPoint();
@@ -282,12 +306,14 @@ void COpenGLDrawer::leaveEvent(QEvent* pEvent)
     QOpenGLWidget::leaveEvent(pEvent);
     m_bInside = false;
     ClearHover();
+    ShowHot(nullptr);
 }
 
 void COpenGLDrawer::focusOutEvent(QFocusEvent* pEvent)
 {
     QOpenGLWidget::focusOutEvent(pEvent);
     m_input.Clear(); // what goes up elsewhere isn't seen here
+    HideMeasureLine();
     UpdateAll();
 }
 
@@ -300,6 +326,7 @@ void COpenGLDrawer::keyPressEvent(QKeyEvent* pEvent)
     m_input.SetModifiers(pEvent->modifiers());
     if (pEvent->key() == Qt::Key_Escape) {
         m_input.Clear();
+        HideMeasureLine();
         m_eMode = MouseNormal;
         emit SignalMode(MouseNormal);
         UpdateAll();
@@ -310,7 +337,7 @@ void COpenGLDrawer::keyPressEvent(QKeyEvent* pEvent)
         return;
     }
     const bool bRepeat = pEvent->isAutoRepeat();
-    m_input.PressKey(pEvent->key());
+    m_input.PressKey(pEvent->key(), pEvent->nativeScanCode());
     StartTimer();
     if (!bRepeat && !PlainKey(*pEvent) && !KeyAction(CurrentAction(), pEvent->modifiers()))
         QOpenGLWidget::keyPressEvent(pEvent);
@@ -322,7 +349,9 @@ void COpenGLDrawer::keyReleaseEvent(QKeyEvent* pEvent)
         return;
     m_input.SetModifiers(pEvent->modifiers());
     if (!pEvent->isAutoRepeat())
-        m_input.ReleaseKey(pEvent->key());
+        m_input.ReleaseKey(pEvent->key(), pEvent->nativeScanCode());
+    if (!IsMeasuring())
+        HideMeasureLine();
     StartTimer();
     UpdateAll();
 }

@@ -69,14 +69,27 @@ void COpenGLDrawer::PickPoint()
     m_picked = ViewPicker::FirstPoint(area);
     if (!m_picked.point.bHasPoint)
         return;
-    const ISelectable* const pHover = m_hover.Current();
-    CWidgetManager::Instance().SetStatusText(
-        StatusText::OfPoint(pHover ? pHover->name() : m_picked.point.sItemName, m_picked.point));
-    if (m_measureFrom && CurrentAction() == MouseMeasureDistance) {
+    // Not the hovered item's name: while the key is held, the pointer goes on to others.
+    CWidgetManager::Instance().SetStatusText(StatusText::OfPoint(m_picked.point.sItemName, m_picked.point));
+    if (m_bMeasureShown && IsMeasuring()) {
         m_measureTo = m_picked.displayed;
         CWidgetManager::Instance().SetStatusText(StatusText::Distance(*m_measureFrom, *m_measureTo));
         UpdateCamera();
     }
+}
+
+/** The key of a measurement is down: the second end of its line follows the pointer. */
+bool COpenGLDrawer::IsMeasuring() const
+{
+    const MouseAction_e eAction = CurrentAction();
+    return eAction == MouseMeasureDistance || eAction == MousePointInformation;
+}
+
+/** The next press goes on from the same place. */
+void COpenGLDrawer::HideMeasureLine()
+{
+    m_measureTo.reset();
+    m_bMeasureShown = false;
 }
 
 void COpenGLDrawer::MeasurePress()
@@ -86,6 +99,7 @@ void COpenGLDrawer::MeasurePress()
         return;
     const std::optional<DVector3D> former = std::exchange(m_measureFrom, m_picked.displayed);
     m_measureTo.reset();
+    m_bMeasureShown = true;
     if (former) {
         m_measureTo = former;
         CWidgetManager::Instance().SetStatusText(StatusText::DistanceFromPrevious(*former, *m_measureFrom));
