@@ -149,7 +149,7 @@ TEST_F(Plot3DModule, WhatMakesNoCaseIsToldAndLeavesNone)
 TEST_F(Plot3DModule, CommandsThatCanBeUsedAreNotGrey)
 {
     EXPECT_EQ(States(m_window.m_importMenu),
-              QStringList({"Plot3D...", "Analyze Display...", "FieldView Restart... -"}));
+              QStringList({"Plot3D...", "Analyze Display...", "FieldView Restart..."}));
     m_module.ShowModuleWidgets(VIEW);
     EXPECT_FALSE(m_module.GetMenus()[0]->menuAction()->isVisible());
     const qint64 nId = m_module.OpenPlot3D({WriteGrid()}, VIEW);
