@@ -164,6 +164,7 @@ protected:
 private:
     template <class Drawable, class Visitor> static void VisitFields(Drawable& drawable, Visitor& visit);
     void TakeDisplayType(qint64 nType);
+    void WriteExtremes(QJsonObject& display) const;
     bool OwnerShows(bool (ISelectable::*is)() const, bool bRespect) const;
 
     const qint64 m_nSerial;

@@ -136,6 +136,19 @@ void CDrawable::TakeDisplayType(qint64 nType)
         m_eDisplayType = static_cast<DisplayType_e>(nType);
 }
 
+/** For who reads the file: least and greatest value of the scalar with their places, where they are known. */
+void CDrawable::WriteExtremes(QJsonObject& display) const
+{
+    const SPickedPoint least = minimumRecord(), greatest = maximumRecord();
+    if (!m_bValuesValid || !least.bHasPoint || !greatest.bHasPoint)
+        return;
+    const auto place = [](const DVector3D& xyz) { return QJsonArray{xyz.x, xyz.y, xyz.z}; };
+    display["minValue"] = least.dValue;
+    display["maxValue"] = greatest.dValue;
+    display["minPoint"] = place(least.xyz);
+    display["maxPoint"] = place(greatest.xyz);
+}
+
 QJsonObject CDrawable::toJson() const
 {
     CJsonFieldWriter writer;
@@ -150,6 +163,7 @@ QJsonObject CDrawable::toJson() const
     display["colormapName"] = pMap ? pMap->sName : QString();
     display["colormapRange"] = QJsonArray{m_colormap.dMinimum, m_colormap.dMaximum};
     display["annotationColormap"] = m_pLegend->toJson();
+    WriteExtremes(display);
     return display;
 }
 

@@ -26,7 +26,8 @@ class CDisplayWithoutOpenGL
 public:
     CDisplayWithoutOpenGL()
     {
-        m_server.start("Xvfb", {"-displayfd", "1", "-extension", "GLX", "-nolisten", "tcp"});
+        // It would begin anew between the one look at it and the next, and refuse the second.
+        m_server.start("Xvfb", {"-displayfd", "1", "-extension", "GLX", "-nolisten", "tcp", "-noreset"});
         if (m_server.waitForReadyRead(20000))
             m_sName = ':' + QString::fromLatin1(m_server.readLine()).trimmed();
     }

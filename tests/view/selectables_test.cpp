@@ -79,6 +79,23 @@ TEST_F(Selectables, ABlockIsShownByTheFacesOfThePreferenceInFull)
     EXPECT_EQ(FacesToShow({5, 4, 3}, 77), QVector<int>{4});
 }
 
+TEST_F(Selectables, TheJsonTellsTheExtremesOfAScalarThatIsShown)
+{
+    CSurfaceSelectable* const pSurface = AddSurface();
+    IDrawable& drawable = *pSurface->drawables().first();
+    drawable.setScalarVariable(Id("X"));
+    drawable.setGeometricColor(false);
+    EXPECT_FALSE(drawable.toJson().contains("minValue")) << "nothing was read yet";
+    drawable.build();
+    const SValueRange range = pSurface->rangeOfVariable(Id("X"));
+    const QJsonObject json = drawable.toJson();
+    EXPECT_EQ(json["minValue"].toDouble(), range.dMin);
+    EXPECT_EQ(json["maxValue"].toDouble(), range.dMax);
+    EXPECT_EQ(json["maxPoint"].toArray().at(0).toDouble(), range.dMax) << "the scalar is X itself";
+    drawable.setScalarVariable(Id("Y"));
+    EXPECT_FALSE(drawable.toJson().contains("minValue")) << "of the former scalar";
+}
+
 TEST_F(Selectables, EverySettingComesBackFromBytesAndJson)
 {
     for (const bool bSurface : {false, true}) {

@@ -21,8 +21,7 @@ QByteArray CAnnotation::toBinary() const
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     PrepareStream(stream);
-    constexpr bool HOT = false; // the pointer's matter: where it stands changes no state
-    stream << m_state.bVisible << HOT << m_state.bSolid << m_state.bOutline << m_state.brush
+    stream << m_state.bVisible << m_state.bHot << m_state.bSolid << m_state.bOutline << m_state.brush
            << m_state.position << m_state.size << m_state.bKeep;
     return bytes;
 }
