@@ -1,6 +1,7 @@
 #include "view/surfacedrawable.h"
 
 #include "data/gridmanager.h"
+#include "data/loadedleaves.h"
 #include "data/solutionmanager.h"
 #include "data/solutions/istructredsolution.h"
 #include "data/variables/variablemanager.h"
@@ -42,17 +43,6 @@ SSurfacePlane OfCells(SSurfacePlane plane, const IVector3D& cells)
         plane.end[nAxis] = std::max(plane.start[nAxis], std::min(plane.end[nAxis] - 1, cells[nAxis]));
     plane.constants[plane.nDirection] = std::min(plane.constants[plane.nDirection], cells[plane.nDirection]);
     return plane;
-}
-
-/**
- * Asked after a read: false if some of the grids or solutions behind it couldn't be loaded. One that was
- * never loaded has been read in part.
- */
-template <class Source> bool AreLoaded(const QVector<Source*>& leaves)
-{
-    return std::all_of(leaves.begin(), leaves.end(), [](const Source* pLeaf) {
-        return pLeaf->GetStatus() == LoadOk || pLeaf->GetStatus() == LoadNever;
-    });
 }
 
 bool WasRead(IGrid& grid)

@@ -4,6 +4,7 @@
 #include "app/batch/commands.h"
 #include "app/batch/jsonwriter.h"
 #include "data/gridmanager.h"
+#include "data/loadedleaves.h"
 #include "data/solutionmanager.h"
 #include "data/variables/variablemanager.h"
 
@@ -56,6 +57,8 @@ bool WriteValues(CJsonWriter& json, const CBatchCase& batchCase, qint64 nBlock, 
             json.Value(place ? pField->InterpolateVectorAt(*place, ijk, grid) : pField->GetVector(ijk));
         else
             json.Value(place ? pField->InterpolateAt(*place, ijk, grid) : pField->GetValue(ijk));
+        if (pField && !AreLoaded(pField->GetLeafSolutions()))
+            return false;
         json.EndObject();
     }
     json.EndArray();

@@ -79,9 +79,10 @@ QString CVirtualDisplay::Start()
         return "can't start Xvfb: no pipe";
     fcntl(pipeEnds[0], F_SETFD, FD_CLOEXEC);
     QByteArray number = QByteArray::number(pipeEnds[1]);
+    // Without -noreset it begins anew when the client that asks for OpenGL leaves, and refuses the next.
     const char* const arguments[] = {
-        "Xvfb", "-displayfd", number.constData(), "-screen", "0",    "640x480x24",
-        "-dpi", "96",         "-nolisten",        "tcp",     nullptr};
+        "Xvfb", "-displayfd", number.constData(), "-screen", "0",        "640x480x24",
+        "-dpi", "96",         "-nolisten",        "tcp",     "-noreset", nullptr};
     const pid_t nParent = getpid();
     m_nPid = fork();
     if (m_nPid == 0)
