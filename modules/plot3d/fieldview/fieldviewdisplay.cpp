@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr int MOST_SURFACES = 100'000; // of all blocks together
+
 QJsonArray ToJson(const DVector3D& point) { return {point.x, point.y, point.z}; }
 QJsonArray ToJson(const SValueRange& range) { return {range.dMin, range.dMax}; }
 
@@ -47,9 +49,10 @@ void PutColors(const SFieldViewRestart& restart, const SFieldViewLook& look, QJs
             drawable[sKey] = color.name(QColor::HexArgb);
     drawable["geometricColor"] = !UsesScalar(look);
     drawable["scalarVariable"] = look.sScalar;
-    drawable["colormapName"] = restart.sColormap;
-    if (look.scalarRange)
-        drawable["colormapRange"] = ToJson(*look.scalarRange);
+    drawable["colormapName"] = look.sColormap.isEmpty() ? restart.sColormap : look.sColormap;
+    const std::optional<SValueRange>& range = look.bUseLocalRange ? look.localRange : look.scalarRange;
+    if (range)
+        drawable["colormapRange"] = ToJson(*range);
 }
 
 QJsonObject ToDrawable(const SFieldViewRestart& restart, const SFieldViewLook& look)
@@ -105,8 +108,10 @@ QJsonObject ToSurface(const SFieldViewRestart& restart, const SFieldViewSurface&
 QJsonArray ToBlocks(const SFieldViewRestart& restart)
 {
     QMap<qint64, QJsonArray> surfaces; // by grid
+    int nSurfaces = 0;
     for (const SFieldViewSurface& surface : restart.surfaces)
-        surfaces[surface.nGrid].append(ToSurface(restart, surface));
+        for (qint64 n = surface.nGrid; n <= surface.nLastGrid && nSurfaces < MOST_SURFACES; ++n, ++nSurfaces)
+            surfaces[n].append(ToSurface(restart, surface));
     const QJsonArray nothing = {QJsonObject{{"visible", false}}};
     QJsonArray blocks;
     for (auto it = surfaces.constBegin(); it != surfaces.constEnd(); ++it)

@@ -39,6 +39,10 @@ const QHash<QString, QString>& VariableTable()
     return names;
 }
 
+/** "Density (Q1)": the arrays of a Q file by their place. */
+constexpr std::pair<const char*, const char*> Q_ARRAYS[] = {
+    {"(q1)", "R"}, {"(q2)", "RU"}, {"(q3)", "RV"}, {"(q4)", "RW"}, {"(q5)", "RE"}};
+
 constexpr const char* COLORMAPS[] = {"RGB LINEAR", "ZEBRA", "NASA1",  "NASA2",
                                      "Inferno",    "Magma", "Plasma", "Viridis"};
 
@@ -138,6 +142,12 @@ void TakeLook(SFieldViewLook& look, const QString& sKey, const QString& sValue)
         look.sThreshold = TranslateFieldViewVariable(Unquoted(sValue));
     else if (sKey == "scalar_min_max" || sKey == "scalar_minmax")
         look.scalarRange = RangeOf(sValue);
+    else if (sKey == "local_scalar_min_max")
+        look.localRange = RangeOf(sValue);
+    else if (sKey == "use_local_scalar_minmax")
+        TakeFlag(sValue, look.bUseLocalRange);
+    else if (sKey == "color_map_type")
+        look.sColormap = ColormapOf(Unquoted(sValue));
     else if (sKey == "thresh_min_max" || sKey == "thresh_minmax")
         look.thresholdRange = RangeOf(sValue);
     else if (sKey == "number_of_contours")
@@ -170,7 +180,8 @@ public:
         if (nColon <= 0)
             return;
         const QString sKey = sLine.left(nColon).trimmed().toLower(), sValue = sLine.mid(nColon + 1).trimmed();
-        if (sKey.endsWith("_restart_version"))
+        if (sKey.endsWith("_restart_version") &&
+            sKey != "colormap_atts_restart_version") // stands in a surface
             m_eSection = SectionOf(sKey);
         else
             TakeKey(sKey, sValue);
@@ -268,7 +279,7 @@ private:
             ++m_nWall;
             m_nIndex = 0;
             surfaces.append(SFieldViewSurface());
-            surfaces.last().nGrid = nGrid;
+            surfaces.last().nGrid = surfaces.last().nLastGrid = nGrid;
         }
         if (!surfaces.isEmpty() && m_nWall > 0)
             TakeSurfaceKey(surfaces.last(), sKey, sValue);
@@ -278,7 +289,9 @@ private:
     {
         const int nAxis = std::min(m_nIndex, 2);
         if (sKey == "start_grid" && IndexOf(sValue)) {
-            surface.nGrid = *IndexOf(sValue);
+            surface.nGrid = surface.nLastGrid = *IndexOf(sValue);
+        } else if (sKey == "end_grid" && IndexOf(sValue)) {
+            surface.nLastGrid = std::max(surface.nGrid, *IndexOf(sValue));
         } else if (sKey == "min") {
             surface.first[nAxis] = IndexOf(sValue);
         } else if (sKey == "max") {
@@ -350,6 +363,14 @@ std::optional<QString> ReadText(const QString& sFileName)
     return bytes.contains('\0') ? std::nullopt : std::optional(QString::fromUtf8(bytes));
 }
 
+/** Whether it begins with the version of a section: grids may have the same name but for the ending. */
+bool IsCompanion(const QString& sFileName)
+{
+    constexpr qint64 HEAD = 256; // [bytes]
+    QFile file(sFileName);
+    return file.open(QIODevice::ReadOnly) && file.read(HEAD).contains("_restart_version:");
+}
+
 } // namespace
 
 bool IsFieldViewRestart(const QString& sFileName)
@@ -382,10 +403,11 @@ std::optional<SFieldViewRestart> ReadFieldViewRestart(const QString& sFileName)
     SFieldViewRestart restart;
     ReadFieldViewText(*main, restart);
     const QFileInfo info(sFileName);
-    const QString sPattern = info.completeBaseName() + ".*";
-    for (const QFileInfo& companion : info.dir().entryInfoList({sPattern}, QDir::Files, QDir::Name))
-        if (const auto text = companion == info ? std::nullopt : ReadText(companion.filePath()))
-            ReadFieldViewText(*text, restart);
+    for (const QFileInfo& file : info.dir().entryInfoList(QDir::Files, QDir::Name))
+        if (file.completeBaseName() == info.completeBaseName() && file != info &&
+            IsCompanion(file.filePath()))
+            if (const auto text = ReadText(file.filePath()))
+                ReadFieldViewText(*text, restart);
     return restart;
 }
 
@@ -393,6 +415,9 @@ QString TranslateFieldViewVariable(const QString& sName)
 {
     constexpr const char* SUFFIX = " [plot3d]";
     const QString sLower = sName.trimmed().toLower();
+    for (const auto& [sEnd, sArray] : Q_ARRAYS)
+        if (sLower.endsWith(sEnd))
+            return sArray;
     if (!sLower.endsWith(SUFFIX))
         return sName.trimmed();
     QString sPlain = sLower.left(sLower.size() - int(qstrlen(SUFFIX))).replace('-', ' ');

@@ -29,6 +29,9 @@ struct SFieldViewLook
     QString sVector;
     QString sThreshold;
     std::optional<SValueRange> scalarRange;
+    std::optional<SValueRange> localRange; ///< counts in its place where bUseLocalRange says so
+    bool bUseLocalRange = false;
+    QString sColormap; ///< the system's own name; empty: that of all
     std::optional<SValueRange> thresholdRange;
     int nContours = 0; ///< 0: not said
     int nVectorSkip = 0;
@@ -40,7 +43,8 @@ struct SFieldViewLook
 struct SFieldViewSurface
 {
     qint64 nGrid = 1;
-    int nDirection = 2; ///< 0 I, 1 J, 2 K
+    qint64 nLastGrid = 1; ///< the plane is in all from nGrid to this one
+    int nDirection = 2;   ///< 0 I, 1 J, 2 K
     std::array<qint64, 3> current = {1, 1, 1};
     /** First and last index in each direction; nothing: all. */
     std::array<std::optional<qint64>, 3> first;

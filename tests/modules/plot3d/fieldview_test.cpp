@@ -61,7 +61,8 @@ TEST_F(FieldView, AFileIsOneByBothMarksInItsFirstHundredLines)
     EXPECT_FALSE(IsFieldViewRestart(Path("none.dat")));
     EXPECT_EQ(TranslateFieldViewVariable("velocity magnitude [plot3d]"), "Vmag[Q]");
     EXPECT_EQ(TranslateFieldViewVariable("Momentum Vectors [PLOT3D]"), "Momentum");
-    EXPECT_EQ(TranslateFieldViewVariable("Density (Q1)"), "Density (Q1)");
+    EXPECT_EQ(TranslateFieldViewVariable("Density (Q1)"), "R");
+    EXPECT_EQ(TranslateFieldViewVariable("Gamma"), "Gamma");
 }
 
 TEST_F(FieldView, MainFileAndCompanionsBecomeADisplay)
@@ -105,6 +106,36 @@ TEST_F(FieldView, MainFileAndCompanionsBecomeADisplay)
     EXPECT_EQ(plane["planeValue"], 2.5);
     const QJsonObject rake = document.display["streamlines"].toArray()[0].toObject();
     EXPECT_EQ(rake["seedDrawable"].toObject()["xyzList"].toArray().size(), 2) << "one seed was no point";
+}
+
+TEST_F(FieldView, WhatStandsInsideASurfaceBelongsToItAlone)
+{
+    const QByteArray head = "comp_surf_restart_version: 10\nnum_of_walls_per_grid: 2\n";
+    SFieldViewRestart restart;
+    ReadFieldViewText(
+        head + "dataset: *\nstart_grid: 2\nend_grid: 4\ndisplay_type: 3\nscalar_funct: \"Z (Q3)\"\n"
+               "colormap_atts_restart_version: 1\ncolor_map_type: 3\n"
+               "use_local_scalar_minmax: 1\nlocal_scalar_min_max: 2 3\nvisibility: 0\n"
+               "dataset: *\nstart_grid: *\ndisplay_type: 1\n",
+        restart);
+    const SDisplayDocument document = ToDisplayDocument(restart);
+    ASSERT_EQ(document.display["meshBlocks"].toArray().size(), 4) << "one of grid 1, the other of 2 to 4";
+    const QJsonObject drawable = Surface(document, 3, 0)["drawables"].toArray()[0].toObject();
+    EXPECT_EQ(drawable["visible"], false) << "behind the colours";
+    EXPECT_EQ(drawable["colormapName"], "NASA1");
+    EXPECT_EQ(drawable["colormapRange"], (QJsonArray{2, 3}));
+    EXPECT_EQ(Surface(document, 0, 0)["drawables"].toArray()[0].toObject()["colormapName"], "");
+}
+
+TEST_F(FieldView, OnlyTextsOfTheSameNameAreCompanions)
+{
+    WriteText("data/run[1].dat", MAIN);
+    WriteText("data/run[1].cmp", SURFACES);
+    WriteText("data/run[1].log", "# of the solver\ncomp_surf: 1\ndataset: *\nscale: 7\n");
+    const auto restart = ReadFieldViewRestart(Path("data/run[1].dat"));
+    ASSERT_TRUE(restart);
+    EXPECT_EQ(restart->surfaces.size(), 3);
+    EXPECT_EQ(restart->dScale, 2.0);
 }
 
 TEST_F(FieldView, TheImportShowsItsSurfacesInTheBlocks)
