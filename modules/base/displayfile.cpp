@@ -114,20 +114,19 @@ bool ReadDocument(ISimulation& simulation, const QByteArray& bytes, const QStrin
     return bShown || Tell("Failed to load display data from:\n%1", sFile);
 }
 
-/** A name that no file has: two views may close within a second. */
-QString FreeName(const QString& sDirectory)
+} // namespace
+
+QString FreeDisplayFile(const QString& sDirectory, const QString& sEnd)
 {
     constexpr int MOST_TRIES = 60;
     const QDateTime now = QDateTime::currentDateTime();
     QString sName;
     for (int nSecond = 0; nSecond < MOST_TRIES && (sName.isEmpty() || QFileInfo::exists(sName)); ++nSecond)
-        sName = QString("%1%2%3~analyze.disp")
+        sName = QString("%1%2%3~%4")
                     .arg(sDirectory, QString(QDir::separator()),
-                         now.addSecs(nSecond).toString("yyyy-MM-dd~hh:mm:ss"));
+                         now.addSecs(nSecond).toString("yyyy-MM-dd~hh:mm:ss"), sEnd);
     return sName;
 }
-
-} // namespace
 
 QByteArray MakeDisplayFile(const ISimulation& simulation, qint64 nViewId)
 {
@@ -148,7 +147,7 @@ void WriteDisplayFile(const ISimulation& simulation, qint64 nViewId)
     const QString sDirectory = Get(simulation, SimulationKey::DIRECTORY);
     if (CWidgetManager::Instance().GetViewerById(nViewId) && !sDirectory.isEmpty() &&
         QDir(sDirectory).exists())
-        ReplaceFile(FreeName(sDirectory), MakeDisplayFile(simulation, nViewId));
+        ReplaceFile(FreeDisplayFile(sDirectory, "analyze.disp"), MakeDisplayFile(simulation, nViewId));
 }
 
 bool ReadDisplayFile(ISimulation& simulation, const QString& sFile, qint64 nViewId)

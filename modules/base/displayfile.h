@@ -6,6 +6,9 @@ class QString;
 
 // Display files of a case (docs/formats/displayfiles.md). Every problem is told to the user.
 
+/** A name in the directory that no file has, by the time of day: two views may close within a second. */
+QString FreeDisplayFile(const QString& sDirectory, const QString& sEnd);
+
 /** What a display file of the view holds now. */
 QByteArray MakeDisplayFile(const ISimulation& simulation, qint64 nViewId);
 

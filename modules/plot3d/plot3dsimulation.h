@@ -58,6 +58,13 @@ public:
     /** The next ChooseDisplayFile asks nothing: what the user wants to see was part of another choice. */
     void SetDisplayChosen() { m_bDisplayChosen = true; }
     bool LoadDisplayFile(const QString& sFile, qint64 nViewId) override;
+    /**
+     * Shows what was chosen beside the data, a display file or a FieldView restart, on the data that are
+     * there.
+     *
+     * @return false, after telling why, if that isn't possible; true if nothing was chosen
+     */
+    bool ShowDisplayOf(const CCaseRecords& records, qint64 nViewId);
     QJsonObject SaveDataFiles() const override;
     /** Its directory is that of the display file afterwards. */
     QString LoadDataFiles(const QJsonObject& settings, const QString& sFolder) override;
@@ -129,6 +136,7 @@ private:
 
     SPlot3DCase m_case; // as it was examined last
     bool m_bDisplayChosen = false;
+    bool m_bKeepData = false;    // while a display goes onto them that may name others
     bool m_bDataMissing = false; // not all files of the stored case could be registered
     QMap<qint64, SKeptDisplay>
         m_keptDisplays; // by view, while data are missing: to show and store them again

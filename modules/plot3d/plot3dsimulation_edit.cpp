@@ -44,11 +44,11 @@ bool CPlot3DSimulation::EditData()
     if (records.IsDisplayAlone()) {
         if (m_case.blocks.isEmpty())
             TellNoData();
-        return !m_case.blocks.isEmpty() && LoadDisplayFile(records.sDisplayFile, nViewId);
+        return !m_case.blocks.isEmpty() && ShowDisplayOf(records, nViewId);
     }
     if (const QString sError = Load(records); !sError.isEmpty())
         return UserPrompt::Tell(PromptWarning, "Grid File", sError);
-    return records.sDisplayFile.isEmpty() || LoadDisplayFile(records.sDisplayFile, nViewId);
+    return ShowDisplayOf(records, nViewId);
 }
 
 void CPlot3DSimulation::TellNoData()

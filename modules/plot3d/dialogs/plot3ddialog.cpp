@@ -61,7 +61,8 @@ CPlot3DDialog::CPlot3DDialog(QWidget* pParent) : QDialog(pParent), m_pUi(new Ui:
     pHeader->setSectionResizeMode(ColumnButtons, QHeaderView::ResizeToContents);
     for (QToolButton* const pButton : {m_pUi->m_pBrowseFieldViewB, m_pUi->m_pBrowseDisplayB})
         pButton->setIcon(ThemeIcon(":/Icons/Browse.png"));
-    m_pUi->m_pDeleteDisplayB->setIcon(ThemeIcon(":/Icons/Delete.png"));
+    for (QToolButton* const pButton : {m_pUi->m_pDeleteFieldViewB, m_pUi->m_pDeleteDisplayB})
+        pButton->setIcon(ThemeIcon(":/Icons/Delete.png"));
     Fill();
 }
 

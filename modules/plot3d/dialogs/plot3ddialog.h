@@ -41,6 +41,7 @@ protected:
 private slots:
     void on_m_pTransientCB_toggled(bool bChecked);
     void on_m_pBrowseFieldViewB_clicked();
+    void on_m_pDeleteFieldViewB_clicked();
     void on_m_pBrowseDisplayB_clicked();
     void on_m_pDeleteDisplayB_clicked();
     void on_m_pNoDataReadCB_toggled(bool bChecked);
@@ -56,7 +57,6 @@ private:
 
     void Fill();
     void FillDisplay();
-    bool TakeDisplay(const QString& sFile);
     void FillRow(QTreeWidgetItem* pItem, const SRow& row);
     QWidget* MakeButtons(const SRow& row);
     const CFileRecord* RecordOf(const SRow& row) const;
@@ -68,6 +68,5 @@ private:
 
     const std::unique_ptr<Ui::CPlot3DDialog> m_pUi;
     CCaseRecords m_records;
-    QString m_sRestartFile; // that the display file was made of
     bool m_bFilling = false;
 };

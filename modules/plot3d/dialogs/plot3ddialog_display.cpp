@@ -3,18 +3,16 @@
 #include "frame/userprompt.h"
 #include "modules/plot3d/datafilekeys.h"
 #include "modules/plot3d/dialogs/plot3ddialog.h"
-#include "modules/plot3d/fieldview/fieldviewchoice.h"
+#include "modules/plot3d/fieldview/fieldviewimport.h"
 #include "simulation/displayfilechoice.h"
 #include "ui_plot3ddialog.h"
 
-#include <QFileInfo>
-
 void CPlot3DDialog::FillDisplay()
 {
-    const bool bHasFile = !m_records.sDisplayFile.isEmpty();
-    m_pUi->m_pFieldViewE->setText(m_sRestartFile);
+    m_pUi->m_pFieldViewE->setText(m_records.sRestartFile);
+    m_pUi->m_pDeleteFieldViewB->setEnabled(!m_records.sRestartFile.isEmpty());
     m_pUi->m_pDisplayFileE->setText(m_records.sDisplayFile);
-    m_pUi->m_pDeleteDisplayB->setEnabled(bHasFile);
+    m_pUi->m_pDeleteDisplayB->setEnabled(!m_records.sDisplayFile.isEmpty());
     m_pUi->m_pNoDataReadCB->setChecked(m_records.bNoDataRead);
     m_pUi->m_pFilesL->setDisabled(m_records.bNoDataRead);
     m_pUi->m_pFilesTreeList->setDisabled(m_records.bNoDataRead);
@@ -24,46 +22,49 @@ void CPlot3DDialog::FillDisplay()
 
 void CPlot3DDialog::on_m_pBrowseFieldViewB_clicked()
 {
-    const QString sDirectory =
-        m_records.grid.IsEmpty() ? QString() : QFileInfo(m_records.grid.FileName()).absolutePath();
-    const SFieldViewChoice choice = AskFieldView(sDirectory);
-    if (choice.sDisplayFile.isEmpty() || !TakeDisplay(choice.sDisplayFile))
+    const QString sFile = AskFieldView();
+    if (sFile.isEmpty())
         return;
-    m_sRestartFile = choice.sRestartFile;
+    if (!m_records.bNoDataRead) {
+        const CWaitCursor wait;
+        FindFieldViewData(sFile, m_records); // what isn't found is for the user to choose
+    }
+    m_records.sDisplayFile.clear();
+    m_records.sRestartFile = sFile;
     Fill();
 }
 
 void CPlot3DDialog::on_m_pBrowseDisplayB_clicked()
 {
     const QString sFile = AskDisplayFile();
-    if (sFile.isEmpty() || !TakeDisplay(sFile))
+    if (sFile.isEmpty())
         return;
-    m_sRestartFile.clear();
-    Fill();
-}
-
-/** With the data that it names, unless those that are there stay; false, after telling why, if it can't be.
- */
-bool CPlot3DDialog::TakeDisplay(const QString& sFile)
-{
     CCaseRecords named;
     QString sProblem;
     {
         const CWaitCursor wait;
         sProblem = ReadDataOfDisplay(sFile, m_records.bNoDataRead, named);
     }
-    if (!sProblem.isEmpty())
-        return UserPrompt::Tell(PromptWarning, "Display File", sProblem);
+    if (!sProblem.isEmpty()) {
+        UserPrompt::Tell(PromptWarning, "Display File", sProblem);
+        return;
+    }
     if (!m_records.bNoDataRead)
         m_records = named;
+    m_records.sRestartFile.clear();
     m_records.sDisplayFile = sFile;
-    return true;
+    Fill();
+}
+
+void CPlot3DDialog::on_m_pDeleteFieldViewB_clicked()
+{
+    m_records.sRestartFile.clear();
+    Fill();
 }
 
 void CPlot3DDialog::on_m_pDeleteDisplayB_clicked()
 {
     m_records.sDisplayFile.clear();
-    m_sRestartFile.clear();
     Fill();
 }
 

@@ -1,13 +1,10 @@
 #include "modules/plot3d/fieldview/fieldviewdisplay.h"
 
-#include "frame/replacefile.h"
 #include "modules/base/displayoverrides.h"
 #include "modules/base/pairjson.h"
 #include "modules/base/storedcamera.h"
 #include "scene/displaytype.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QtMath>
 
@@ -162,34 +159,36 @@ QJsonObject ToViewer(const SFieldViewRestart& restart)
     return CameraToJson(camera);
 }
 
-QJsonObject ToDataFiles(const SFieldViewRestart& restart)
-{
-    QJsonObject keys;
-    if (!restart.sGridFileList.isEmpty())
-        keys["dataFiles.gridFile"] = restart.sGridFileList.first();
-    if (!restart.sQFileList.isEmpty())
-        keys["dataFiles.qFile"] = restart.sQFileList.first();
-    if (!restart.sFunctionFileList.isEmpty())
-        keys["dataFiles.functionFiles"] = QJsonArray::fromStringList(restart.sFunctionFileList);
-    return keys;
-}
-
 QJsonObject ToOverrides(const SFieldViewRestart& restart, const QJsonObject& display)
 {
     SMirrorSetting mirror;
     if (restart.nMirrorAxis >= 0)
         mirror.bActive[restart.nMirrorAxis] = true;
-    QJsonObject overrides = DisplayOverrides::Build({display, MirrorToJson(mirror), SectorsToJson({})});
-    const QJsonObject dataFiles = ToDataFiles(restart);
-    for (auto it = dataFiles.begin(); it != dataFiles.end(); ++it)
-        overrides[it.key()] = it.value();
-    return overrides;
+    return DisplayOverrides::Build({display, MirrorToJson(mirror), SectorsToJson({})});
+}
+
+void TakeComputed(SFieldViewLook& look, const QStringList& sVariableList)
+{
+    for (QString* const pName : {&look.sScalar, &look.sVector, &look.sThreshold})
+        if (const QString sComputed = *pName + "[Q]";
+            !sVariableList.contains(*pName) && sVariableList.contains(sComputed))
+            *pName = sComputed;
+}
+
+template <class Items> void TakeComputedOfAll(Items& items, const QStringList& sVariableList)
+{
+    for (auto& item : items)
+        TakeComputed(item.look, sVariableList);
 }
 
 } // namespace
 
-SDisplayDocument ToDisplayDocument(const SFieldViewRestart& restart)
+SDisplayDocument ToDisplayDocument(const SFieldViewRestart& named, const QStringList& sVariableList)
 {
+    SFieldViewRestart restart = named;
+    TakeComputedOfAll(restart.surfaces, sVariableList);
+    TakeComputedOfAll(restart.planes, sVariableList);
+    TakeComputedOfAll(restart.rakes, sVariableList);
     SDisplayDocument document;
     document.display = {{"meshBlocks", ToBlocks(restart)},
                         {"coordinateSurfaces", ToPlanes(restart)},
@@ -199,21 +198,4 @@ SDisplayDocument ToDisplayDocument(const SFieldViewRestart& restart)
     document.viewer = ToViewer(restart);
     document.overrides = ToOverrides(restart, document.display);
     return document;
-}
-
-SFieldViewImport ImportFieldView(const QString& sRestartFile, const QString& sDirectory)
-{
-    if (!IsFieldViewRestart(sRestartFile))
-        return {{},
-                "FieldView Import",
-                QString("This file is not a valid FieldView restart .dat file:\n%1").arg(sRestartFile)};
-    const std::optional<SFieldViewRestart> restart = ReadFieldViewRestart(sRestartFile);
-    if (!restart)
-        return {{}, "FieldView Import", "Failed to parse FieldView restart files."};
-    const QString sFolder = sDirectory.isEmpty() ? QFileInfo(sRestartFile).absolutePath() : sDirectory;
-    const QString sFile =
-        QString("%1%2fieldview-import~analyze.disp").arg(sFolder, QString(QDir::separator()));
-    if (!ReplaceFile(sFile, ToDisplayDocument(*restart).ToBytes()))
-        return {{}, "FieldView Restart", QString("Failed to save display file:\n%1").arg(sFile)};
-    return {sFile, {}, {}};
 }

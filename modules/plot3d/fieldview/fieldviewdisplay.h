@@ -3,20 +3,9 @@
 #include "modules/base/displaydocument.h"
 #include "modules/plot3d/fieldview/fieldviewrestart.h"
 
-/** What the restart shows, as a display file; its data files are named in the table
- * (docs/formats/fieldview.md). */
-SDisplayDocument ToDisplayDocument(const SFieldViewRestart& restart);
-
-/** A display file made of a restart, or what is to be told to the user. */
-struct SFieldViewImport
-{
-    QString sDisplayFile; ///< empty if there is none
-    QString sTitle;
-    QString sProblem;
-};
-
 /**
- * Writes "fieldview-import~analyze.disp" into the directory, in place of a former one; an empty directory is
- * that of the restart.
+ * What the restart shows, as a display file that names no data (docs/formats/fieldview.md).
+ *
+ * @param sVariableList  of the case: where a velocity component isn't one of them the computed one is taken
  */
-SFieldViewImport ImportFieldView(const QString& sRestartFile, const QString& sDirectory);
+SDisplayDocument ToDisplayDocument(const SFieldViewRestart& restart, const QStringList& sVariableList = {});

@@ -5,6 +5,7 @@
 #include "frame/userprompt.h"
 #include "modules/base/ui/blockedviews.h"
 #include "modules/plot3d/datafilekeys.h"
+#include "modules/plot3d/fieldview/fieldviewimport.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "modules/plot3d/ui/filesdialogeditor.h"
 #include "simulation/simulationmanager.h"
@@ -77,8 +78,8 @@ qint64 CPlot3DModule::Analyze(qint64 nViewId)
         return NO_ID;
     }
     const qint64 nId = OpenRecords(records, nViewId);
-    if (nId != NO_ID && !records.sDisplayFile.isEmpty()) {
-        FindSimulation(nId)->LoadDisplayFile(records.sDisplayFile, ViewOrActive(nViewId));
+    if (nId != NO_ID && records.HasDisplay()) {
+        FindSimulation(nId)->ShowDisplayOf(records, ViewOrActive(nViewId));
         FindSimulation(nId)->SetDisplayChosen();
     }
     return nId;
@@ -155,6 +156,27 @@ qint64 CPlot3DModule::OpenDataOf(const QString& sDisplayFile, qint64 nViewId)
         return OpenRecords(records, nViewId);
     UserPrompt::Tell(PromptWarning, "Display File", sProblem);
     return NO_ID;
+}
+
+/** The active case, with the data of the restart if they are found; without one a case of these data. Null,
+ * after telling why, if there is none. */
+CPlot3DSimulation* CPlot3DModule::CaseOfFieldView(const QString& sRestartFile)
+{
+    CPlot3DSimulation* const pActive = ActivePlot3D();
+    CCaseRecords records = pActive ? pActive->GetRecords() : CCaseRecords();
+    const CCaseRecords former = records;
+    const bool bFound = FindFieldViewData(sRestartFile, records);
+    if (!pActive && bFound)
+        return FindSimulation(OpenRecords(records, GetActiveViewId()));
+    QString sProblem;
+    if (!pActive)
+        sProblem = "Display file does not reference an accessible grid file.";
+    else if (bFound && !AreSameFiles(records, former))
+        sProblem = pActive->Load(records);
+    if (sProblem.isEmpty())
+        return pActive;
+    UserPrompt::Tell(PromptWarning, "FieldView Import", sProblem);
+    return nullptr;
 }
 
 bool CPlot3DModule::AddTransient(qint64 nSimulationId)

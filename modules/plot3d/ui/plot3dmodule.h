@@ -71,7 +71,10 @@ public slots:
      * one, in the case of the data that it names.
      */
     void SlotImportAnalyzeDisp();
-    /** Asks for a FieldView restart and shows what it shows. */
+    /**
+     * Asks for a FieldView restart and shows what it shows: in the case on top of the active view, which gets
+     * the data of the restart where they are found, or in a case of them.
+     */
     void SlotImportFieldViewRestart();
     /** Makes a surface in the middle of each selected block and opens them in the dock, one undo step. */
     void SlotCreateSurface();
@@ -103,7 +106,8 @@ private:
 
     void MakeActions();
     void MakeToolBar();
-    void ShowDisplayFile(const QString& sFile);
+    void TellShown(qint64 nViewId);
+    CPlot3DSimulation* CaseOfFieldView(const QString& sRestartFile);
     qint64 OpenDataOf(const QString& sDisplayFile, qint64 nViewId);
     qint64 OpenRecords(const CCaseRecords& records, qint64 nViewId);
     qint64 ShowOpenCase(const CCaseRecords& records, qint64 nViewId) const;

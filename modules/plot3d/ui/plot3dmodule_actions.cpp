@@ -6,7 +6,7 @@
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
-#include "modules/plot3d/fieldview/fieldviewchoice.h"
+#include "modules/plot3d/fieldview/fieldviewimport.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "modules/plot3d/ui/gridexport.h"
 #include "modules/plot3d/ui/itemcategories.h"
@@ -209,23 +209,18 @@ void CPlot3DModule::SlotImportPlot3D()
     CWidgetManager::Instance().UpdateActiveViewer();
 }
 
+void CPlot3DModule::TellShown(qint64 nViewId)
+{
+    RefreshDocks(nViewId);
+    CWidgetManager::Instance().UpdateActions();
+    CWidgetManager::Instance().UpdateActiveViewer();
+}
+
 void CPlot3DModule::SlotImportAnalyzeDisp()
 {
-    if (const QString sFile = AskDisplayFile(); !sFile.isEmpty())
-        ShowDisplayFile(sFile);
-}
-
-void CPlot3DModule::SlotImportFieldViewRestart()
-{
-    const CPlot3DSimulation* const pSimulation = ActivePlot3D();
-    const QString sDirectory = pSimulation ? Get(*pSimulation, SimulationKey::DIRECTORY) : QString();
-    if (const SFieldViewChoice choice = AskFieldView(sDirectory); !choice.sDisplayFile.isEmpty())
-        ShowDisplayFile(choice.sDisplayFile);
-}
-
-/** On the active case, or on one of the data that the file names. */
-void CPlot3DModule::ShowDisplayFile(const QString& sFile)
-{
+    const QString sFile = AskDisplayFile();
+    if (sFile.isEmpty())
+        return;
     const qint64 nViewId = GetActiveViewId();
     CPlot3DSimulation* pSimulation = ActivePlot3D();
     if (!pSimulation)
@@ -236,9 +231,24 @@ void CPlot3DModule::ShowDisplayFile(const QString& sFile)
         const CWaitCursor wait;
         pSimulation->LoadDisplayFile(sFile, nViewId);
     }
-    RefreshDocks(nViewId);
-    CWidgetManager::Instance().UpdateActions();
-    CWidgetManager::Instance().UpdateActiveViewer();
+    TellShown(nViewId);
+}
+
+void CPlot3DModule::SlotImportFieldViewRestart()
+{
+    CCaseRecords records;
+    records.sRestartFile = AskFieldView();
+    if (records.sRestartFile.isEmpty())
+        return;
+    const qint64 nViewId = GetActiveViewId();
+    {
+        const CWaitCursor wait;
+        CPlot3DSimulation* const pSimulation = CaseOfFieldView(records.sRestartFile);
+        if (!pSimulation)
+            return;
+        pSimulation->ShowDisplayOf(records, nViewId);
+    }
+    TellShown(nViewId);
 }
 
 void CPlot3DModule::SlotExportPlot3D()

@@ -1,11 +1,15 @@
 // FieldView restarts: what is read, and what is shown then.
-#include "modules/plot3d/fieldview/fieldviewchoice.h"
+#include "modules/plot3d/dialogs/plot3ddialog.h"
 #include "modules/plot3d/fieldview/fieldviewdisplay.h"
+#include "modules/plot3d/fieldview/fieldviewimport.h"
 #include "tests/modules/plot3d/showncase.h"
 #include "tests/support/promptscript.h"
 #include "view/selectables/surfaceselectable.h"
 
+#include <QCheckBox>
 #include <QJsonArray>
+#include <QLineEdit>
+#include <QToolButton>
 
 namespace {
 
@@ -70,8 +74,8 @@ TEST_F(FieldView, MainFileAndCompanionsBecomeADisplay)
     const auto restart = ReadFieldViewRestart(WriteRestart());
     ASSERT_TRUE(restart);
     const SDisplayDocument document = ToDisplayDocument(*restart);
-    EXPECT_EQ(document.overrides["dataFiles.gridFile"], "/gone/wing.x");
-    EXPECT_EQ(document.overrides["dataFiles.qFile"], "/gone/flow1.q");
+    EXPECT_EQ(restart->sGridFileList, QStringList{"/gone/wing.x"});
+    EXPECT_EQ(restart->sQFileList, QStringList{"/gone/flow1.q"});
     EXPECT_EQ(document.overrides["mirror.Y"], true);
     EXPECT_EQ(document.overrides["mirror.X"], false);
     const auto camera = CameraFromJson(document.viewer);
@@ -142,10 +146,11 @@ TEST_F(FieldView, TheImportShowsItsSurfacesInTheBlocks)
 {
     OpenWindow();
     CPlot3DSimulation* const pCase = OpenData();
-    const SFieldViewImport made = ImportFieldView(WriteRestart(), {});
-    ASSERT_EQ(made.sProblem, "");
-    EXPECT_EQ(made.sDisplayFile, Path("data/fieldview-import~analyze.disp"));
-    ASSERT_TRUE(pCase->LoadDisplayFile(made.sDisplayFile, VIEW));
+    ASSERT_TRUE(ShowFieldView(*pCase, WriteRestart(), VIEW));
+    EXPECT_TRUE(QRegularExpression(R"(^\d{4}-\d\d-\d\d~\d\d:\d\d:\d\d~fieldview-import~analyze\.disp$)")
+                    .match(DisplayFiles().value(0))
+                    .hasMatch());
+    EXPECT_EQ(pCase->GetExtraText(), Path("data/" + DisplayFiles().value(0)));
     const QVector<CItem*> surfaces = pCase->GetItems(KindSurface);
     ASSERT_EQ(surfaces.size(), 3);
     auto* const pFirst = static_cast<CSurfaceSelectable*>(Shown(*pCase, surfaces[0]->GetId()));
@@ -164,18 +169,111 @@ TEST_F(FieldView, WhatIsNoRestartIsTold)
 {
     WriteText("no.dat", "nothing");
     CPromptScript user;
+    user.ChooseFile("");
+    EXPECT_EQ(AskFieldView(), "");
+    EXPECT_EQ(user.AskedFiles().first().sTitle, "Select FieldView Restart File");
+    EXPECT_EQ(user.AskedFiles().first().sFilter, "FieldView Restart (*.dat);;All Files (*)");
     user.ChooseFile(Path("no.dat"));
     user.Press("Ok");
-    EXPECT_EQ(AskFieldView({}).sDisplayFile, "");
+    EXPECT_EQ(AskFieldView(), "");
     EXPECT_EQ(user.Asked().first().sTitle, "FieldView Import");
     EXPECT_EQ(user.Asked().first().sText,
               QString("This file is not a valid FieldView restart .dat file:\n%1").arg(Path("no.dat")));
-    EXPECT_EQ(user.AskedFiles().first().sTitle, "Select FieldView Restart File");
-    user.ChooseFile(WriteRestart());
+
+    CPlot3DSimulation* const pCase = OpenData();
+    const QString sFile = WriteRestart();
+    const QByteArray shown = pCase->SaveViewState(VIEW);
+    Set(*pCase, SimulationKey::DIRECTORY, Path("no such folder"));
     user.Press("Ok");
-    EXPECT_EQ(AskFieldView(Path("no such folder")).sDisplayFile, "");
+    EXPECT_FALSE(ShowFieldView(*pCase, sFile, VIEW));
     EXPECT_EQ(user.Asked().last().sTitle, "FieldView Restart");
-    EXPECT_TRUE(user.Asked().last().sText.startsWith("Failed to save display file:\n"));
+    EXPECT_EQ(user.Asked().last().sText,
+              "Failed to save display file:\n" + Path("no such folder/fieldview-import~analyze.disp"));
+    EXPECT_EQ(pCase->SaveViewState(VIEW), shown);
+}
+
+TEST_F(FieldView, AVelocityThatOnlyTheFormulasGiveIsTaken)
+{
+    SFieldViewRestart restart;
+    ReadFieldViewText("comp_surf_restart_version: 10\ndataset: *\nscalar_funct: \"u-velocity [PLOT3D]\"\n",
+                      restart);
+    const auto scalar = [&](const QStringList& sVariableList) {
+        const SDisplayDocument document = ToDisplayDocument(restart, sVariableList);
+        return Surface(document, 0, 0)["drawables"].toArray()[0].toObject()["scalarVariable"].toString();
+    };
+    EXPECT_EQ(scalar({"U[Q]"}), "U[Q]");
+    EXPECT_EQ(scalar({"U", "U[Q]"}), "U");
+    EXPECT_EQ(scalar({}), "U");
+}
+
+TEST_F(FieldView, TheCommandTakesTheDataBesideTheRestart)
+{
+    OpenWindow();
+    CPlot3DSimulation* const pCase = OpenData();
+    ASSERT_TRUE(QDir().mkpath(Path("restart")));
+    Write("restart/small.x", 2, KindGrid, {{{7, 6, 5}, 2}});
+    WriteText("restart/a.cmp", SURFACES);
+    WriteText("restart/a.dat", QByteArray(MAIN).replace("wing.x", "small.x"));
+    WriteText("restart/lost.dat", QByteArray(MAIN).replace("wing.x", "lost.x"));
+    CPromptScript user;
+    user.ChooseFile(Path("restart/lost.dat"));
+    m_module.SlotImportFieldViewRestart();
+    EXPECT_EQ(pCase->GetItems(KindBlock).size(), 4) << "without its data it goes onto those that are there";
+    user.ChooseFile(Path("restart/a.dat"));
+    m_module.SlotImportFieldViewRestart();
+    EXPECT_EQ(pCase->GetItems(KindBlock).size(), 1);
+    EXPECT_EQ(pCase->GetItems(KindSurface).size(), 1);
+    EXPECT_EQ(CSimulationManager::Instance().GetSimulationIds().size(), 1);
+    CloseAll();
+    user.ChooseFile(Path("restart/lost.dat"));
+    user.Press("Ok");
+    m_module.SlotImportFieldViewRestart();
+    EXPECT_EQ(user.Asked().last().sText, "Display file does not reference an accessible grid file.");
+    EXPECT_TRUE(CSimulationManager::Instance().GetSimulationIds().isEmpty());
+    user.ChooseFile(Path("restart/a.dat"));
+    m_module.SlotImportFieldViewRestart();
+    ASSERT_EQ(CSimulationManager::Instance().GetSimulationIds().size(), 1) << "a case of them";
+}
+
+TEST_F(FieldView, TheFilesDialogWritesNothingAndTakesTheDataUnlessTheyStay)
+{
+    WriteData();
+    const QString sFile = WriteRestart();
+    CPlot3DDialog dialog;
+    CPromptScript user;
+    const auto click = [&](const char* sButton) { dialog.findChild<QToolButton*>(sButton)->click(); };
+    user.ChooseFile(sFile);
+    click("m_pBrowseFieldViewB");
+    EXPECT_EQ(dialog.GetRecords().grid.FileName(), Path("data/wing.x")) << "named elsewhere, beside it";
+    EXPECT_EQ(dialog.GetRecords().q.FileName(), Path("data/flow1.q"));
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("m_pFieldViewE")->text(), sFile);
+    EXPECT_FALSE(dialog.GetRecords().IsDisplayAlone());
+    dialog.findChild<QCheckBox*>("m_pNoDataReadCB")->click();
+    EXPECT_TRUE(dialog.GetRecords().IsDisplayAlone());
+    click("m_pDeleteFieldViewB");
+    EXPECT_FALSE(dialog.GetRecords().HasDisplay());
+    dialog.reject();
+    EXPECT_TRUE(DisplayFiles().isEmpty());
+}
+
+TEST_F(FieldView, NoDataReadLeavesTheDataOfTheCase)
+{
+    OpenWindow();
+    CPlot3DSimulation* const pCase = OpenData();
+    Write("data/small.x", 2, KindGrid, {{{7, 6, 5}, 2}});
+    WriteText("data/small.disp", R"({"version": 1.0, "viewportDisp": {"meshBlocks": []},
+        "userCustomSettings": {"dataFiles.gridFile": "small.x"}})");
+    CCaseRecords records;
+    records.bNoDataRead = true;
+    records.sDisplayFile = Path("data/small.disp");
+    const CPromptScript nobodyAsks;
+    EXPECT_TRUE(pCase->ShowDisplayOf(records, VIEW));
+    records.sDisplayFile.clear();
+    records.sRestartFile = WriteRestart();
+    WriteText("data/a.dat", QByteArray(MAIN).replace("wing.x", "small.x"));
+    EXPECT_TRUE(pCase->ShowDisplayOf(records, VIEW));
+    EXPECT_EQ(pCase->GetItems(KindBlock).size(), 4);
+    EXPECT_EQ(pCase->GetItems(KindSurface).size(), 3);
 }
 
 TEST_F(FieldView, ARealRestartHasItsThreeSurfaces)
