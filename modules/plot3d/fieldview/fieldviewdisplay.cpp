@@ -6,6 +6,7 @@
 #include "scene/displaytype.h"
 
 #include <QJsonArray>
+#include <QVector3D>
 #include <QtMath>
 
 namespace {
@@ -145,17 +146,21 @@ QJsonArray ToStreamlines(const SFieldViewRestart& restart)
     return streamlines;
 }
 
+/** There the world is turned, shrunk by the scale, moved and enlarged; here the box that is shown goes the
+ * other way. */
 QJsonObject ToViewer(const SFieldViewRestart& restart)
 {
-    constexpr double PICTURE_HEIGHT = 2.0; // in the units of the scale
     if (!restart.bHasView)
         return {};
     SCamera camera;
     camera.view.rotate(float(qRadiansToDegrees(restart.dAngle)), float(restart.axis.x), float(restart.axis.y),
                        float(restart.axis.z));
-    const double dHeight = PICTURE_HEIGHT / restart.dScale;
-    camera.viewSize = {dHeight, dHeight};
-    camera.viewCenter = {-restart.translation.x / restart.dScale, -restart.translation.y / restart.dScale};
+    const double dSize = restart.dScale / restart.dZoom;
+    camera.viewSize = {dSize, dSize};
+    camera.viewCenter = {-restart.translation.x * restart.dScale, -restart.translation.y * restart.dScale};
+    const QVector3D middle = camera.view.transposed().map(
+        QVector3D(float(camera.viewCenter.x()), float(camera.viewCenter.y()), 0.0F));
+    camera.rotationPoint = {double(middle.x()), double(middle.y()), double(middle.z())};
     return CameraToJson(camera);
 }
 

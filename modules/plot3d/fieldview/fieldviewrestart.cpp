@@ -259,6 +259,9 @@ private:
         } else if (sKey == "scale" && numbers.size() == 1 && numbers[0] > 0.0) {
             m_restart.dScale = numbers[0];
             m_restart.bHasView = true;
+        } else if (sKey == "zoom" && numbers.size() == 1 && numbers[0] > 0.0) {
+            m_restart.dZoom = numbers[0];
+            m_restart.bHasView = true;
         } else if (sKey == "geom_color" || sKey == "color_map_type") {
             TakeGeneral(sKey, sValue);
         }

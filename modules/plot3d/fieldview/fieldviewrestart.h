@@ -78,7 +78,8 @@ struct SFieldViewRestart
     double dAngle = 0.0; ///< of the rotation about the axis [rad]
     DVector3D axis{0.0, 0.0, 1.0};
     DVector3D translation;
-    double dScale = 1.0; ///< of the world on a picture that is two units high
+    double dScale = 1.0; ///< what a zoom of 1 shows [world units]; the translation is in units of it
+    double dZoom = 1.0;
 
     QMap<int, QColor> colors;
     int nGeometryColor = 0;

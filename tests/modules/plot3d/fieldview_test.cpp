@@ -17,7 +17,7 @@ const QByteArray MAIN =
     "data_file_restart_version: 18\ndata_type: 1\nfilename: /gone/wing.x\n"
     "dataset_dup_mode: 2\ndataset_dup_mirror_axis: 2\n"
     "data_type: 2\nfilename: /gone/flow1.q\n"
-    "trans_restart_version: 9\nangle_axis: 1.5707963 0 0 2\ntranslation: 4 -6 0\nscale: 2\n";
+    "trans_restart_version: 9\nangle_axis: 1.5707963 0 0 2\ntranslation: 0.25 -0.5 0\nscale: 8\nzoom: 2\n";
 const QByteArray SURFACES =
     "comp_surf_restart_version: 10\nnum_of_grids: 2\n"
     "num_of_walls_per_grid: 1\nnum_of_walls_per_grid: 2\n"
@@ -80,8 +80,9 @@ TEST_F(FieldView, MainFileAndCompanionsBecomeADisplay)
     EXPECT_EQ(document.overrides["mirror.X"], false);
     const auto camera = CameraFromJson(document.viewer);
     ASSERT_TRUE(camera);
-    EXPECT_EQ(camera->viewSize, QSizeF(1.0, 1.0));
-    EXPECT_EQ(camera->viewCenter, QPointF(-2.0, 3.0));
+    EXPECT_EQ(camera->viewSize, QSizeF(4.0, 4.0));
+    EXPECT_EQ(camera->viewCenter, QPointF(-2.0, 4.0));
+    EXPECT_NEAR(camera->rotationPoint.x, 4.0, 1e-6) << "in the middle of what is seen";
     EXPECT_NEAR(camera->view(1, 0), 1.0, 1e-6) << "a quarter turn about z";
 
     const QJsonArray blocks = document.display["meshBlocks"].toArray();
@@ -139,7 +140,7 @@ TEST_F(FieldView, OnlyTextsOfTheSameNameAreCompanions)
     const auto restart = ReadFieldViewRestart(Path("data/run[1].dat"));
     ASSERT_TRUE(restart);
     EXPECT_EQ(restart->surfaces.size(), 3);
-    EXPECT_EQ(restart->dScale, 2.0);
+    EXPECT_EQ(restart->dScale, 8.0);
 }
 
 TEST_F(FieldView, TheImportShowsItsSurfacesInTheBlocks)
@@ -291,5 +292,9 @@ TEST_F(FieldView, ARealRestartHasItsThreeSurfaces)
     EXPECT_EQ(restart->surfaces[0].look.sScalar, "M[Q]");
     EXPECT_EQ(restart->colors.size(), 8);
     EXPECT_EQ(restart->sColormap, "RGB LINEAR");
+    const auto camera = CameraFromJson(ToDisplayDocument(*restart).viewer);
+    ASSERT_TRUE(camera);
+    EXPECT_NEAR(camera->viewSize.height(), 2.295, 1e-3) << "round an airfoil of length 1";
+    EXPECT_NEAR(camera->viewCenter.x(), 0.7775, 1e-3);
     EXPECT_TRUE(restart->sGridFileList.first().endsWith("plot3dg.bin_xmera"));
 }
