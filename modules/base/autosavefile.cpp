@@ -5,7 +5,7 @@
 QByteArray SAutosaveFile::ToBytes() const
 {
     CByteWriter writer;
-    writer.Write(VERSION);
+    writer.Write(dVersion);
     writer.Write(sModule);
     writer.Write(sName);
     writer.Write(sFilePath);
@@ -16,11 +16,11 @@ QByteArray SAutosaveFile::ToBytes() const
 StoredFile_e SAutosaveFile::FromBytes(const QByteArray& bytes)
 {
     CByteReader reader(bytes);
-    double dVersion = -1.0;
-    reader.Read(dVersion);
-    if (const StoredFile_e eStored = CheckStoredVersion(dVersion, VERSION); eStored != StoredOk)
-        return eStored;
     SAutosaveFile read;
+    read.dVersion = -1.0;
+    reader.Read(read.dVersion);
+    if (const StoredFile_e eStored = CheckStoredVersion(read.dVersion, VERSION); eStored != StoredOk)
+        return eStored;
     reader.Read(read.sModule);
     reader.Read(read.sName);
     reader.Read(read.sFilePath);

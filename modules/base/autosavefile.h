@@ -11,6 +11,7 @@ struct SAutosaveFile
     QString sName;       ///< what the user knows the case by
     QString sFilePath;   ///< of its case file; empty for a case that was never saved
     QByteArray caseFile; ///< what that file would hold if the case were saved now
+    double dVersion = VERSION;
 
     QByteArray ToBytes() const;
     /** On anything but StoredOk the record stays as it is. */

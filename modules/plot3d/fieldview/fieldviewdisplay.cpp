@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int MOST_SURFACES = 100'000; // of all blocks together
+constexpr int MOST_SURFACES = 10'000; // of all blocks together
 
 QJsonArray ToJson(const DVector3D& point) { return {point.x, point.y, point.z}; }
 QJsonArray ToJson(const SValueRange& range) { return {range.dMin, range.dMax}; }
