@@ -77,8 +77,12 @@ public:
     virtual qint64 Open(const QString& sFile, qint64 nViewId) = 0;
     virtual bool CanAnalyze() const = 0;
     virtual qint64 Analyze(qint64 nViewId) = 0;
-    /** Opens the case of a data file key; -1 for an empty key or one of another module. */
-    virtual qint64 OpenFromKey(const QByteArray& key, qint64 nViewId) = 0;
+    /**
+     * Opens the case of a data file key; -1 for an empty key or one of another module.
+     *
+     * @param sFolder  of the file that the key stands in: data that moved along with it are found from there
+     */
+    virtual qint64 OpenFromKey(const QByteArray& key, qint64 nViewId, const QString& sFolder = {}) = 0;
     virtual bool CanAddTransient() const = 0;
     virtual bool AddTransient(qint64 nSimulationId) = 0;
 

@@ -2,11 +2,25 @@
 
 #include "frame/messagesink.h"
 
+#include <QFileInfo>
+
 #include <utility>
 
 namespace {
+
 IUserPrompt* s_pPrompt = nullptr;
+
+/** The dialog asked about the name as it was typed, not about the one with the ending. */
+bool ConfirmReplace(const QString& sTitle, const QString& sFile)
+{
+    return !QFileInfo::exists(sFile) ||
+           UserPrompt::Confirm(
+               sTitle,
+               QString("%1 already exists.\nDo you want to replace it?").arg(QFileInfo(sFile).fileName()),
+               false);
 }
+
+} // namespace
 
 IUserPrompt* UserPrompt::Install(IUserPrompt* pPrompt) { return std::exchange(s_pPrompt, pPrompt); }
 
@@ -20,7 +34,15 @@ int UserPrompt::Ask(const SPrompt& prompt)
 
 QString UserPrompt::AskFile(const SFilePrompt& prompt)
 {
-    return s_pPrompt ? s_pPrompt->AskFile(prompt) : QString();
+    while (s_pPrompt) {
+        QString sFile = s_pPrompt->AskFile(prompt);
+        if (sFile.isEmpty() || sFile.endsWith(prompt.sEnding, Qt::CaseInsensitive))
+            return sFile;
+        sFile += prompt.sEnding;
+        if (ConfirmReplace(prompt.sTitle, sFile))
+            return sFile;
+    }
+    return {};
 }
 
 int UserPrompt::AskChoice(const SChoicePrompt& prompt)

@@ -27,6 +27,7 @@ struct SFilePrompt
     QString sStart;  ///< directory or file to start at
     QString sFilter; ///< as QFileDialog takes it
     bool bSave = false;
+    QString sEnding = {}; ///< ".zento": what a file to save gets where it hasn't it; may be empty
     bool bFolder = false; ///< the question is for a folder; it has no filter
 };
 
@@ -84,7 +85,10 @@ IUserPrompt* Install(IUserPrompt* pPrompt);
 /** Puts the question. Without a user its text goes to the message sink and the answer is nEscape. */
 int Ask(const SPrompt& prompt);
 
-/** Asks for a file name. Without a user the answer is empty. */
+/**
+ * Asks for a file name. Without a user the answer is empty. A file that is there already is saved over only
+ * if the user agreed to that, to the name with its ending.
+ */
 QString AskFile(const SFilePrompt& prompt);
 
 /** Asks for one of several entries. Without a user the answer is -1. */

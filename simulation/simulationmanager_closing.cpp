@@ -93,7 +93,7 @@ bool CSimulationManager::AskDisplayFile(qint64 nSimulationId, QVector<SDisplayCo
     if (nAnswer != SAVE_AS)
         return nAnswer == CLOSE;
     const QString sTarget =
-        UserPrompt::AskFile({"Save Display File", sDirectory, "Display Files (*.disp)", true});
+        UserPrompt::AskFile({"Save Display File", sDirectory, "Display Files (*.disp)", true, ".disp"});
     if (sTarget.isEmpty())
         return false;
     copies.append({nSimulationId, sDirectory, sTarget, {}});

@@ -21,14 +21,14 @@
 namespace {
 
 constexpr const char *TITLE = "Simulation Restart File", *INVALID_TITLE = "Invalid Simulation";
-constexpr const char* FILTER = "Simulation Restart Files (*.srst)";
+constexpr const char *FILTER = "Simulation Restart Files (*.srst)", *ENDING = ".srst";
 
 /** The directory that was used last is where the question starts. */
 QString Ask(const QString& sFilter, bool bSave)
 {
     CPreferences& preferences = CPreferences::Instance();
-    const QString sFile =
-        UserPrompt::AskFile({TITLE, Get(preferences, PreferenceKey::RECENT_DIRECTORY), sFilter, bSave});
+    const QString sFile = UserPrompt::AskFile({TITLE, Get(preferences, PreferenceKey::RECENT_DIRECTORY),
+                                               sFilter, bSave, bSave ? ENDING : QString()});
     if (!sFile.isEmpty())
         Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFile).absolutePath());
     return sFile;
@@ -62,11 +62,9 @@ CRestartCommands::CRestartCommands(CWindowActions& actions)
 void CRestartCommands::SlotExportSimulationRestart()
 {
     const SActivePair active;
-    QString sFile = active.pSimulation ? Ask(FILTER, true) : QString();
+    const QString sFile = active.pSimulation ? Ask(FILTER, true) : QString();
     if (sFile.isEmpty())
         return;
-    if (QFileInfo(sFile).suffix().compare("srst", Qt::CaseInsensitive) != 0)
-        sFile = QString("%1.srst").arg(sFile);
     if (!ReplaceFile(sFile, TakeRestart(active).ToBytes()))
         UserPrompt::Tell(PromptCritical, TITLE,
                          QString("Failed to write simulation restart file %1").arg(sFile));
@@ -89,21 +87,21 @@ void CRestartCommands::SlotImportSimulationRestart(bool bData)
     else if (eStored == StoredBad)
         TellNoData();
     else
-        Show(file, bData);
+        Show(file, QFileInfo(sFile).absolutePath(), bData);
 }
 
 /** Null if there is none. */
-ISimulation* CRestartCommands::FindCase(const SRestartFile& file, bool bData) const
+ISimulation* CRestartCommands::FindCase(const SRestartFile& file, const QString& sFolder, bool bData) const
 {
     ISimulation* const pActive = SActivePair().pSimulation;
     if (!bData || (pActive && pActive->IsSameDataFile(file.key)))
         return pActive;
     IModuleInterface* const pModule = CModuleRegistry::Instance().FindById(file.nModuleId);
-    return pModule ? CSimulationManager::Instance().GetSimulation(pModule->OpenFromKey(file.key, -1))
+    return pModule ? CSimulationManager::Instance().GetSimulation(pModule->OpenFromKey(file.key, -1, sFolder))
                    : nullptr;
 }
 
-void CRestartCommands::Show(const SRestartFile& file, bool bData) const
+void CRestartCommands::Show(const SRestartFile& file, const QString& sFolder, bool bData) const
 {
     const SActivePair active;
     if (active.pSimulation && active.pSimulation->GetModuleId() != file.nModuleId) {
@@ -112,7 +110,7 @@ void CRestartCommands::Show(const SRestartFile& file, bool bData) const
                          "active simulation");
         return;
     }
-    ISimulation* const pSimulation = FindCase(file, bData);
+    ISimulation* const pSimulation = FindCase(file, sFolder, bData);
     bool bShown = false;
     if (pSimulation) {
         const CBlockedViews blocked(pSimulation->GetId());

@@ -24,6 +24,6 @@ public slots:
     void SlotImportSimulationRestart(bool bData);
 
 private:
-    void Show(const SRestartFile& file, bool bData) const;
-    ISimulation* FindCase(const SRestartFile& file, bool bData) const;
+    void Show(const SRestartFile& file, const QString& sFolder, bool bData) const;
+    ISimulation* FindCase(const SRestartFile& file, const QString& sFolder, bool bData) const;
 };

@@ -1,6 +1,7 @@
 #include "modules/plot3d/packrecords.h"
 
 #include "frame/bytestream.h"
+#include "modules/base/movedfiles.h"
 #include "modules/plot3d/plot3dkeys.h"
 #include "simulation/isimulationidentity.h"
 
@@ -98,6 +99,16 @@ bool ReadKey(const QByteArray& key, qint64& nModuleId, SKeyFiles& files)
     return reader.IsOk() && !files.sGridFile.isEmpty();
 }
 
+/** The files of the records that don't exist. */
+QStringList MissingFiles(const CCaseRecords& records)
+{
+    QStringList sMissingList;
+    for (const CFileRecord& record : QVector<CFileRecord>{records.grid, records.q} + records.functions)
+        if (!record.IsEmpty() && !QFileInfo(record.FileName()).isFile())
+            sMissingList.append(record.FileName());
+    return sMissingList;
+}
+
 } // namespace
 
 void WriteFileNames(CDataPack& pack, const CCaseRecords& records, const QString& sGiven)
@@ -144,13 +155,20 @@ CCaseRecords ReadCaseFiles(const CDataPack& pack, const LocateFile& locate)
     return records;
 }
 
-QStringList MissingFiles(const CCaseRecords& records)
+CCaseRecords FindCaseFiles(const CDataPack& pack, const QString& sCaseName, const QString& sCaseFolder)
 {
-    QStringList sMissingList;
-    for (const CFileRecord& record : QVector<CFileRecord>{records.grid, records.q} + records.functions)
-        if (!record.IsEmpty() && !QFileInfo(record.FileName()).isFile())
-            sMissingList.append(record.FileName());
-    return sMissingList;
+    const LocateFile findMoved = [&](const QString& sFormerName) {
+        return FindMovedFile(sFormerName, sCaseFolder);
+    };
+    CCaseRecords records = ReadCaseFiles(pack, findMoved);
+    const QStringList sMissingList = MissingFiles(records);
+    const QString sFolder = sMissingList.isEmpty() ? QString() : AskForMissingFiles(sCaseName, sMissingList);
+    if (sFolder.isEmpty())
+        return records;
+    return ReadCaseFiles(pack, [&](const QString& sFormerName) {
+        const QString sMoved = findMoved(sFormerName);
+        return sMoved.isEmpty() ? FindFileBelow(sFormerName, sFolder) : sMoved;
+    });
 }
 
 QByteArray MakeDataFileKey(qint64 nModuleId, const QString& sFilePath, const CDataPack& pack)

@@ -24,8 +24,13 @@ using LocateFile = std::function<QString(const QString& sFormerName)>;
 /** The records that the keys stand for; files are detected and series looked for again. */
 CCaseRecords ReadCaseFiles(const CDataPack& pack, const LocateFile& locate = {});
 
-/** The files of the records that don't exist. */
-QStringList MissingFiles(const CCaseRecords& records);
+/**
+ * The same; files that moved along with the case's own are found, and of those that still miss the user is
+ * asked the folder.
+ *
+ * @param sCaseFolder  of the case's own file; empty if there is none
+ */
+CCaseRecords FindCaseFiles(const CDataPack& pack, const QString& sCaseName, const QString& sCaseFolder);
 
 /** The key that says which files a case is of (ISimulation::GetDataFileKey). */
 QByteArray MakeDataFileKey(qint64 nModuleId, const QString& sFilePath, const CDataPack& pack);

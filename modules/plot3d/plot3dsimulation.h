@@ -119,7 +119,6 @@ private:
     };
 
     QString CaseFolder() const;
-    CCaseRecords FindRecords() const;
     void RegisterStoredCase();
     void ShowKeptDisplays();
     QVector<qint64> UpdateBlocks(const CCaseRecords& records, const SPlot3DCase& examined);

@@ -88,20 +88,6 @@ QString CPlot3DSimulation::CaseFolder() const
     return GetFilePath().isEmpty() ? QString() : QFileInfo(GetFilePath()).absolutePath();
 }
 
-/** As GetRecords; what isn't found so is asked for. */
-CCaseRecords CPlot3DSimulation::FindRecords() const
-{
-    CCaseRecords records = GetRecords();
-    const QStringList sMissingList = MissingFiles(records);
-    const QString sFolder = sMissingList.isEmpty() ? QString() : AskForMissingFiles(GetName(), sMissingList);
-    if (sFolder.isEmpty())
-        return records;
-    return ReadCaseFiles(*this, [&](const QString& sFormerName) {
-        const QString sMoved = FindMovedFile(sFormerName, CaseFolder());
-        return sMoved.isEmpty() ? FindFileBelow(sFormerName, sFolder) : sMoved;
-    });
-}
-
 QString CPlot3DSimulation::Reload() { return Load(GetRecords()); }
 
 bool CPlot3DSimulation::FromBytes(const QByteArray& bytes, double dVersion)
@@ -116,7 +102,8 @@ bool CPlot3DSimulation::FromBytes(const QByteArray& bytes, double dVersion)
 /** Items are as they were stored; of their files only the data are registered, as far as they are there. */
 void CPlot3DSimulation::RegisterStoredCase()
 {
-    const CCaseRecords records = FindRecords();
+    ForgetDetectedFiles();
+    const CCaseRecords records = FindCaseFiles(*this, GetName(), CaseFolder());
     if (records.grid.IsEmpty())
         return; // a case without files
     CCaseRecords usable = records;

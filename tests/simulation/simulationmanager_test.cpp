@@ -229,7 +229,8 @@ TEST_F(SimulationManager, ARefusedWarningLeavesEverythingOpenAndRunning)
 TEST_F(SimulationManager, TheDisplayFileThatClosingWritesIsCopiedToTheChosenName)
 {
     QTemporaryDir folder;
-    const QString sTarget = folder.filePath("kept.disp.copy");
+    QTemporaryDir kept;
+    const QString sTarget = kept.filePath("kept.disp");
     WriteFile(folder.filePath("2020-01-01~00:00:00~analyze.disp"), "an older one");
     WriteFile(sTarget, "to be replaced");
     CTestSimulation* const pSimulation = Add();
@@ -276,8 +277,8 @@ TEST_F(SimulationManager, CasesThatCloseTogetherFromOneFolderEachKeepTheirOwnDis
     ASSERT_TRUE(m_manager.CloseSimulations(-1));
     m_manager.RemoveAllViews();
     m_manager.CopyDisplayFiles();
-    EXPECT_EQ(ReadFile(folder.filePath("kept1")), "1");
-    EXPECT_EQ(ReadFile(folder.filePath("kept2")), "2");
+    EXPECT_EQ(ReadFile(folder.filePath("kept1.disp")), "1");
+    EXPECT_EQ(ReadFile(folder.filePath("kept2.disp")), "2");
 }
 
 TEST_F(SimulationManager, ACopyThatFailsIsReportedAndCancelAtTheThirdLeavesAllOpen)

@@ -31,7 +31,7 @@ public:
         s_sDataFileList = sFileList;
         return -1;
     }
-    qint64 OpenFromKey(const QByteArray& key, qint64) override
+    qint64 OpenFromKey(const QByteArray& key, qint64, const QString&) override
     {
         if (key != "the data")
             return -1;
@@ -116,8 +116,11 @@ TEST_F(SaveCommands, ANewCaseAsksForItsFileOnceAndBecomesTheMostRecentOne)
     Trigger(ActionSaveAs);
     EXPECT_EQ(user.AskedFiles().last().sStart, Path("Wing.v2.zento"));
     EXPECT_EQ(pSimulation->GetFilePath(), Path("copy.ZENTO")) << "the ending in any case";
+    user.ChooseFile(Path("Wing.v2"));
+    user.Press("No");
     user.ChooseFile({});
     Trigger(ActionSaveAs);
+    EXPECT_EQ(user.Asked().last().sText, "Wing.v2.zento already exists.\nDo you want to replace it?");
     user.ChooseFile(Path("none/wing"));
     user.Press("Ok");
     Trigger(ActionSaveAs);

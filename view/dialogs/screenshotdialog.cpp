@@ -18,15 +18,8 @@
 
 namespace {
 
-constexpr const char* FILTER = "PNG Files (*.png)";
-constexpr const char* EXTENSION = "png";
+constexpr const char *FILTER = "PNG Files (*.png)", *ENDING = ".png";
 enum Target_e { TargetWindow, TargetView };
-
-QString WithExtension(const QString& sFileName)
-{
-    const bool bThere = sFileName.endsWith(QString(".%1").arg(EXTENSION), Qt::CaseInsensitive);
-    return bThere ? sFileName : QString("%1.%2").arg(sFileName, EXTENSION);
-}
 
 /** The whole picture or the former file. */
 bool SaveImage(const QImage& image, const QString& sFileName)
@@ -138,10 +131,9 @@ void CScreenshotDialog::on_m_pSaveImageB_clicked()
 {
     CPreferences& preferences = CPreferences::Instance();
     const QString sStart = Get(preferences, PreferenceKey::RECENT_DIRECTORY);
-    QString sFileName = UserPrompt::AskFile({"Choose file name", sStart, FILTER, true});
+    const QString sFileName = UserPrompt::AskFile({"Choose file name", sStart, FILTER, true, ENDING});
     if (sFileName.isEmpty())
         return;
-    sFileName = WithExtension(sFileName);
     Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFileName).absolutePath());
     QImage image;
     bool bSaved = false;

@@ -56,7 +56,7 @@ public:
      */
     qint64 Open(const QString& sFile, qint64 nViewId) override;
     /** Opens the case file that the key names. */
-    qint64 OpenFromKey(const QByteArray& key, qint64 nViewId) override;
+    qint64 OpenFromKey(const QByteArray& key, qint64 nViewId, const QString& sFolder = {}) override;
 
     QVector<QMenu*> GetMenus() const override { return m_menus; }
     QVector<QToolBar*> GetToolBars() const override { return m_toolBars; }

@@ -2,6 +2,7 @@
 #include "frame/bytestream.h"
 #include "frame/userprompt.h"
 #include "modules/base/casestorage.h"
+#include "modules/base/movedfiles.h"
 #include "modules/base/ui/blockedviews.h"
 #include "modules/base/ui/moduleinterface.h"
 #include "simulation/isimulation.h"
@@ -70,7 +71,7 @@ qint64 CModuleInterface::Open(const QString& sFile, qint64 nView)
     return -1;
 }
 
-qint64 CModuleInterface::OpenFromKey(const QByteArray& key, qint64 nViewId)
+qint64 CModuleInterface::OpenFromKey(const QByteArray& key, qint64 nViewId, const QString& sFolder)
 {
     CByteReader reader(key);
     qint64 nModuleId = -1;
@@ -78,5 +79,6 @@ qint64 CModuleInterface::OpenFromKey(const QByteArray& key, qint64 nViewId)
     reader.Read(nModuleId);
     if (!reader.Read(sFilePath) || nModuleId != m_nId || sFilePath.isEmpty())
         return -1;
-    return Open(sFilePath, nViewId);
+    const QString sMoved = QFileInfo(sFilePath).isFile() ? QString() : FindMovedFile(sFilePath, sFolder);
+    return Open(sMoved.isEmpty() ? sFilePath : sMoved, nViewId);
 }

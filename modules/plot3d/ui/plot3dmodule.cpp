@@ -6,10 +6,14 @@
 #include "modules/base/ui/blockedviews.h"
 #include "modules/plot3d/datafilekeys.h"
 #include "modules/plot3d/fieldview/fieldviewimport.h"
+#include "modules/plot3d/packrecords.h"
+#include "modules/plot3d/plot3dkeys.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "modules/plot3d/ui/filesdialogeditor.h"
 #include "simulation/simulationmanager.h"
 #include "view/docks/surfacedatadock.h"
+
+#include <QFileInfo>
 
 namespace {
 
@@ -85,10 +89,15 @@ qint64 CPlot3DModule::Analyze(qint64 nViewId)
     return nId;
 }
 
-qint64 CPlot3DModule::OpenFromKey(const QByteArray& key, qint64 nViewId)
+qint64 CPlot3DModule::OpenFromKey(const QByteArray& key, qint64 nViewId, const QString& sFolder)
 {
     CDataPack pack;
-    return ReadDataFileKey(key, GetId(), pack) ? OpenRecords(ReadCaseFiles(pack), nViewId) : NO_ID;
+    if (!ReadDataFileKey(key, GetId(), pack))
+        return NO_ID;
+    const QString sName = QFileInfo(Get(pack, Plot3DKey::GRID_FILE)).completeBaseName();
+    const CCaseRecords records = FindCaseFiles(pack, sName, sFolder);
+    const bool bToldMissing = !QFileInfo(records.grid.FileName()).isFile();
+    return bToldMissing ? NO_ID : OpenRecords(records, nViewId);
 }
 
 qint64 CPlot3DModule::OpenPlot3D(const QStringList& sFileList, qint64 nViewId)

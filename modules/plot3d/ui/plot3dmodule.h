@@ -39,7 +39,7 @@ public:
         return OpenPlot3D(sFileList, nViewId);
     }
     /** A case of the same files that is open already is shown in the view. */
-    qint64 OpenFromKey(const QByteArray& key, qint64 nViewId) override;
+    qint64 OpenFromKey(const QByteArray& key, qint64 nViewId, const QString& sFolder = {}) override;
     bool CanAddTransient() const override { return true; }
     /** Reads the headers of the case again: levels that are new, files that were rewritten. */
     bool AddTransient(qint64 nSimulationId) override;

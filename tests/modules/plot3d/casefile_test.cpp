@@ -218,6 +218,7 @@ TEST_F(CaseFile, AFolderThatMovedAsAWholeIsFoundAgain)
         Simulation(m_module.OpenPlot3D({Path("project/data/wing.x"), Path("project/data/flow1.q")}, VIEW));
     Shown(*pWing, 1)->setScalarVariable(Variable(*pWing, "P[Q]"));
     ASSERT_TRUE(m_module.Save(Path("project/cases/wing.zento"), pWing->GetId()));
+    const QByteArray key = pWing->GetDataFileKey();
     CloseAll();
     ASSERT_TRUE(QDir().rename(Path("project"), Path("elsewhere")));
     const CPromptScript nobodyAsks;
@@ -227,6 +228,8 @@ TEST_F(CaseFile, AFolderThatMovedAsAWholeIsFoundAgain)
     EXPECT_EQ(static_cast<CBlock*>(pAgain->GetItem(1))->GetFileName(), Path("elsewhere/data/wing.x"));
     EXPECT_EQ(Shown(*pAgain, 1)->scalarVariable(), Variable(*pAgain, "P[Q]"));
     EXPECT_EQ(pAgain->GetTimeCount(), 2);
+    EXPECT_EQ(m_module.OpenFromKey(key, VIEW, Path("elsewhere/cases")), pAgain->GetId())
+        << "it is the open one";
 }
 
 TEST_F(CaseFile, MissingFilesAreListedOnceAndFoundInTheFolderThatTheUserNames)
