@@ -175,7 +175,8 @@ bool CFileCommands::OpenCase(const QString& sFile)
 
 void CFileCommands::OpenFiles(const QStringList& sFileList)
 {
-    QStringList sDataFileList; // what is no case: together they may make one
+    CWidgetManager::Instance().SetStatusText({}); // what was told of another file
+    QStringList sDataFileList;                    // what is no case: together they may make one
     for (const QString& sFile : sFileList) {
         if (!QFile(sFile).open(QIODevice::ReadOnly))
             UserPrompt::Tell(PromptCritical, OPEN_TITLE, "Failed to open the selected file");

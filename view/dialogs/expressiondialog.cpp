@@ -252,7 +252,8 @@ void CExpressionDialog::ShowFault()
     trial.SetScope(m_scope);
     QString sMessage;
     if (!sText.trimmed().isEmpty() && !trial.SetExpression(sText, Form().bSimulations, Form().bTimes))
-        sMessage = QString("Not a formula: look at character %1").arg(trial.GetErrorPosition());
+        sMessage = QString("Not a formula: look at character %1 (a variable is written as <R>)")
+                       .arg(trial.GetErrorPosition());
     m_pUi->m_pMessageL->setText(sMessage);
 }
 
