@@ -129,6 +129,7 @@ private:
     void DescribeFiles(const CCaseRecords& records);
     void TellViews();
 
+    void PassLegendsOf(const QVector<qint64>& ids) const;
     void RemoveWithData(const QVector<qint64>& ids);
     void RestoreItems(const QVector<qint64>& ids);
     void SyncItems(const QVector<qint64>& ids);

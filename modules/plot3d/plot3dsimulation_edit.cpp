@@ -13,6 +13,7 @@
 #include "scene/selectablekind.h"
 #include "scene/selectablemanager.h"
 #include "view/adjacency.h"
+#include "view/annotations/onelegend.h"
 
 namespace {
 
@@ -100,6 +101,7 @@ void CPlot3DSimulation::DeleteAllItems()
 
 void CPlot3DSimulation::DeleteItem(qint64 nId, qint64)
 {
+    PassLegendsOf({nId});
     RemoveWithData({nId});
     RefreshViews();
 }
@@ -138,9 +140,26 @@ void CPlot3DSimulation::DeleteSelection(qint64 nViewId)
         else
             manager.Remove(pSelectable);
     }
+    PassLegendsOf(itemIds);
     RemoveWithData(itemIds);
     RefreshViews();
     manager.NotifySelectionChanged(nViewId, GetId());
+}
+
+/** The legends of what is about to go, with all below it, to what stays in each view. */
+void CPlot3DSimulation::PassLegendsOf(const QVector<qint64>& ids) const
+{
+    QSet<qint64> gone;
+    for (const CItem* const pItem : GetItemsFromSelection(ids))
+        for (const qint64 nId : pItem->GetChildIds(-1, true))
+            gone.insert(nId);
+    for (const qint64 nViewId : GetViewIds()) {
+        QVector<ISelectable*> leaving, staying;
+        for (ISelectable* const pSelectable : CSelectableManager::Instance().GetSelectables(nViewId, GetId()))
+            if (pSelectable->isVisible())
+                (gone.contains(pSelectable->itemId()) ? leaving : staying).append(pSelectable);
+        PassLegendsOn(leaving, staying);
+    }
 }
 
 /** With all below them and their data. They can come back (RestoreItems). */

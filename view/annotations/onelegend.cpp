@@ -59,13 +59,13 @@ CAnnotationColormap* ShowOneLegend(const QVector<ISelectable*>& items)
     return nullptr;
 }
 
-void PassLegendsOn(const QVector<ISelectable*>& hidden, const QVector<ISelectable*>& items)
+void PassLegendsOn(const QVector<ISelectable*>& leaving, const QVector<ISelectable*>& staying)
 {
-    for (ISelectable* const pItem : hidden) {
+    for (ISelectable* const pItem : leaving) {
         CAnnotationColormap* const pLegend = pItem->annotationColormap();
-        if (!pLegend || !pLegend->isVisible() || pItem->isVisible() || !IsColoured(*pItem))
+        if (!pLegend || !pLegend->isVisible() || !IsColoured(*pItem))
             continue;
-        ISelectable* const pHeir = FindHeir(LegendKeyOf(*pItem), items);
+        ISelectable* const pHeir = FindHeir(LegendKeyOf(*pItem), staying);
         if (!pHeir)
             continue;
         pHeir->annotationColormap()->takeLook(*pLegend);

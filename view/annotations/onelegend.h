@@ -25,6 +25,7 @@ CAnnotationColormap* ShowOneLegend(const QVector<ISelectable*>& items);
  * A legend goes out of sight with its item, though others may be coloured by the same: the first of these
  * takes it over as it looks and where it stands, unless one of them shows its own.
  *
- * @param items  all of the view, the hidden ones among them
+ * @param leaving  of one view, no longer on show or about to be deleted
+ * @param staying  of the same view; hidden ones, those that leave among them, take nothing over
  */
-void PassLegendsOn(const QVector<ISelectable*>& hidden, const QVector<ISelectable*>& items);
+void PassLegendsOn(const QVector<ISelectable*>& leaving, const QVector<ISelectable*>& staying);

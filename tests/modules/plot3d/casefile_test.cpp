@@ -4,6 +4,7 @@
 #include "tests/support/golden.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/promptscript.h"
+#include "view/annotations/annotationcolormap.h"
 
 #include <QRandomGenerator>
 
@@ -304,4 +305,24 @@ TEST_F(CaseFile, AReferenceToItsDataOpensTheCaseWithItsSurfaces)
     ASSERT_TRUE(pAgain->LoadViewState(display, VIEW, 1.0));
     EXPECT_EQ(pAgain->GetItems(KindSurface).size(), 2);
     EXPECT_EQ(pAgain->SaveViewJson(VIEW), json);
+}
+
+TEST_F(CaseFile, ADeletedBlockLeavesItsLegendToOneThatIsColouredAlike)
+{
+    OpenWindow();
+    CPlot3DSimulation* const pWing = OpenData();
+    const auto legendOf = [pWing](qint64 nItemId) { return Shown(*pWing, nItemId)->annotationColormap(); };
+    for (const qint64 nBlock : {1, 3}) {
+        Shown(*pWing, nBlock)->setScalarVariable(Variable(*pWing, "P[Q]"));
+        Shown(*pWing, nBlock)->setGeometricColor(false);
+    }
+    legendOf(1)->setVisible(false);
+    legendOf(3)->setVisible(true);
+    pWing->BeginUndoStep();
+    pWing->DeleteItem(3, -1);
+    pWing->EndUndoStep();
+    EXPECT_TRUE(legendOf(1)->isVisible());
+    pWing->Undo();
+    EXPECT_FALSE(legendOf(1)->isVisible());
+    EXPECT_TRUE(legendOf(3)->isVisible());
 }
