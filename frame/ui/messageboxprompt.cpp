@@ -1,5 +1,7 @@
 #include "frame/ui/messageboxprompt.h"
 
+#include "frame/ui/waitcursor.h"
+
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
@@ -29,6 +31,7 @@ QMessageBox::Icon IconOf(PromptKind_e eKind)
 
 int CMessageBoxPrompt::Ask(const SPrompt& prompt)
 {
+    const CAskingCursor cursor;
     QMessageBox box(IconOf(prompt.eKind), prompt.sTitle, prompt.sText, QMessageBox::NoButton,
                     QApplication::activeWindow());
     QVector<QPushButton*> buttons;
@@ -43,6 +46,7 @@ int CMessageBoxPrompt::Ask(const SPrompt& prompt)
 
 QString CMessageBoxPrompt::AskFile(const SFilePrompt& prompt)
 {
+    const CAskingCursor cursor;
     QWidget* const pParent = QApplication::activeWindow();
     if (prompt.bFolder)
         return QFileDialog::getExistingDirectory(pParent, prompt.sTitle, prompt.sStart);
@@ -52,6 +56,7 @@ QString CMessageBoxPrompt::AskFile(const SFilePrompt& prompt)
 
 int CMessageBoxPrompt::AskChoice(const SChoicePrompt& prompt)
 {
+    const CAskingCursor cursor;
     QInputDialog dialog(QApplication::activeWindow());
     dialog.setWindowTitle(prompt.sTitle);
     dialog.setLabelText(prompt.sLabel);
@@ -63,6 +68,7 @@ int CMessageBoxPrompt::AskChoice(const SChoicePrompt& prompt)
 
 std::optional<double> CMessageBoxPrompt::AskNumber(const SNumberPrompt& prompt)
 {
+    const CAskingCursor cursor;
     bool bAccepted = false;
     const double dValue =
         QInputDialog::getDouble(QApplication::activeWindow(), prompt.sTitle, prompt.sLabel, prompt.dValue,
@@ -72,12 +78,14 @@ std::optional<double> CMessageBoxPrompt::AskNumber(const SNumberPrompt& prompt)
 
 QColor CMessageBoxPrompt::AskColor(const QString& sTitle, const QColor& start)
 {
+    const CAskingCursor cursor;
     return QColorDialog::getColor(start, QApplication::activeWindow(), sTitle,
                                   QColorDialog::DontUseNativeDialog);
 }
 
 std::optional<QFont> CMessageBoxPrompt::AskFont(const QString& sTitle, const QFont& start)
 {
+    const CAskingCursor cursor;
     bool bAccepted = false;
     const QFont font = QFontDialog::getFont(&bAccepted, start, QApplication::activeWindow(), sTitle,
                                             QFontDialog::DontUseNativeDialog);
