@@ -16,7 +16,12 @@ constexpr int MOST_SURFACES = 10'000; // of all blocks together
 QJsonArray ToJson(const DVector3D& point) { return {point.x, point.y, point.z}; }
 QJsonArray ToJson(const SValueRange& range) { return {range.dMin, range.dMax}; }
 
-DisplayType_e TypeOf(const SFieldViewLook& look)
+bool IsFilled(const SFieldViewRestart& restart, const SFieldViewLook& look)
+{
+    return look.colors.bFilled.value_or(restart.colors.bFilled.value_or(false));
+}
+
+DisplayType_e TypeOf(const SFieldViewRestart& restart, const SFieldViewLook& look)
 {
     switch (look.nDisplayType) {
     case 1:
@@ -24,8 +29,8 @@ DisplayType_e TypeOf(const SFieldViewLook& look)
     case 2:
     case 3:
         return look.bMesh ? DisplayShadedWireframe : DisplayShaded;
-    case 4:
-        return look.sScalar.isEmpty() ? DisplayShaded : DisplayContour;
+    case 4: // between contours of one colour each the scalar is shaded
+        return look.sScalar.isEmpty() || IsFilled(restart, look) ? DisplayShaded : DisplayContour;
     case 5:
         return look.sVector.isEmpty() ? DisplayShaded : DisplayVector;
     default:
@@ -39,23 +44,57 @@ bool UsesScalar(const SFieldViewLook& look)
     return !look.sScalar.isEmpty() && look.nDisplayType >= BY_SCALAR;
 }
 
+/** The map itself can't be turned round: a range from its greatest to its least value does the same. */
+QJsonArray RangeOfColors(const SFieldViewRestart& restart, const SFieldViewLook& look, SValueRange range)
+{
+    if (look.colors.bInverted.value_or(restart.colors.bInverted.value_or(false)))
+        std::swap(range.dMin, range.dMax);
+    return ToJson(range);
+}
+
 void PutColors(const SFieldViewRestart& restart, const SFieldViewLook& look, QJsonObject& drawable)
 {
-    const QColor color = restart.colors.value(look.nColor > 0 ? look.nColor : restart.nGeometryColor);
+    const QColor color = restart.colorTable.value(look.nColor > 0 ? look.nColor : restart.nGeometryColor);
     if (color.isValid())
         for (const char* const sKey : {"shadeColor", "wireframeColor"})
             drawable[sKey] = color.name(QColor::HexArgb);
     drawable["geometricColor"] = !UsesScalar(look);
     drawable["scalarVariable"] = look.sScalar;
-    drawable["colormapName"] = look.sColormap.isEmpty() ? restart.sColormap : look.sColormap;
+    drawable["colormapName"] =
+        look.colors.sColormap.isEmpty() ? restart.colors.sColormap : look.colors.sColormap;
     const std::optional<SValueRange>& range = look.bUseLocalRange ? look.localRange : look.scalarRange;
+    drawable["colormapBindToLocal"] = !range;
     if (range)
-        drawable["colormapRange"] = ToJson(*range);
+        drawable["colormapRange"] = RangeOfColors(restart, look, *range);
+    if (const int nContours = look.colors.nContours > 0 ? look.colors.nContours : restart.colors.nContours;
+        nContours > 0)
+        drawable["contourCount"] = std::min(nContours, 256);
+}
+
+QJsonObject ToLegend(const SFieldViewLook& look)
+{
+    QJsonObject legend{{"visible", look.bLegend}};
+    if (look.nLegendDigits)
+        legend["digits"] = *look.nLegendDigits;
+    if (look.nLegendLabels)
+        legend["labelCount"] = *look.nLegendLabels;
+    return legend;
+}
+
+/** There a scale of 1 makes arrows of a size that goes with that of the data; here it is one of the vector
+ * alone. As for arrows that are chosen here, the longest is a twentieth of all then. */
+double ArrowScale(const SFieldViewRestart& restart, const SFieldViewLook& look)
+{
+    constexpr double UNIT = 0.001; // of the length that a scale of 1 gives a vector of 1
+    constexpr double SHARE = 1.0 / 20.0;
+    const bool bKnown = restart.bHasView && look.dLargestComponent > 0.0;
+    const double dUsual = bKnown ? restart.dScale * SHARE / (look.dLargestComponent * UNIT) : 1.0;
+    return look.dVectorLength * dUsual;
 }
 
 QJsonObject ToDrawable(const SFieldViewRestart& restart, const SFieldViewLook& look)
 {
-    const DisplayType_e eType = TypeOf(look);
+    const DisplayType_e eType = TypeOf(restart, look);
     const bool bGridLines = eType == DisplayWireframe || eType == DisplayShadedWireframe;
     QJsonObject drawable{{"visible", look.bVisible},
                          {"displayType", eType},
@@ -70,12 +109,11 @@ QJsonObject ToDrawable(const SFieldViewRestart& restart, const SFieldViewLook& l
                          {"alphaValue", 1.0 - std::clamp(look.dTransparency, 0.0, 1.0)},
                          {"vectorVariable", look.sVector},
                          {"vectorSkip", std::max(look.nVectorSkip, 0)},
-                         {"vectorBodyScale", look.dVectorLength},
+                         {"vectorBodyScale", ArrowScale(restart, look)},
                          {"vectorHeadScale", look.dVectorHead},
                          {"thresholdEnable", look.bThreshold && !look.sThreshold.isEmpty()},
-                         {"thresholdVariable", look.sThreshold}};
-    if (look.nContours > 0)
-        drawable["contourCount"] = std::min(look.nContours, 256);
+                         {"thresholdVariable", look.sThreshold},
+                         {"annotationColormap", ToLegend(look)}};
     if (look.thresholdRange)
         drawable["thresholdRange"] = ToJson(*look.thresholdRange);
     PutColors(restart, look, drawable);
@@ -99,22 +137,81 @@ QJsonObject ToSurface(const SFieldViewRestart& restart, const SFieldViewSurface&
     drawable["ijkMax"] = last;
     return {{"constantDirection", surface.nDirection},
             {"constantValue", constants},
+            {"hidden", !surface.look.bVisible},
+            {"selected", false},
             {"drawables", QJsonArray{drawable}}};
 }
 
-/** The blocks show their surfaces alone, as there. */
-QJsonArray ToBlocks(const SFieldViewRestart& restart)
+/** By grid. */
+QMap<qint64, QJsonArray> ToSurfaces(const SFieldViewRestart& restart)
 {
-    QMap<qint64, QJsonArray> surfaces; // by grid
+    QMap<qint64, QJsonArray> surfaces;
     int nSurfaces = 0;
     for (const SFieldViewSurface& surface : restart.surfaces)
         for (qint64 n = surface.nGrid; n <= surface.nLastGrid && nSurfaces < MOST_SURFACES; ++n, ++nSurfaces)
             surfaces[n].append(ToSurface(restart, surface));
-    const QJsonArray nothing = {QJsonObject{{"visible", false}}};
+    return surfaces;
+}
+
+QJsonArray HiddenList(const QJsonArray& list);
+
+/** The display of a block, or of an item under it, with nothing of it on show. */
+QJsonObject Hidden(QJsonObject display)
+{
+    display["hidden"] = true;
+    display["selected"] = false;
+    QJsonArray drawables;
+    for (const QJsonValue& value : display["drawables"].toArray()) {
+        QJsonObject drawable = value.toObject();
+        drawable["visible"] = false;
+        drawables.append(drawable);
+    }
+    display["drawables"] = drawables;
+    for (const char* const sChildren : {"surfaces", "boundarySurfaces"})
+        if (display.contains(sChildren))
+            display[sChildren] = HiddenList(display[sChildren].toArray());
+    return display;
+}
+
+QJsonArray HiddenList(const QJsonArray& list)
+{
+    QJsonArray hidden;
+    for (const QJsonValue& value : list)
+        hidden.append(Hidden(value.toObject()));
+    return hidden;
+}
+
+/** In the place of the first ones; nothing else of the block is on show. */
+QJsonObject WithSurfaces(const QJsonObject& shown, const QJsonArray& surfaces)
+{
+    QJsonObject display = Hidden(shown);
+    QJsonArray all = surfaces;
+    const QJsonArray former = display["surfaces"].toArray();
+    for (int n = surfaces.size(); n < former.size(); ++n)
+        all.append(former[n]);
+    display["surfaces"] = all;
+    return display;
+}
+
+/** As there, the surfaces alone are on show. Without any the blocks stay: something has to be seen. */
+QJsonArray ToBlocks(const SFieldViewRestart& restart, const QJsonArray& shown)
+{
+    constexpr const char *NAME = "blockName", *DISPLAY = "disp", *GRID = "Grid%1", *BLOCK = "Block ";
+    QMap<qint64, QJsonArray> surfaces = ToSurfaces(restart);
     QJsonArray blocks;
+    for (int n = 0; n < shown.size() && !restart.surfaces.isEmpty(); ++n) {
+        QJsonObject block = shown[n].toObject();
+        const QString sName = block[NAME].toString();
+        const qint64 nGrid = sName.startsWith(BLOCK) ? sName.mid(int(qstrlen(BLOCK))).toLongLong() : 0;
+        if (nGrid > 0)
+            block[NAME] = QString(GRID).arg(nGrid);
+        block[DISPLAY] = WithSurfaces(block[DISPLAY].toObject(), surfaces.take(nGrid));
+        blocks.append(block);
+    }
+    const QJsonObject hidden = {{"drawables", QJsonArray{QJsonObject{{"visible", false}}}}};
     for (auto it = surfaces.constBegin(); it != surfaces.constEnd(); ++it)
-        blocks.append(QJsonObject{{"blockName", QString("Grid%1").arg(it.key())},
-                                  {"disp", QJsonObject{{"drawables", nothing}, {"surfaces", it.value()}}}});
+        blocks.append(
+            QJsonObject{{NAME, QString(GRID).arg(it.key())}, {DISPLAY, WithSurfaces(hidden, it.value())}});
     return blocks;
 }
 
@@ -132,16 +229,32 @@ QJsonArray ToPlanes(const SFieldViewRestart& restart)
     return planes;
 }
 
+/** By their places, or where none is told by their points of the grids. */
+void PutSeeds(const SFieldViewRake& rake, QJsonObject& streamline)
+{
+    QJsonArray places, zones, indices;
+    for (const DVector3D& seed : rake.seeds)
+        places.append(ToJson(seed));
+    streamline["seedDrawable"] = QJsonObject{{"xyzList", places}};
+    if (!rake.seeds.isEmpty() || rake.gridSeeds.isEmpty())
+        return;
+    for (const SFieldViewGridSeed& seed : rake.gridSeeds) {
+        zones.append(seed.nGrid);
+        indices.append(QJsonArray{seed.ijk.i, seed.ijk.j, seed.ijk.k});
+    }
+    streamline["seedZoneIds"] = zones;
+    streamline["seedIJKs"] = indices;
+}
+
 QJsonArray ToStreamlines(const SFieldViewRestart& restart)
 {
     QJsonArray streamlines;
     for (const SFieldViewRake& rake : restart.rakes) {
-        QJsonArray seeds;
-        for (const DVector3D& seed : rake.seeds)
-            seeds.append(ToJson(seed));
-        streamlines.append(QJsonObject{{"showSeeds", false},
-                                       {"seedDrawable", QJsonObject{{"xyzList", seeds}}},
-                                       {"streamlineDrawable", ToDrawable(restart, rake.look)}});
+        QJsonObject streamline{{"showSeeds", false},
+                               {"integratorDirection", rake.eDirection},
+                               {"streamlineDrawable", ToDrawable(restart, rake.look)}};
+        PutSeeds(rake, streamline);
+        streamlines.append(streamline);
     }
     return streamlines;
 }
@@ -188,14 +301,15 @@ template <class Items> void TakeComputedOfAll(Items& items, const QStringList& s
 
 } // namespace
 
-SDisplayDocument ToDisplayDocument(const SFieldViewRestart& named, const QStringList& sVariableList)
+SDisplayDocument ToDisplayDocument(const SFieldViewRestart& named, const QStringList& sVariableList,
+                                   const QJsonObject& shown)
 {
     SFieldViewRestart restart = named;
     TakeComputedOfAll(restart.surfaces, sVariableList);
     TakeComputedOfAll(restart.planes, sVariableList);
     TakeComputedOfAll(restart.rakes, sVariableList);
     SDisplayDocument document;
-    document.display = {{"meshBlocks", ToBlocks(restart)},
+    document.display = {{"meshBlocks", ToBlocks(restart, shown["meshBlocks"].toArray())},
                         {"coordinateSurfaces", ToPlanes(restart)},
                         {"streamlines", ToStreamlines(restart)},
                         {"isoSurfaces", QJsonArray()},
