@@ -168,11 +168,12 @@ CPlot3DSimulation* CPlot3DModule::CaseOfFieldView(const QString& sRestartFile)
     const bool bFound = FindFieldViewData(sRestartFile, records);
     if (!pActive && bFound)
         return FindSimulation(OpenRecords(records, GetActiveViewId()));
-    QString sProblem;
-    if (!pActive)
-        sProblem = "Display file does not reference an accessible grid file.";
-    else if (bFound && !AreSameFiles(records, former))
-        sProblem = pActive->Load(records);
+    if (!pActive) {
+        UserPrompt::Tell(PromptWarning, "Display File",
+                         "Display file does not reference an accessible grid file.");
+        return nullptr;
+    }
+    const QString sProblem = bFound && !AreSameFiles(records, former) ? pActive->Load(records) : QString();
     if (sProblem.isEmpty())
         return pActive;
     UserPrompt::Tell(PromptWarning, "FieldView Import", sProblem);

@@ -318,6 +318,7 @@ TEST_F(FieldView, TheCommandTakesTheDataBesideTheRestart)
     user.ChooseFile(Path("restart/lost.dat"));
     user.Press("Ok");
     m_module.SlotImportFieldViewRestart();
+    EXPECT_EQ(user.Asked().last().sTitle, "Display File");
     EXPECT_EQ(user.Asked().last().sText, "Display file does not reference an accessible grid file.");
     EXPECT_TRUE(CSimulationManager::Instance().GetSimulationIds().isEmpty());
     user.ChooseFile(Path("restart/a.dat"));
