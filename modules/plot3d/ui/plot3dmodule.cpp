@@ -60,29 +60,31 @@ CPlot3DSimulation* CPlot3DModule::FindSimulation(qint64 nSimulationId) const
                : nullptr;
 }
 
-CPlot3DSimulation* CPlot3DModule::ActivePlot3D() const
+CPlot3DSimulation* CPlot3DModule::ShownPlot3D(qint64 nViewId) const
 {
-    const ISimulation* const pSimulation =
-        CSimulationManager::Instance().GetSimulationOfView(GetActiveViewId());
+    const ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulationOfView(nViewId);
     return pSimulation ? FindSimulation(pSimulation->GetId()) : nullptr;
 }
+
+CPlot3DSimulation* CPlot3DModule::ActivePlot3D() const { return ShownPlot3D(GetActiveViewId()); }
 
 qint64 CPlot3DModule::Analyze(qint64 nViewId)
 {
     ICaseFilesEditor* const pEditor = ICaseFilesEditor::Installed();
     CCaseRecords records;
+    CPlot3DSimulation* pShown = ShownPlot3D(ViewOrActive(nViewId)); // of which a display alone is meant
+    records.bHoldsData = pShown && pShown->HoldsData();
     if (!pEditor || !pEditor->EditCaseFiles(records))
         return NO_ID;
-    if (records.IsDisplayAlone()) { // there is no case yet
-        CPlot3DSimulation::TellNoData();
+    if (!records.bNoDataRead)
+        pShown = FindSimulation(OpenRecords(records, nViewId));
+    if (!pShown)
         return NO_ID;
+    if (records.HasDisplay()) {
+        pShown->ShowDisplayOf(records, ViewOrActive(nViewId));
+        pShown->SetDisplayChosen();
     }
-    const qint64 nId = OpenRecords(records, nViewId);
-    if (nId != NO_ID && records.HasDisplay()) {
-        FindSimulation(nId)->ShowDisplayOf(records, ViewOrActive(nViewId));
-        FindSimulation(nId)->SetDisplayChosen();
-    }
-    return nId;
+    return pShown->GetId();
 }
 
 qint64 CPlot3DModule::OpenFromKey(const QByteArray& key, qint64 nViewId)

@@ -338,9 +338,11 @@ TEST_F(FieldView, TheFilesDialogWritesNothingAndTakesTheDataUnlessTheyStay)
     EXPECT_EQ(dialog.GetRecords().grid.FileName(), Path("data/wing.x")) << "named elsewhere, beside it";
     EXPECT_EQ(dialog.GetRecords().q.FileName(), Path("data/flow1.q"));
     EXPECT_EQ(dialog.findChild<QLineEdit*>("m_pFieldViewE")->text(), sFile);
-    EXPECT_FALSE(dialog.GetRecords().IsDisplayAlone());
     dialog.findChild<QCheckBox*>("m_pNoDataReadCB")->click();
-    EXPECT_TRUE(dialog.GetRecords().IsDisplayAlone());
+    user.Press("Ok");
+    dialog.accept();
+    EXPECT_EQ(user.Asked().last().sTitle, "No Data Read");
+    EXPECT_NE(dialog.result(), QDialog::Accepted) << "it can be unchecked";
     click("m_pDeleteFieldViewB");
     EXPECT_FALSE(dialog.GetRecords().HasDisplay());
     dialog.reject();
