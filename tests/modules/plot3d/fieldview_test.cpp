@@ -167,9 +167,6 @@ TEST_F(FieldView, WhatASurfaceSaysIsHowItIsDrawn)
         {"its own", "number_of_contours: 64\n", "number_of_contours: 7\n", "contourCount", 7},
         {"arrows", "trans_restart_version: 9\nscale: 8\n", ARROWS, "vectorBodyScale", 200.0},
         {"no size", "", ARROWS, "vectorBodyScale", 2.0},
-        {"legend", "", "legend_type: 2\nspectrum_num_labels: 5\nlegend_decimal_places: 1\n",
-         "annotationColormap", QJsonObject{{"visible", true}, {"labelCount", 5}, {"digits", 1}}},
-        {"none", "", "legend_type: 1\n", "annotationColormap", QJsonObject{{"visible", false}}},
     };
     for (const SLook& look : looks) {
         SFieldViewRestart restart;
@@ -178,6 +175,27 @@ TEST_F(FieldView, WhatASurfaceSaysIsHowItIsDrawn)
         const SDisplayDocument document = ToDisplayDocument(restart);
         EXPECT_EQ(Drawable(document, 0, 0)[look.sKey], look.expected) << look.sName;
     }
+}
+
+TEST_F(FieldView, SurfacesOfTheSameColoursShareALegend)
+{
+    const QString sSurface = "dataset: *\nlegend_type: %1\nspectrum_num_labels: 5\nlegend_decimal_places: 1\n"
+                             "scalar_funct: \"Density (Q1)\"\nscalar_min_max: 0 %2\n";
+    SFieldViewRestart restart;
+    ReadFieldViewText("comp_surf_restart_version: 10\n" + sSurface.arg("1", "1") + sSurface.arg("2", "1") +
+                          sSurface.arg("2", "1") + sSurface.arg("2", "7"),
+                      restart);
+    const SDisplayDocument document = ToDisplayDocument(restart);
+    const auto legend = [&](int nBlock) {
+        return Drawable(document, nBlock, 0)["annotationColormap"].toObject();
+    };
+    QVector<bool> shown;
+    for (const int nBlock : {0, 1, 2, 3})
+        shown.append(legend(nBlock)["visible"].toBool());
+    EXPECT_EQ(shown, (QVector<bool>{false, true, false, true}));
+    EXPECT_EQ(legend(1)["labelCount"], 5);
+    EXPECT_EQ(legend(1)["digits"], 1);
+    EXPECT_GT(legend(3)["x"].toInt(), legend(1)["x"].toInt() + 100) << "beside each other";
 }
 
 TEST_F(FieldView, AnAngleBeyondATurnIsInDegrees)
