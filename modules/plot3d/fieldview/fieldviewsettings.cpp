@@ -22,9 +22,9 @@ public:
         if (sKey == "filename")
             return TakeFile(UnquotedFieldView(sValue));
         if (sKey == "dataset_dup_mode")
-            return TakeFieldView(sValue, m_nDuplication);
+            return TakeMirror(sValue, m_nDuplication);
         if (sKey == "dataset_dup_mirror_axis")
-            return TakeMirror(sValue);
+            return TakeMirror(sValue, m_nMirrorAxis);
         if (sKey == "geom_color")
             return TakeFieldView(sValue, m_restart.nGeometryColor);
         return TakeFieldViewColors(m_restart.colors, sKey, sValue);
@@ -43,19 +43,19 @@ private:
         sFileList << sFile;
         return true;
     }
-    bool TakeMirror(const QString& sValue)
+    /** Mode and axis come in either order. */
+    bool TakeMirror(const QString& sValue, int& nTaken)
     {
         constexpr int MIRRORED = 2;
-        int nAxis = 0;
-        if (!TakeFieldView(sValue, nAxis) || nAxis < 1 || nAxis > 3)
-            return false;
-        if (m_nDuplication == MIRRORED)
-            m_restart.nMirrorAxis = nAxis - 1;
-        return true;
+        const bool bTaken = TakeFieldView(sValue, nTaken);
+        const bool bMirrored = m_nDuplication == MIRRORED && m_nMirrorAxis >= 1 && m_nMirrorAxis <= 3;
+        m_restart.nMirrorAxis = bMirrored ? m_nMirrorAxis - 1 : -1;
+        return bTaken;
     }
 
     int m_nDataType = 0;
     int m_nDuplication = 0;
+    int m_nMirrorAxis = 0; // from 1
 };
 
 class CViewSection : public CGeneralSection

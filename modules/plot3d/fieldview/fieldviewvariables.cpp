@@ -22,6 +22,7 @@ const QHash<QString, QString>& VariableTable()
         {"mach number", "M[Q]"},
         {"speed of sound", "C[Q]"},
         {"velocity", "Velocity"},
+        {"velocity vectors", "Velocity"},
         {"momentum", "Momentum"},
         {"momentum vectors", "Momentum"},
     };

@@ -18,7 +18,7 @@ namespace {
 
 const QByteArray MAIN =
     "data_file_restart_version: 18\ndata_type: 1\nfilename: /gone/wing.x\n"
-    "dataset_dup_mode: 2\ndataset_dup_mirror_axis: 2\n"
+    "dataset_dup_mirror_axis: 2\ndataset_dup_mode: 2\n"
     "data_type: 2\nfilename: /gone/flow1.q\n"
     "trans_restart_version: 9\nangle_axis: 1.5707963 0 0 2\ntranslation: 0.25 -0.5 0\nscale: 8\nzoom: 2\n";
 const QByteArray SURFACES =
