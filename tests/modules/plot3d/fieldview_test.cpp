@@ -74,6 +74,7 @@ TEST_F(FieldView, AFileIsOneByBothMarksInItsFirstHundredLines)
     EXPECT_EQ(TranslateFieldViewVariable("velocity magnitude [plot3d]"), "Vmag[Q]");
     EXPECT_EQ(TranslateFieldViewVariable("Momentum Vectors [PLOT3D]"), "Momentum");
     EXPECT_EQ(TranslateFieldViewVariable("Density (Q1)"), "R");
+    EXPECT_EQ(TranslateFieldViewVariable("Velocity Vectors [PLOT3D]"), "Velocity");
     EXPECT_EQ(TranslateFieldViewVariable("Gamma"), "Gamma");
 }
 
@@ -400,6 +401,7 @@ TEST_F(FieldView, ARealRestartHasItsThreeSurfaces)
     EXPECT_EQ(restart->surfaces[2].nDirection, 2);
     EXPECT_EQ(restart->surfaces[2].current, (std::array<qint64, 3>{24, 56, 1}));
     EXPECT_EQ(restart->surfaces[0].look.sScalar, "M[Q]");
+    EXPECT_FALSE(restart->surfaces[0].look.bLegend) << "those of all three would stand in one place";
     EXPECT_EQ(restart->colorTable.size(), 8);
     EXPECT_EQ(restart->colors.sColormap, "RGB LINEAR");
     const auto camera = CameraFromJson(ToDisplayDocument(*restart).viewer);
