@@ -1,5 +1,6 @@
 // A FieldView restart of any text: what it shows is a display file that reads back.
 #include "modules/plot3d/fieldview/fieldviewdisplay.h"
+#include "modules/plot3d/fieldview/fieldviewtext.h"
 
 #include <cstdlib>
 

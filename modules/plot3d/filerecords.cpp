@@ -99,6 +99,12 @@ QString CFileRecord::RowText(bool bTransient, bool bGrid) const
 
 SFilesProblem CCaseRecords::Validate() const
 {
+    if (bNoDataRead && !bHoldsData)
+        return {"No Data Read",
+                "The simulation has no data loaded.\n\n'No Data Read' applies a display on top of existing "
+                "data \u2014 load data first, or uncheck 'No Data Read'."};
+    if (bNoDataRead)
+        return {};
     if (!grid.IsValid())
         return {"Grid File", "Please select a valid grid file"};
     for (const qint64 nBlock : grid.Blocks())

@@ -68,9 +68,9 @@ public:
     QString sDisplayFile;     ///< how the case is to be shown; empty: nothing is said of that
     QString sRestartFile;     ///< the same by a FieldView restart; at most one of the two is there
     bool bNoDataRead = false; ///< the display goes onto the data that the case has, all files are left alone
+    bool bHoldsData = false;  ///< there is such a case
 
     bool HasDisplay() const { return !sDisplayFile.isEmpty() || !sRestartFile.isEmpty(); }
-    bool IsDisplayAlone() const { return bNoDataRead && HasDisplay(); }
     /** The first thing that is wrong, in the order in which the dialog tells. */
     SFilesProblem Validate() const;
     /**

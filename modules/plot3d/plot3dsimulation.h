@@ -65,6 +65,8 @@ public:
      * @return false, after telling why, if that isn't possible; true if nothing was chosen
      */
     bool ShowDisplayOf(const CCaseRecords& records, qint64 nViewId);
+    /** Whether there are items that a display can go onto. */
+    bool HoldsData() const { return !m_case.blocks.isEmpty(); }
     QJsonObject SaveDataFiles() const override;
     /** Its directory is that of the display file afterwards. */
     QString LoadDataFiles(const QJsonObject& settings, const QString& sFolder) override;
@@ -77,8 +79,6 @@ public:
 
     // Editing (plot3dsimulation_edit.cpp).
     bool EditData() override;
-    /** A display was to go onto data that aren't there. */
-    static void TellNoData();
     void DeleteAllItems() override;
     /** With all below it, and their data. */
     void DeleteItem(qint64 nId, qint64 nSubId = -1) override;

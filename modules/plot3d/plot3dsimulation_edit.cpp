@@ -39,25 +39,13 @@ bool CPlot3DSimulation::EditData()
 {
     ICaseFilesEditor* const pEditor = ICaseFilesEditor::Installed();
     CCaseRecords records = GetRecords();
+    records.bHoldsData = HoldsData();
     if (!pEditor || !pEditor->EditCaseFiles(records))
         return false;
-    const qint64 nViewId = CWidgetManager::Instance().GetActiveViewId();
-    if (records.IsDisplayAlone()) {
-        if (m_case.blocks.isEmpty())
-            TellNoData();
-        return !m_case.blocks.isEmpty() && ShowDisplayOf(records, nViewId);
-    }
-    if (const QString sError = Load(records); !sError.isEmpty())
+    const QString sError = records.bNoDataRead ? QString() : Load(records);
+    if (!sError.isEmpty())
         return UserPrompt::Tell(PromptWarning, "Grid File", sError);
-    return ShowDisplayOf(records, nViewId);
-}
-
-void CPlot3DSimulation::TellNoData()
-{
-    UserPrompt::Tell(
-        PromptWarning, "No Data Read",
-        "The simulation has no data loaded.\n\n'No Data Read' applies a display on top of existing "
-        "data \u2014 load data first, or uncheck 'No Data Read'.");
+    return ShowDisplayOf(records, CWidgetManager::Instance().GetActiveViewId());
 }
 
 CItem* CPlot3DSimulation::CreateItem(qint64 nType, qint64 nKind, bool, qint64, qint64 nId, qint64 nSubId)

@@ -23,7 +23,7 @@ void FromJson(const QJsonObject& object, SLegendText& text)
 {
     text.bVisible = object[VISIBLE].toBool(text.bVisible);
     text.sText = object[TEXT].toString(text.sText);
-    if (QFont font; font.fromString(object[FONT].toString()))
+    if (QFont font; object.contains(FONT) && font.fromString(object[FONT].toString())) // warns of empty ones
         text.font = font;
     if (const QColor color(object[COLOR].toString()); color.isValid())
         text.color = color;

@@ -105,7 +105,7 @@ bool CPlot3DDialog::Tell(const SFilesProblem& problem)
 
 void CPlot3DDialog::accept()
 {
-    if (m_records.IsDisplayAlone() || Tell(m_records.Validate()))
+    if (Tell(m_records.Validate()))
         QDialog::accept();
 }
 

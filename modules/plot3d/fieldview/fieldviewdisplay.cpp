@@ -3,7 +3,7 @@
 #include "modules/base/displayoverrides.h"
 #include "modules/base/pairjson.h"
 #include "modules/base/storedcamera.h"
-#include "scene/displaytype.h"
+#include "modules/plot3d/fieldview/fieldviewdrawable.h"
 
 #include <QJsonArray>
 #include <QVector3D>
@@ -14,73 +14,6 @@ namespace {
 constexpr int MOST_SURFACES = 10'000; // of all blocks together
 
 QJsonArray ToJson(const DVector3D& point) { return {point.x, point.y, point.z}; }
-QJsonArray ToJson(const SValueRange& range) { return {range.dMin, range.dMax}; }
-
-DisplayType_e TypeOf(const SFieldViewLook& look)
-{
-    switch (look.nDisplayType) {
-    case 1:
-        return DisplayWireframe;
-    case 2:
-    case 3:
-        return look.bMesh ? DisplayShadedWireframe : DisplayShaded;
-    case 4:
-        return look.sScalar.isEmpty() ? DisplayShaded : DisplayContour;
-    case 5:
-        return look.sVector.isEmpty() ? DisplayShaded : DisplayVector;
-    default:
-        return DisplayOutline;
-    }
-}
-
-bool UsesScalar(const SFieldViewLook& look)
-{
-    constexpr int BY_SCALAR = 3; // this type and those behind it
-    return !look.sScalar.isEmpty() && look.nDisplayType >= BY_SCALAR;
-}
-
-void PutColors(const SFieldViewRestart& restart, const SFieldViewLook& look, QJsonObject& drawable)
-{
-    const QColor color = restart.colors.value(look.nColor > 0 ? look.nColor : restart.nGeometryColor);
-    if (color.isValid())
-        for (const char* const sKey : {"shadeColor", "wireframeColor"})
-            drawable[sKey] = color.name(QColor::HexArgb);
-    drawable["geometricColor"] = !UsesScalar(look);
-    drawable["scalarVariable"] = look.sScalar;
-    drawable["colormapName"] = look.sColormap.isEmpty() ? restart.sColormap : look.sColormap;
-    const std::optional<SValueRange>& range = look.bUseLocalRange ? look.localRange : look.scalarRange;
-    if (range)
-        drawable["colormapRange"] = ToJson(*range);
-}
-
-QJsonObject ToDrawable(const SFieldViewRestart& restart, const SFieldViewLook& look)
-{
-    const DisplayType_e eType = TypeOf(look);
-    const bool bGridLines = eType == DisplayWireframe || eType == DisplayShadedWireframe;
-    QJsonObject drawable{{"visible", look.bVisible},
-                         {"displayType", eType},
-                         {"drawWireframe", bGridLines},
-                         {"drawShaded", eType == DisplayShaded || eType == DisplayShadedWireframe},
-                         {"drawContours", eType == DisplayContour},
-                         {"drawNodes", false},
-                         {"nodeVisible", false},
-                         {"drawOutlines", !bGridLines}, // they go ahead of grid lines
-                         {"displayOnNodes", true},
-                         {"lineThickness", std::clamp(look.dLineThickness, 1.0, 20.0)},
-                         {"alphaValue", 1.0 - std::clamp(look.dTransparency, 0.0, 1.0)},
-                         {"vectorVariable", look.sVector},
-                         {"vectorSkip", std::max(look.nVectorSkip, 0)},
-                         {"vectorBodyScale", look.dVectorLength},
-                         {"vectorHeadScale", look.dVectorHead},
-                         {"thresholdEnable", look.bThreshold && !look.sThreshold.isEmpty()},
-                         {"thresholdVariable", look.sThreshold}};
-    if (look.nContours > 0)
-        drawable["contourCount"] = std::min(look.nContours, 256);
-    if (look.thresholdRange)
-        drawable["thresholdRange"] = ToJson(*look.thresholdRange);
-    PutColors(restart, look, drawable);
-    return drawable;
-}
 
 /** A surface, and its drawable, whose open ends the block's own take. */
 QJsonObject ToSurface(const SFieldViewRestart& restart, const SFieldViewSurface& surface)
@@ -92,29 +25,118 @@ QJsonObject ToSurface(const SFieldViewRestart& restart, const SFieldViewSurface&
         first.append(surface.first[nAxis].value_or(1));
         last.append(surface.last[nAxis].value_or(END_OF_BLOCK));
     }
-    QJsonObject drawable = ToDrawable(restart, surface.look);
+    QJsonObject drawable = ToFieldViewDrawable(restart, surface.look);
     drawable["constantDirection"] = surface.nDirection;
     drawable["constantValue"] = constants;
     drawable["ijkMin"] = first;
     drawable["ijkMax"] = last;
     return {{"constantDirection", surface.nDirection},
             {"constantValue", constants},
+            {"hidden", !surface.look.bVisible},
+            {"selected", false},
             {"drawables", QJsonArray{drawable}}};
 }
 
-/** The blocks show their surfaces alone, as there. */
-QJsonArray ToBlocks(const SFieldViewRestart& restart)
+/** Surfaces of the same colours share a legend; others stand beside each other. */
+class CLegendRow
 {
-    QMap<qint64, QJsonArray> surfaces; // by grid
+public:
+    void Place(QJsonObject& surface)
+    {
+        constexpr const char* LEGEND = "annotationColormap";
+        constexpr int FIRST = 50, STEP = 150; // [pixels]
+        QJsonObject drawable = surface["drawables"].toArray()[0].toObject();
+        QJsonObject legend = drawable[LEGEND].toObject();
+        if (!legend["visible"].toBool())
+            return;
+        const QJsonArray key{drawable["scalarVariable"], drawable["colormapName"], drawable["colormapRange"]};
+        legend["visible"] = !m_shown.contains(key);
+        legend["x"] = FIRST + STEP * m_shown.size();
+        if (!m_shown.contains(key))
+            m_shown.append(key);
+        drawable[LEGEND] = legend;
+        surface["drawables"] = QJsonArray{drawable};
+    }
+
+private:
+    QJsonArray m_shown;
+};
+
+/** By grid. */
+QMap<qint64, QJsonArray> ToSurfaces(const SFieldViewRestart& restart)
+{
+    QMap<qint64, QJsonArray> surfaces;
+    CLegendRow legends;
     int nSurfaces = 0;
     for (const SFieldViewSurface& surface : restart.surfaces)
-        for (qint64 n = surface.nGrid; n <= surface.nLastGrid && nSurfaces < MOST_SURFACES; ++n, ++nSurfaces)
-            surfaces[n].append(ToSurface(restart, surface));
-    const QJsonArray nothing = {QJsonObject{{"visible", false}}};
+        for (qint64 n = surface.nGrid; n <= surface.nLastGrid && nSurfaces < MOST_SURFACES;
+             ++n, ++nSurfaces) {
+            QJsonObject shown = ToSurface(restart, surface);
+            legends.Place(shown);
+            surfaces[n].append(shown);
+        }
+    return surfaces;
+}
+
+QJsonArray HiddenList(const QJsonArray& list);
+
+/** The display of a block, or of an item under it, with nothing of it on show. */
+QJsonObject Hidden(QJsonObject display)
+{
+    display["hidden"] = true;
+    display["selected"] = false;
+    QJsonArray drawables;
+    for (const QJsonValue& value : display["drawables"].toArray()) {
+        QJsonObject drawable = value.toObject();
+        drawable["visible"] = false;
+        drawables.append(drawable);
+    }
+    display["drawables"] = drawables;
+    for (const char* const sChildren : {"surfaces", "boundarySurfaces"})
+        if (display.contains(sChildren))
+            display[sChildren] = HiddenList(display[sChildren].toArray());
+    return display;
+}
+
+QJsonArray HiddenList(const QJsonArray& list)
+{
+    QJsonArray hidden;
+    for (const QJsonValue& value : list)
+        hidden.append(Hidden(value.toObject()));
+    return hidden;
+}
+
+/** In the place of the first ones; nothing else of the block is on show. */
+QJsonObject WithSurfaces(const QJsonObject& shown, const QJsonArray& surfaces)
+{
+    QJsonObject display = Hidden(shown);
+    QJsonArray all = surfaces;
+    const QJsonArray former = display["surfaces"].toArray();
+    for (int n = surfaces.size(); n < former.size(); ++n)
+        all.append(former[n]);
+    display["surfaces"] = all;
+    return display;
+}
+
+/** As there, the surfaces alone are on show. Without any the blocks stay: something has to be seen. */
+QJsonArray ToBlocks(const SFieldViewRestart& restart, const QJsonArray& shown)
+{
+    constexpr const char *NAME = "blockName", *DISPLAY = "disp", *GRID = "Grid%1", *BLOCK = "Block ";
+    QMap<qint64, QJsonArray> surfaces = ToSurfaces(restart);
     QJsonArray blocks;
+    for (int n = 0; n < shown.size() && !restart.surfaces.isEmpty(); ++n) {
+        QJsonObject block = shown[n].toObject();
+        const QString sName = block[NAME].toString();
+        const qint64 nGrid = sName.startsWith(BLOCK) ? sName.mid(int(qstrlen(BLOCK))).toLongLong() : 0;
+        if (nGrid > 0)
+            block[NAME] = QString(GRID).arg(nGrid);
+        block[DISPLAY] = WithSurfaces(block[DISPLAY].toObject(), surfaces.take(nGrid));
+        blocks.append(block);
+    }
+    const QJsonObject hidden = {{"drawables", QJsonArray{QJsonObject{{"visible", false}}}}};
     for (auto it = surfaces.constBegin(); it != surfaces.constEnd(); ++it)
-        blocks.append(QJsonObject{{"blockName", QString("Grid%1").arg(it.key())},
-                                  {"disp", QJsonObject{{"drawables", nothing}, {"surfaces", it.value()}}}});
+        blocks.append(
+            QJsonObject{{NAME, QString(GRID).arg(it.key())}, {DISPLAY, WithSurfaces(hidden, it.value())}});
     return blocks;
 }
 
@@ -127,21 +149,37 @@ QJsonArray ToPlanes(const SFieldViewRestart& restart)
         planes.append(QJsonObject{{"selectable", QJsonObject{{"planeNormal", ToJson(normal)},
                                                              {"planeValue", plane.place[plane.nAxis]}}},
                                   {"subjects", QJsonArray()},
-                                  {"drawables", QJsonArray{ToDrawable(restart, plane.look)}}});
+                                  {"drawables", QJsonArray{ToFieldViewDrawable(restart, plane.look)}}});
     }
     return planes;
+}
+
+/** By their places, or where none is told by their points of the grids. */
+void PutSeeds(const SFieldViewRake& rake, QJsonObject& streamline)
+{
+    QJsonArray places, zones, indices;
+    for (const DVector3D& seed : rake.seeds)
+        places.append(ToJson(seed));
+    streamline["seedDrawable"] = QJsonObject{{"xyzList", places}};
+    if (!rake.seeds.isEmpty() || rake.gridSeeds.isEmpty())
+        return;
+    for (const SFieldViewGridSeed& seed : rake.gridSeeds) {
+        zones.append(seed.nGrid);
+        indices.append(QJsonArray{seed.ijk.i, seed.ijk.j, seed.ijk.k});
+    }
+    streamline["seedZoneIds"] = zones;
+    streamline["seedIJKs"] = indices;
 }
 
 QJsonArray ToStreamlines(const SFieldViewRestart& restart)
 {
     QJsonArray streamlines;
     for (const SFieldViewRake& rake : restart.rakes) {
-        QJsonArray seeds;
-        for (const DVector3D& seed : rake.seeds)
-            seeds.append(ToJson(seed));
-        streamlines.append(QJsonObject{{"showSeeds", false},
-                                       {"seedDrawable", QJsonObject{{"xyzList", seeds}}},
-                                       {"streamlineDrawable", ToDrawable(restart, rake.look)}});
+        QJsonObject streamline{{"showSeeds", false},
+                               {"integratorDirection", rake.eDirection},
+                               {"streamlineDrawable", ToFieldViewDrawable(restart, rake.look)}};
+        PutSeeds(rake, streamline);
+        streamlines.append(streamline);
     }
     return streamlines;
 }
@@ -188,14 +226,15 @@ template <class Items> void TakeComputedOfAll(Items& items, const QStringList& s
 
 } // namespace
 
-SDisplayDocument ToDisplayDocument(const SFieldViewRestart& named, const QStringList& sVariableList)
+SDisplayDocument ToDisplayDocument(const SFieldViewRestart& named, const QStringList& sVariableList,
+                                   const QJsonObject& shown)
 {
     SFieldViewRestart restart = named;
     TakeComputedOfAll(restart.surfaces, sVariableList);
     TakeComputedOfAll(restart.planes, sVariableList);
     TakeComputedOfAll(restart.rakes, sVariableList);
     SDisplayDocument document;
-    document.display = {{"meshBlocks", ToBlocks(restart)},
+    document.display = {{"meshBlocks", ToBlocks(restart, shown["meshBlocks"].toArray())},
                         {"coordinateSurfaces", ToPlanes(restart)},
                         {"streamlines", ToStreamlines(restart)},
                         {"isoSurfaces", QJsonArray()},

@@ -1,6 +1,7 @@
 #include "modules/plot3d/fieldview/fieldviewimport.h"
 
 #include "data/variables/variablemanager.h"
+#include "frame/messagesink.h"
 #include "frame/preferencekeys.h"
 #include "frame/preferences.h"
 #include "frame/replacefile.h"
@@ -40,6 +41,17 @@ QStringList VariablesOf(const ISimulation& simulation)
         if (const IVariable* const pVariable = manager.GetVariable(nId))
             sNameList.append(pVariable->GetName());
     return sNameList;
+}
+
+/** One line for all, so that a user sees what wasn't understood. */
+void LogPassedOver(const QString& sRestartFile, const SFieldViewRestart& restart)
+{
+    QStringList sSectionList;
+    for (auto it = restart.passedOver.constBegin(); it != restart.passedOver.constEnd(); ++it)
+        sSectionList << QString("%1 of %2").arg(QString::number(it.value()), it.key());
+    if (!sSectionList.isEmpty())
+        CMessageSink::Instance().Log(
+            QString("%1: lines passed over: %2").arg(sRestartFile, sSectionList.join(", ")));
 }
 
 /** With the time of day, as other display files; plain where that is no name for a file. */
@@ -114,7 +126,9 @@ bool ShowFieldView(ISimulation& simulation, const QString& sRestartFile, qint64 
     const std::optional<SFieldViewRestart> restart = OpenFieldView(sRestartFile);
     if (!restart)
         return false;
-    SDisplayDocument document = ToDisplayDocument(*restart, VariablesOf(simulation));
+    LogPassedOver(sRestartFile, *restart);
+    SDisplayDocument document =
+        ToDisplayDocument(*restart, VariablesOf(simulation), simulation.SaveViewJson(nViewId));
     const QJsonObject dataFiles = simulation.SaveDataFiles();
     for (auto it = dataFiles.begin(); it != dataFiles.end(); ++it)
         document.overrides[it.key()] = it.value();

@@ -14,6 +14,15 @@
 // FieldView restart files: text of lines with a key, a colon and a value (docs/formats/fieldview.md). A
 // restart is a main file, ".dat", and files of the same name with other endings beside it.
 
+/** How values become colours; what isn't said is that of all. */
+struct SFieldViewColors
+{
+    QString sColormap; ///< the system's own name; empty: not said
+    std::optional<bool> bInverted;
+    std::optional<bool> bFilled; ///< colours between the contours
+    int nContours = 0;           ///< 0: not said
+};
+
 /** How an item looks; what the file doesn't say has its value here. */
 struct SFieldViewLook
 {
@@ -31,12 +40,15 @@ struct SFieldViewLook
     std::optional<SValueRange> scalarRange;
     std::optional<SValueRange> localRange; ///< counts in its place where bUseLocalRange says so
     bool bUseLocalRange = false;
-    QString sColormap; ///< the system's own name; empty: that of all
+    SFieldViewColors colors;
     std::optional<SValueRange> thresholdRange;
-    int nContours = 0; ///< 0: not said
     int nVectorSkip = 0;
-    double dVectorLength = 1.0;
-    double dVectorHead = 1.0;
+    double dVectorLength = 1.0;     ///< 1: arrows of the usual size
+    double dVectorHead = 1.0;       ///< 1: heads of the usual size
+    double dLargestComponent = 0.0; ///< of the vector in all of the data; 0: not said
+    bool bLegend = false;
+    std::optional<int> nLegendDigits; ///< behind the decimal point
+    std::optional<int> nLegendLabels;
 };
 
 /** An index plane of a grid; one-based. */
@@ -60,10 +72,22 @@ struct SFieldViewPlane
     SFieldViewLook look;
 };
 
+/** A seed at a point of a grid; one-based. */
+struct SFieldViewGridSeed
+{
+    qint64 nGrid = 1;
+    IVector3D ijk;
+};
+
+/** Where streamlines go from their seeds; the values are stored in display files. */
+enum FieldViewDirection_e { DirectionBoth = 0, DirectionForward = 1, DirectionBackward = 2 };
+
 /** Streamlines from seeds. */
 struct SFieldViewRake
 {
     QVector<DVector3D> seeds;
+    QVector<SFieldViewGridSeed> gridSeeds; ///< count where there are no seeds by their place
+    FieldViewDirection_e eDirection = DirectionBoth;
     SFieldViewLook look;
 };
 
@@ -81,12 +105,14 @@ struct SFieldViewRestart
     double dScale = 1.0; ///< what a zoom of 1 shows [world units]; the translation is in units of it
     double dZoom = 1.0;
 
-    QMap<int, QColor> colors;
+    QMap<int, QColor> colorTable;
     int nGeometryColor = 0;
-    QString sColormap; ///< the system's own name; empty: not said
+    SFieldViewColors colors; ///< of what has none of its own
     QVector<SFieldViewSurface> surfaces;
     QVector<SFieldViewPlane> planes;
     QVector<SFieldViewRake> rakes;
+
+    QMap<QString, int> passedOver; ///< lines of each section that weren't understood
 };
 
 /** Whether the first 100 lines hold both marks of a main file. */
@@ -99,9 +125,3 @@ bool IsFieldViewRestart(const QString& sFileName);
  * @return nothing if the main file can't be read
  */
 std::optional<SFieldViewRestart> ReadFieldViewRestart(const QString& sFileName);
-
-/** One file's text, into what the others have said. */
-void ReadFieldViewText(const QString& sText, SFieldViewRestart& restart);
-
-/** The system's name of a variable of the file. */
-QString TranslateFieldViewVariable(const QString& sName);

@@ -64,29 +64,31 @@ CPlot3DSimulation* CPlot3DModule::FindSimulation(qint64 nSimulationId) const
                : nullptr;
 }
 
-CPlot3DSimulation* CPlot3DModule::ActivePlot3D() const
+CPlot3DSimulation* CPlot3DModule::ShownPlot3D(qint64 nViewId) const
 {
-    const ISimulation* const pSimulation =
-        CSimulationManager::Instance().GetSimulationOfView(GetActiveViewId());
+    const ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulationOfView(nViewId);
     return pSimulation ? FindSimulation(pSimulation->GetId()) : nullptr;
 }
+
+CPlot3DSimulation* CPlot3DModule::ActivePlot3D() const { return ShownPlot3D(GetActiveViewId()); }
 
 qint64 CPlot3DModule::Analyze(qint64 nViewId)
 {
     ICaseFilesEditor* const pEditor = ICaseFilesEditor::Installed();
     CCaseRecords records;
+    CPlot3DSimulation* pShown = ShownPlot3D(ViewOrActive(nViewId)); // of which a display alone is meant
+    records.bHoldsData = pShown && pShown->HoldsData();
     if (!pEditor || !pEditor->EditCaseFiles(records))
         return NO_ID;
-    if (records.IsDisplayAlone()) { // there is no case yet
-        CPlot3DSimulation::TellNoData();
+    if (!records.bNoDataRead)
+        pShown = FindSimulation(OpenRecords(records, nViewId));
+    if (!pShown)
         return NO_ID;
+    if (records.HasDisplay()) {
+        pShown->ShowDisplayOf(records, ViewOrActive(nViewId));
+        pShown->SetDisplayChosen();
     }
-    const qint64 nId = OpenRecords(records, nViewId);
-    if (nId != NO_ID && records.HasDisplay()) {
-        FindSimulation(nId)->ShowDisplayOf(records, ViewOrActive(nViewId));
-        FindSimulation(nId)->SetDisplayChosen();
-    }
-    return nId;
+    return pShown->GetId();
 }
 
 qint64 CPlot3DModule::OpenFromKey(const QByteArray& key, qint64 nViewId, const QString& sFolder)
@@ -177,11 +179,12 @@ CPlot3DSimulation* CPlot3DModule::CaseOfFieldView(const QString& sRestartFile)
     const bool bFound = FindFieldViewData(sRestartFile, records);
     if (!pActive && bFound)
         return FindSimulation(OpenRecords(records, GetActiveViewId()));
-    QString sProblem;
-    if (!pActive)
-        sProblem = "Display file does not reference an accessible grid file.";
-    else if (bFound && !AreSameFiles(records, former))
-        sProblem = pActive->Load(records);
+    if (!pActive) {
+        UserPrompt::Tell(PromptWarning, "Display File",
+                         "Display file does not reference an accessible grid file.");
+        return nullptr;
+    }
+    const QString sProblem = bFound && !AreSameFiles(records, former) ? pActive->Load(records) : QString();
     if (sProblem.isEmpty())
         return pActive;
     UserPrompt::Tell(PromptWarning, "FieldView Import", sProblem);

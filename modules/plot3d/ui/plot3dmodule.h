@@ -113,7 +113,9 @@ private:
     qint64 ShowOpenCase(const CCaseRecords& records, qint64 nViewId) const;
     qint64 ViewOrActive(qint64 nViewId) const { return nViewId == -1 ? GetActiveViewId() : nViewId; }
     CPlot3DSimulation* FindSimulation(qint64 nSimulationId) const;
-    /** The case on top of the active view, if it is of this module. */
+    /** The case on top of a view, if it is of this module. */
+    CPlot3DSimulation* ShownPlot3D(qint64 nViewId) const;
+    /** That of the active view. */
     CPlot3DSimulation* ActivePlot3D() const;
 
     std::array<QAction*, MODULE_ACTIONS> m_moduleActions = {}; // null before AddMainMenus

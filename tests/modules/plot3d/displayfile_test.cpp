@@ -295,7 +295,7 @@ TEST_F(DisplayFile, TheFilesDialogTakesOneWithItsDataOrAlone)
     pNoData->click();
     EXPECT_FALSE(dialog.findChild<QTreeWidget*>("m_pFilesTreeList")->isEnabled());
     browse(Store("lost.disp", SDisplayDocument().ToBytes()));
-    EXPECT_TRUE(dialog.GetRecords().IsDisplayAlone()) << "it need not name any data then";
+    EXPECT_EQ(dialog.GetRecords().sDisplayFile, Path("lost.disp")) << "it need not name any data then";
     dialog.findChild<QToolButton*>("m_pDeleteDisplayB")->click();
     EXPECT_EQ(dialog.GetRecords().sDisplayFile, "");
 }
@@ -308,7 +308,10 @@ TEST_F(DisplayFile, WhatTheDialogChoseIsShownOnTheDataThatAreThere)
         {
             records.sDisplayFile = sFile;
             records.bNoDataRead = true;
-            return true;
+            CPlot3DDialog dialog;
+            dialog.SetRecords(records);
+            dialog.accept();
+            return dialog.result() == QDialog::Accepted;
         }
         QString sFile;
     } editor;
@@ -320,10 +323,16 @@ TEST_F(DisplayFile, WhatTheDialogChoseIsShownOnTheDataThatAreThere)
     ICaseFilesEditor* const pFormer = ICaseFilesEditor::Install(&editor);
     EXPECT_TRUE(pWing->EditData());
     EXPECT_EQ(Shown(*pWing, 1)->shadeColor(), color);
+    Shown(*pWing, 1)->setShadeColor(Qt::green);
+    EXPECT_EQ(m_module.Analyze(VIEW), pWing->GetId());
+    EXPECT_EQ(Shown(*pWing, 1)->shadeColor(), color) << "of the case that the view shows";
+    editor.sFile.clear();
+    EXPECT_TRUE(pWing->EditData()) << "nothing to do";
     CPromptScript user;
     user.Press("Ok");
     EXPECT_FALSE(Add()->EditData());
     EXPECT_EQ(user.Asked().last().sTitle, "No Data Read");
+    CloseAll();
     user.Press("Ok");
     EXPECT_EQ(m_module.Analyze(VIEW), -1);
     ICaseFilesEditor::Install(pFormer);
