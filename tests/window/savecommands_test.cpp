@@ -6,6 +6,7 @@
 #include "frame/window/mainwindow.h"
 #include "frame/window/viewarea.h"
 #include "frame/window/windowactions.h"
+#include "modules/base/casefile.h"
 #include "modules/base/displaydocument.h"
 #include "modules/base/restartfile.h"
 #include "tests/support/print.h"

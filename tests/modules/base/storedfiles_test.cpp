@@ -1,5 +1,6 @@
 // The records of case, restart and display files: what stands in them, byte for byte.
 #include "frame/bytestream.h"
+#include "modules/base/casefile.h"
 #include "modules/base/displaydocument.h"
 #include "modules/base/restartfile.h"
 #include "tests/support/golden.h"
