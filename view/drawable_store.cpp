@@ -182,7 +182,8 @@ bool CDrawable::fromJson(const QJsonObject& display)
     reader("colormapRange", range);
     m_colormap.dMinimum = range.x();
     m_colormap.dMaximum = range.y();
-    m_pLegend->fromJson(display["annotationColormap"].toObject());
+    if (const QJsonValue legend = display["annotationColormap"]; legend.isObject())
+        m_pLegend->fromJson(legend.toObject());
     invalidateAll();
     return true;
 }

@@ -23,7 +23,8 @@ void FromJson(const QJsonObject& object, SLegendText& text)
 {
     text.bVisible = object[VISIBLE].toBool(text.bVisible);
     text.sText = object[TEXT].toString(text.sText);
-    if (QFont font; font.fromString(object[FONT].toString()))
+    const QString sFont = object[FONT].toString();
+    if (QFont font; !sFont.isEmpty() && font.fromString(sFont)) // Qt warns of an empty one
         text.font = font;
     if (const QColor color(object[COLOR].toString()); color.isValid())
         text.color = color;
@@ -32,7 +33,7 @@ void FromJson(const QJsonObject& object, SLegendText& text)
 /** A number of the file between the limits of what makes sense. */
 qint64 Number(const QJsonValue& value, qint64 nDefault, qint64 nMinimum, qint64 nMaximum)
 {
-    return std::clamp(qint64(value.toDouble(double(nDefault))), nMinimum, nMaximum);
+    return qint64(std::clamp(value.toDouble(double(nDefault)), double(nMinimum), double(nMaximum)));
 }
 
 /** Four rectangles and a list of them: results that are found anew. */
