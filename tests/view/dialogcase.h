@@ -26,9 +26,9 @@ public:
         CSimulationManager::Instance().AddSimulation(m_pSimulation, VIEW);
         m_pSimulation->SetName("wing");
         const auto blocks = Plot3DFixture::Blocks({{5, 4, 3}, {3, 3, 3}});
-        Store("case.x", 26, KindGrid, blocks);
-        Store("case.q", 49, KindQ, blocks);
-        RegisterPlot3DCase(Id(), {m_folder.filePath("case.x"), {m_folder.filePath("case.q")}, {}});
+        const QString sGrid = Plot3DFixture::Write(m_folder.filePath("case.x"), 26, KindGrid, blocks);
+        const QString sQ = Plot3DFixture::Write(m_folder.filePath("case.q"), 49, KindQ, blocks);
+        RegisterPlot3DCase(Id(), {sGrid, {sQ}, {}});
         for (qint64 nBlock = 1; nBlock <= blocks.size(); ++nBlock)
             m_items.append(AddItem(nBlock));
     }
@@ -55,11 +55,6 @@ public:
     CTestSimulation* m_pSimulation = nullptr;
 
 private:
-    void Store(const char* sName, int nCode, FileKind_e eKind, const QVector<Plot3DFixture::SBlock>& blocks)
-    {
-        Plot3DFixture::Store(m_folder.filePath(sName),
-                             Plot3DFixture::MakeFile(LayoutOfCode(nCode), eKind, blocks));
-    }
     CShownSelectable* AddItem(qint64 nBlock)
     {
         CTestItem* const pItem = m_pSimulation->Make();

@@ -8,11 +8,11 @@
 #include "frame/widgetmanager.h"
 #include "frame/window/commandline.h"
 #include "frame/window/stylesheets.h"
+#include "tests/support/files.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
 #include "tests/support/testmodule.h"
 
-#include <QFile>
 #include <QLabel>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -114,11 +114,10 @@ TEST_F(MainWindow, AFileGoesToTheModuleThatItsFirstFieldNames)
     CMainWindow window;
     QTemporaryDir folder;
     const auto write = [&](const char* sName, const QString& sModule) {
-        QFile file(folder.filePath(sName));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        QDataStream stream(&file);
+        QByteArray bytes;
+        QDataStream stream(&bytes, QIODevice::WriteOnly);
         stream << sModule << 1.0;
-        return file.fileName();
+        return Files::Write(folder.filePath(sName), bytes);
     };
     COpeningModule::s_sOpenedList.clear();
     window.SlotOpenSimulation(write("known.zento", "Plot3D"));

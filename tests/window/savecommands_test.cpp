@@ -1,5 +1,4 @@
 // Saving, opening, and restart files, seen through the window.
-#include "frame/applicationinfo.h"
 #include "frame/moduleregistry.h"
 #include "frame/preferencekeys.h"
 #include "frame/preferences.h"
@@ -9,13 +8,14 @@
 #include "modules/base/casefile.h"
 #include "modules/base/displaydocument.h"
 #include "modules/base/restartfile.h"
+#include "tests/support/files.h"
 #include "tests/support/print.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
 #include "tests/support/testmodule.h"
+#include "tests/support/testsettings.h"
 #include "view/ui/oglviewer.h"
 
-#include <QSettings>
 #include <QTemporaryDir>
 
 namespace {
@@ -59,8 +59,6 @@ protected:
     {
         m_manager.RemoveAllViews();
         m_pWindow.reset();
-        CPreferences::Instance() = CPreferences();
-        QSettings(QSettings::UserScope, ApplicationInfo::ORGANISATION, ApplicationInfo::NAME).clear();
     }
     CTestSimulation* AddCase()
     {
@@ -74,20 +72,9 @@ protected:
     }
     void Trigger(ActionId_e eId) { m_pWindow->GetActions().Get(eId)->trigger(); }
     QString Path(const char* sName) const { return m_folder.filePath(sName); }
-    static QByteArray Content(const QString& sFile)
-    {
-        QFile file(sFile);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << sFile.toStdString();
-        return file.readAll();
-    }
-    static void Store(const QString& sFile, const QByteArray& bytes)
-    {
-        QFile file(sFile);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
     COglViewer& View() { return *m_pWindow->GetViewArea().GetOglViewer(1); }
 
+    const CFreshPreferences m_fresh;
     QTemporaryDir m_folder;
     std::unique_ptr<CMainWindow> m_pWindow;
 };
@@ -109,7 +96,7 @@ TEST_F(SaveCommands, ANewCaseAsksForItsFileOnceAndBecomesTheMostRecentOne)
     pSimulation->m_viewStates[1] = "something else";
     Trigger(ActionSave);
     SCaseFile file;
-    ASSERT_EQ(file.FromBytes(Content(Path("Wing.v2.zento"))), StoredOk);
+    ASSERT_EQ(file.FromBytes(Files::Read(Path("Wing.v2.zento"))), StoredOk);
     EXPECT_EQ(file.sModule, "Plot3D");
     EXPECT_EQ(file.display, "something else");
     EXPECT_EQ(file.camera.Camera(), View().GetCamera());
@@ -156,18 +143,18 @@ TEST_F(SaveCommands, CasesOfUnknownKindsAndNewerOnesChangeNothingAndShowNoBox)
     AddCase();
     SCaseFile file;
     file.sModule = "Nobody";
-    Store(Path("unknown.dat"), file.ToBytes());
+    Files::Write(Path("unknown.dat"), file.ToBytes());
     file.sModule = "Plot3D";
     file.dDisplayVersion = 1.5;
-    Store(Path("newer.zento"), file.ToBytes());
-    Store(Path("garbage.zento"), "no case at all");
+    Files::Write(Path("newer.zento"), file.ToBytes());
+    Files::Write(Path("garbage.zento"), "no case at all");
     CSavingModule::s_sDataFileList.clear();
     const CPromptScript nobodyAsks;
     for (const char* const sName : {"unknown.dat", "newer.zento", "garbage.zento"})
         m_pWindow->SlotOpenSimulation(Path(sName));
     EXPECT_EQ(CSavingModule::s_sDataFileList, QStringList()) << "none is a file of data";
     EXPECT_EQ(m_manager.GetSimulationIds().size(), 1);
-    Store(Path("grid.x"), "data");
+    Files::Write(Path("grid.x"), "data");
     m_pWindow->SlotOpenSimulation(Path("grid.x"));
     EXPECT_EQ(CSavingModule::s_sDataFileList, QStringList(Path("grid.x")));
 }
@@ -187,7 +174,7 @@ TEST_F(SaveCommands, TheDisplayStateIsExported)
     EXPECT_EQ(user.Asked().last().sText, "Display state exported successfully to " + Path("view.json.disp"));
     EXPECT_EQ(user.Asked().last().sTitle, "Export Display State");
     SDisplayDocument document;
-    EXPECT_EQ(document.FromBytes(Content(Path("view.json.disp"))), StoredOk);
+    EXPECT_EQ(document.FromBytes(Files::Read(Path("view.json.disp"))), StoredOk);
     EXPECT_EQ(CameraFromJson(document.viewer), View().GetCamera());
     user.ChooseFile(Path("none/view.disp"));
     user.Press("Ok");
@@ -209,7 +196,7 @@ TEST_F(SaveCommands, ARestartFileBringsDataAndDisplayOrTheDisplayAlone)
     EXPECT_EQ(user.AskedFiles()[0].sTitle, "Simulation Restart File");
     EXPECT_EQ(user.AskedFiles()[0].sFilter, "Simulation Restart Files (*.srst)");
     SRestartFile file;
-    ASSERT_EQ(file.FromBytes(Content(Path("wing.srst"))), StoredOk);
+    ASSERT_EQ(file.FromBytes(Files::Read(Path("wing.srst"))), StoredOk);
     EXPECT_EQ(file.key, "the data");
     EXPECT_EQ(file.nModuleId, 1);
 
@@ -244,7 +231,7 @@ TEST_F(SaveCommands, RestartFilesThatDontFitAreRefused)
     file.nModuleId = 1;
     file.key = "other data";
     const auto import = [&](const QByteArray& bytes, bool bAsks) {
-        Store(Path("wing.srst"), bytes);
+        Files::Write(Path("wing.srst"), bytes);
         CPromptScript user;
         user.ChooseFile(Path("wing.srst"));
         if (bAsks)

@@ -126,20 +126,6 @@ TEST_F(Autosave, AnInstanceThatDiedLeavesItsCasesToOneOther)
     EXPECT_EQ(Kept(), QStringList());
 }
 
-TEST_F(Autosave, ADamagedRecordIsPassedOver)
-{
-    const QByteArray bytes = SAutosaveFile{"Plot3D", "a", "/b", "content"}.ToBytes();
-    SAutosaveFile read;
-    for (int nSize = 0; nSize < bytes.size(); ++nSize)
-        ASSERT_EQ(read.FromBytes(bytes.left(nSize)), StoredBad) << nSize;
-    EXPECT_EQ(read.FromBytes(bytes + 'x'), StoredBad);
-    EXPECT_EQ(read.FromBytes(bytes), StoredOk);
-    EXPECT_EQ(read.sFilePath, "/b");
-    QByteArray newer = bytes;
-    newer.replace(0, 2, QByteArray("\x40\x00", 2)); // 2.0
-    EXPECT_EQ(read.FromBytes(newer), StoredNewer);
-}
-
 // Edits, automatic saves and saves, killed at 100 random moments: the case file is always a whole one, and of
 // what was kept nothing is lost.
 TEST_F(Autosave, KilledAtAnyMomentTheLastKeptStateIsThere)
