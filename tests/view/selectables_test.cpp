@@ -93,6 +93,12 @@ TEST_F(Selectables, EverySettingComesBackFromBytesAndJson)
         EXPECT_EQ(pSelectable->toJsonBlock(), json);
         EXPECT_EQ(pSelectable->shadeColor().green(), 25);
     }
+    IDrawable& drawable = *Selectable(1)->drawables().first();
+    drawable.fromJson({{"contourCount", 1e300}, {"displayType", -1e300}});
+    EXPECT_EQ(drawable.contourCount(), 1000) << "no more than can be drawn";
+    drawable.setContourCount(1LL << 60);
+    drawable.fromBinary(drawable.toBinary(), -1.0);
+    EXPECT_EQ(drawable.contourCount(), 1000);
     EXPECT_FALSE(Selectable(1)->fromBinary(AddSurface()->toBinary(), -1.0)) << "another kind";
     const QByteArray whole = Selectable(1)->toBinary();
     for (int nSize = 0; nSize < whole.size(); ++nSize)
