@@ -2,6 +2,8 @@
 
 #include "frame/messagesink.h"
 
+#include <QFileInfo>
+
 #include <utility>
 
 namespace {
@@ -20,7 +22,12 @@ int UserPrompt::Ask(const SPrompt& prompt)
 
 QString UserPrompt::AskFile(const SFilePrompt& prompt)
 {
-    return s_pPrompt ? s_pPrompt->AskFile(prompt) : QString();
+    const QString sFile = s_pPrompt ? s_pPrompt->AskFile(prompt) : QString();
+    if (sFile.isEmpty() || sFile.endsWith(prompt.sEnding, Qt::CaseInsensitive))
+        return sFile;
+    const QString sWhole = sFile + prompt.sEnding;
+    const QString sQuestion = QString("%1 already exists.\nDo you want to replace it?").arg(sWhole);
+    return !QFileInfo::exists(sWhole) || Confirm(prompt.sTitle, sQuestion, false) ? sWhole : QString();
 }
 
 int UserPrompt::AskChoice(const SChoicePrompt& prompt)

@@ -28,6 +28,7 @@ struct SFilePrompt
     QString sFilter; ///< as QFileDialog takes it
     bool bSave = false;
     bool bFolder = false; ///< the question is for a folder; it has no filter
+    QString sEnding = {}; ///< ".xyz": what a name to save under gets that doesn't end so, or so in capitals
 };
 
 /** A question for one of several entries. */
@@ -84,7 +85,10 @@ IUserPrompt* Install(IUserPrompt* pPrompt);
 /** Puts the question. Without a user its text goes to the message sink and the answer is nEscape. */
 int Ask(const SPrompt& prompt);
 
-/** Asks for a file name. Without a user the answer is empty. */
+/**
+ * Asks for a file name. Without a user the answer is empty. Where the ending makes it the name of a file that
+ * is there, which no dialog has asked about, that is asked.
+ */
 QString AskFile(const SFilePrompt& prompt);
 
 /** Asks for one of several entries. Without a user the answer is -1. */

@@ -27,8 +27,9 @@ constexpr const char* FILTER = "Simulation Restart Files (*.srst)";
 QString Ask(const QString& sFilter, bool bSave)
 {
     CPreferences& preferences = CPreferences::Instance();
-    const QString sFile =
-        UserPrompt::AskFile({TITLE, Get(preferences, PreferenceKey::RECENT_DIRECTORY), sFilter, bSave});
+    SFilePrompt prompt{TITLE, Get(preferences, PreferenceKey::RECENT_DIRECTORY), sFilter, bSave};
+    prompt.sEnding = bSave ? ".srst" : "";
+    const QString sFile = UserPrompt::AskFile(prompt);
     if (!sFile.isEmpty())
         Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFile).absolutePath());
     return sFile;
@@ -62,11 +63,9 @@ CRestartCommands::CRestartCommands(CWindowActions& actions)
 void CRestartCommands::SlotExportSimulationRestart()
 {
     const SActivePair active;
-    QString sFile = active.pSimulation ? Ask(FILTER, true) : QString();
+    const QString sFile = active.pSimulation ? Ask(FILTER, true) : QString();
     if (sFile.isEmpty())
         return;
-    if (QFileInfo(sFile).suffix().compare("srst", Qt::CaseInsensitive) != 0)
-        sFile = QString("%1.srst").arg(sFile);
     if (!ReplaceFile(sFile, TakeRestart(active).ToBytes()))
         UserPrompt::Tell(PromptCritical, TITLE,
                          QString("Failed to write simulation restart file %1").arg(sFile));

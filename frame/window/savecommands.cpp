@@ -13,7 +13,6 @@
 
 #include <QDateTime>
 #include <QDir>
-#include <QFileInfo>
 
 namespace {
 
@@ -27,11 +26,6 @@ QString StartName(const ISimulation& simulation)
     const QString sDirectory = Get(simulation, SimulationKey::DIRECTORY);
     const QString sName = simulation.GetName().isEmpty() ? QString("case") : simulation.GetName();
     return QDir(sDirectory.isEmpty() ? QDir::currentPath() : sDirectory).filePath(sName + ".zento");
-}
-
-QString WithEnding(const QString& sFile)
-{
-    return sFile.endsWith(".zento", Qt::CaseInsensitive) ? sFile : QString("%1.zento").arg(sFile);
 }
 
 } // namespace
@@ -57,10 +51,10 @@ void CSaveCommands::SlotSaveAsSimulation()
     const SActivePair active;
     if (!active.pSimulation)
         return;
-    const QString sFile =
-        UserPrompt::AskFile({SAVE_TITLE, StartName(*active.pSimulation), "Simulation File (*.zento)", true});
-    if (!sFile.isEmpty())
-        Save(*active.pSimulation, WithEnding(sFile));
+    SFilePrompt prompt{SAVE_TITLE, StartName(*active.pSimulation), "Simulation File (*.zento)", true};
+    prompt.sEnding = ".zento";
+    if (const QString sFile = UserPrompt::AskFile(prompt); !sFile.isEmpty())
+        Save(*active.pSimulation, sFile);
 }
 
 void CSaveCommands::Save(const ISimulation& simulation, const QString& sFile)
@@ -82,12 +76,11 @@ void CSaveCommands::SlotExportDisplayState()
         QString("%1%2%3~display.disp")
             .arg(Get(*active.pSimulation, SimulationKey::DIRECTORY), QString(QDir::separator()),
                  QDateTime::currentDateTime().toString("yyyy-MM-dd~hh-mm-ss"));
-    QString sFile =
-        UserPrompt::AskFile({EXPORT_TITLE, sStart, "Display Files (*.disp);; All Files (*)", true});
+    SFilePrompt prompt{EXPORT_TITLE, sStart, "Display Files (*.disp);; All Files (*)", true};
+    prompt.sEnding = ".disp";
+    const QString sFile = UserPrompt::AskFile(prompt);
     if (sFile.isEmpty())
         return;
-    if (QFileInfo(sFile).suffix().compare("disp", Qt::CaseInsensitive) != 0)
-        sFile += ".disp";
     bool bWritten = false;
     {
         const CWaitCursor wait;

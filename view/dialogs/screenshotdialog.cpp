@@ -18,15 +18,7 @@
 
 namespace {
 
-constexpr const char* FILTER = "PNG Files (*.png)";
-constexpr const char* EXTENSION = "png";
 enum Target_e { TargetWindow, TargetView };
-
-QString WithExtension(const QString& sFileName)
-{
-    const bool bThere = sFileName.endsWith(QString(".%1").arg(EXTENSION), Qt::CaseInsensitive);
-    return bThere ? sFileName : QString("%1.%2").arg(sFileName, EXTENSION);
-}
 
 /** The whole picture or the former file. */
 bool SaveImage(const QImage& image, const QString& sFileName)
@@ -137,11 +129,12 @@ void CScreenshotDialog::on_m_pBackgroundB_clicked()
 void CScreenshotDialog::on_m_pSaveImageB_clicked()
 {
     CPreferences& preferences = CPreferences::Instance();
-    const QString sStart = Get(preferences, PreferenceKey::RECENT_DIRECTORY);
-    QString sFileName = UserPrompt::AskFile({"Choose file name", sStart, FILTER, true});
+    SFilePrompt prompt{"Choose file name", Get(preferences, PreferenceKey::RECENT_DIRECTORY),
+                       "PNG Files (*.png)", true};
+    prompt.sEnding = ".png";
+    const QString sFileName = UserPrompt::AskFile(prompt);
     if (sFileName.isEmpty())
         return;
-    sFileName = WithExtension(sFileName);
     Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFileName).absolutePath());
     QImage image;
     bool bSaved = false;
