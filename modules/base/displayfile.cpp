@@ -53,9 +53,13 @@ bool ReadOldFile(ISimulation& simulation, const QByteArray& bytes, const QString
         TellNewer(sFile);
         return false;
     }
-    const CUpdateBlock block(simulation.GetId());
-    const auto show = [&] { return simulation.LoadViewState(file.display, nViewId, file.dVersion); };
-    if (eStored == StoredBad || !EditInOneStep(simulation, show))
+    bool bShown = false;
+    if (eStored == StoredOk) {
+        const CUpdateBlock block(simulation.GetId());
+        bShown = EditInOneStep(
+            simulation, [&] { return simulation.LoadViewState(file.display, nViewId, file.dVersion); });
+    }
+    if (!bShown)
         return Tell("Failed to load display data from:\n%1", sFile);
     ApplyCameraBlock(nViewId, file.camera);
     return true;

@@ -1,6 +1,7 @@
 // Replacing a file: the old one or the new one is there, whatever happens on the way.
 #include "frame/replacefile.h"
 
+#include "modules/base/casestorage.h"
 #include "tests/support/files.h"
 #include "tests/support/print.h"
 
@@ -89,5 +90,7 @@ TEST(ReplaceFile, WhatCantBeWrittenIsLeft)
     const QByteArray pipe = folder.filePath("pipe").toLocal8Bit();
     ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
     EXPECT_FALSE(ReplaceFile(folder.filePath("pipe"), "new"));
+    QByteArray bytes;
+    EXPECT_FALSE(ReadWholeFile(folder.filePath("pipe"), bytes)) << "without waiting for a writer";
     EXPECT_FALSE(QFileInfo(folder.filePath("pipe")).isFile()) << "still there";
 }
