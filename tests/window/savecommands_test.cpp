@@ -86,6 +86,7 @@ TEST_F(SaveCommands, ANewCaseAsksForItsFileOnceAndBecomesTheMostRecentOne)
     EXPECT_FALSE(m_pWindow->GetActions().Get(ActionSave)->isEnabled()) << "there is no case";
     CTestSimulation* const pSimulation = AddCase();
     CPromptScript user;
+    const QSignalSpy saved(m_pWindow.get(), &CMainWindow::SignalCaseSaved);
     user.ChooseFile(Path("Wing.v2"));
     Trigger(ActionSave);
     EXPECT_EQ(user.AskedFiles()[0].sTitle, "Save Simulation");
@@ -111,6 +112,7 @@ TEST_F(SaveCommands, ANewCaseAsksForItsFileOnceAndBecomesTheMostRecentOne)
     Trigger(ActionSaveAs);
     EXPECT_EQ(pSimulation->GetFilePath(), Path("copy.ZENTO"));
     EXPECT_EQ(Get(CPreferences::Instance(), PreferenceKey::RECENT_FILES).size(), 2) << "not what failed";
+    EXPECT_EQ(saved.size(), 3);
 }
 
 TEST_F(SaveCommands, AnOpenedCaseStandsOnTopWithItsDisplayAndItsCamera)

@@ -101,9 +101,14 @@ TEST_F(Autosave, WhatNobodySavedIsKeptAndNothingElse)
     m_manager.RemoveAllViews();
     EXPECT_TRUE(autosaver.Run());
     EXPECT_EQ(Kept(), QStringList()) << "closed by its user";
-    Edited();
+    CTestSimulation* const pLast = Edited();
     EXPECT_TRUE(autosaver.Run());
     EXPECT_EQ(Kept().size(), 1);
+    for (const QString& sInstance : QDir(Root()).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        QDir(Root() + '/' + sInstance).removeRecursively();
+    Set(*pLast, COUNTER, 2);
+    EXPECT_TRUE(autosaver.Run());
+    EXPECT_EQ(Kept().size(), 1) << "its folder is made anew";
     autosaver.End();
     EXPECT_TRUE(QDir(Root()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).isEmpty());
 }
