@@ -7,7 +7,7 @@
 #include "frame/preferences.h"
 #include "simulation/simulationcases.h"
 #include "tests/support/plot3dfile.h"
-#include "tests/support/testdrawable.h"
+#include "tests/support/shownselectable.h"
 
 #include <QTemporaryDir>
 
@@ -50,7 +50,7 @@ public:
         return nId != -1 ? nId : manager.FindByName(m_nId, sName, LocationNone);
     }
     CShownSelectable& Item(int n) { return *m_items[n]; }
-    CTestDrawable& Drawable(int n) { return *static_cast<CTestDrawable*>(Item(n).drawables().first()); }
+    IDrawable& Drawable(int n) { return *Item(n).drawables().first(); }
 
     CTestSimulation* m_pSimulation = nullptr;
 
