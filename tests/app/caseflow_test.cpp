@@ -98,9 +98,11 @@ TEST_F(CaseFlow, WhatWasShownIsShownAgain)
     EXPECT_EQ(QDir(m_folder.path()).entryList({"*~analyze.disp"}).size(), 1) << "the display file of closing";
     View().SetCamera(SCamera());
     Picture();
-    m_pWindow->SlotOpenSimulation(Path("scene.zento"));
+    user.ChooseFile(Path("scene.zento"));
+    Trigger(ActionOpen);
     ASSERT_NE(OnTop(), nullptr);
     EXPECT_EQ(OnTop()->SaveViewState(1), display);
+    EXPECT_EQ(OnTop()->GetSavedData(), OnTop()->ToBytes());
     EXPECT_EQ(pTabs->count(), 1);
     const QImage again = Picture();
     EXPECT_EQ(View().GetCamera(), camera) << "no fit on top of it";

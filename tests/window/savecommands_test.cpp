@@ -115,31 +115,6 @@ TEST_F(SaveCommands, ANewCaseAsksForItsFileOnceAndBecomesTheMostRecentOne)
     EXPECT_EQ(saved.size(), 3);
 }
 
-TEST_F(SaveCommands, AnOpenedCaseStandsOnTopWithItsDisplayAndItsCamera)
-{
-    CTestSimulation* const pSimulation = AddCase();
-    SCamera camera = View().GetCamera();
-    camera.view.rotate(30.0F, 0.0F, 1.0F, 0.0F);
-    camera.viewCenter = {5.0, 6.0};
-    camera.rotationPoint = {1.0, 2.0, 3.0};
-    View().SetCamera(camera);
-    const SCamera saved = View().GetCamera();
-    CPromptScript user;
-    user.ChooseFile(Path("wing.zento"));
-    Trigger(ActionSave);
-    m_manager.RemoveSimulationFromView(pSimulation->GetId(), 1);
-    View().SetCamera(SCamera());
-    user.ChooseFile(Path("wing.zento"));
-    Trigger(ActionOpen);
-    const auto* const pAgain = static_cast<CTestSimulation*>(m_manager.GetSimulationOfView(1));
-    ASSERT_NE(pAgain, nullptr);
-    EXPECT_EQ(pAgain->GetName(), "wing");
-    EXPECT_EQ(pAgain->m_viewStates[1], "what is shown");
-    EXPECT_EQ(View().GetCamera().view, saved.view);
-    EXPECT_EQ(View().GetCamera().rotationPoint, saved.rotationPoint);
-    EXPECT_EQ(pAgain->GetSavedData(), pAgain->ToBytes());
-}
-
 TEST_F(SaveCommands, CasesOfUnknownKindsAndNewerOnesChangeNothingAndShowNoBox)
 {
     AddCase();
@@ -156,6 +131,11 @@ TEST_F(SaveCommands, CasesOfUnknownKindsAndNewerOnesChangeNothingAndShowNoBox)
         m_pWindow->SlotOpenSimulation(Path(sName));
     EXPECT_EQ(CSavingModule::s_sDataFileList, QStringList()) << "none is a file of data";
     EXPECT_EQ(m_manager.GetSimulationIds().size(), 1);
+    CPromptScript user;
+    user.Press("Ok");
+    m_pWindow->SlotOpenSimulation(Path("missing.zento"));
+    EXPECT_EQ(user.Asked()[0].sText, "Failed to open the selected file");
+    EXPECT_EQ(user.Asked()[0].sTitle, "Open Simulation");
     Files::Write(Path("grid.x"), "data");
     m_pWindow->SlotOpenSimulation(Path("grid.x"));
     EXPECT_EQ(CSavingModule::s_sDataFileList, QStringList(Path("grid.x")));
