@@ -1,12 +1,11 @@
 // What the next start makes of cases that an instance left when it died.
 #include "frame/window/caserecovery.h"
 
-#include "frame/moduleregistry.h"
 #include "modules/base/casestorage.h"
 #include "tests/support/files.h"
+#include "tests/support/openingmodule.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
-#include "tests/support/testmodule.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -16,25 +15,10 @@ namespace {
 
 const SKey<qint64> COUNTER{"Test.Counter", 0};
 
-class COpeningModule : public CTestModule
-{
-public:
-    using CTestModule::CTestModule;
-    bool CanOpen() const override { return true; }
-
-protected:
-    ISimulation* MakeSimulation() const override { return new CTestSimulation(GetId()); }
-};
-
 class CaseRecovery : public SimulationFixture
 {
 protected:
-    CaseRecovery()
-    {
-        CModuleRegistry::Instance().SetFactory(1,
-                                               [] { return std::make_unique<COpeningModule>(1, "Plot3D"); });
-        CModuleRegistry::Instance().CreateModules();
-    }
+    CaseRecovery() { COpeningModule::Register(); }
 
     /** Saves a case with a counter of 1; the instance dies with 2. */
     void Die()

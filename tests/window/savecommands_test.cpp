@@ -1,5 +1,4 @@
 // Saving, opening, and restart files, seen through the window.
-#include "frame/moduleregistry.h"
 #include "frame/preferencekeys.h"
 #include "frame/preferences.h"
 #include "frame/window/mainwindow.h"
@@ -9,10 +8,10 @@
 #include "modules/base/displaydocument.h"
 #include "modules/base/restartfile.h"
 #include "tests/support/files.h"
+#include "tests/support/openingmodule.h"
 #include "tests/support/print.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
-#include "tests/support/testmodule.h"
 #include "tests/support/testsettings.h"
 #include "view/ui/oglviewer.h"
 
@@ -21,11 +20,9 @@
 namespace {
 
 /** Makes and opens cases of the test; takes no data file. */
-class CSavingModule : public CTestModule
+class CSavingModule : public COpeningModule
 {
 public:
-    using CTestModule::CTestModule;
-    bool CanOpen() const override { return true; }
     bool CanCreateSimulationFromFile() const override { return true; }
     qint64 CreateFromFiles(const QStringList& sFileList, qint64) override
     {
@@ -41,9 +38,6 @@ public:
         return pSimulation->GetId();
     }
     static inline QStringList s_sDataFileList;
-
-protected:
-    ISimulation* MakeSimulation() const override { return new CTestSimulation(GetId()); }
 };
 
 class SaveCommands : public SimulationFixture
@@ -51,8 +45,7 @@ class SaveCommands : public SimulationFixture
 protected:
     SaveCommands()
     {
-        CModuleRegistry::Instance().SetFactory(1,
-                                               [] { return std::make_unique<CSavingModule>(1, "Plot3D"); });
+        COpeningModule::Register<CSavingModule>();
         m_pWindow = std::make_unique<CMainWindow>();
     }
     ~SaveCommands() override

@@ -1,9 +1,8 @@
 // What is left of a case when the program dies.
-#include "frame/moduleregistry.h"
 #include "modules/base/autosaver.h"
 #include "modules/base/casestorage.h"
+#include "tests/support/openingmodule.h"
 #include "tests/support/simulationfixture.h"
-#include "tests/support/testmodule.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,22 +18,10 @@ namespace {
 
 const SKey<qint64> COUNTER{"Test.Counter", 0};
 
-class COpeningModule : public CTestModule
-{
-public:
-    using CTestModule::CTestModule;
-    bool CanOpen() const override { return true; }
-};
-
 class Autosave : public SimulationFixture
 {
 protected:
-    Autosave()
-    {
-        CModuleRegistry::Instance().SetFactory(1,
-                                               [] { return std::make_unique<COpeningModule>(1, "Plot3D"); });
-        CModuleRegistry::Instance().CreateModules();
-    }
+    Autosave() { COpeningModule::Register(); }
     /** A case that was never saved, as after a recovery. */
     CTestSimulation* Edited()
     {
