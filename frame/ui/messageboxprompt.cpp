@@ -25,10 +25,31 @@ QMessageBox::Icon IconOf(PromptKind_e eKind)
     return QMessageBox::Question;
 }
 
+/** Work that takes long may have to ask: meanwhile it is the program that waits for the user. */
+class CUserIsAsked
+{
+public:
+    CUserIsAsked() : m_bWaitCursor(QGuiApplication::overrideCursor())
+    {
+        if (m_bWaitCursor)
+            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~CUserIsAsked()
+    {
+        if (m_bWaitCursor)
+            QGuiApplication::restoreOverrideCursor();
+    }
+    Q_DISABLE_COPY_MOVE(CUserIsAsked)
+
+private:
+    const bool m_bWaitCursor;
+};
+
 } // namespace
 
 int CMessageBoxPrompt::Ask(const SPrompt& prompt)
 {
+    const CUserIsAsked asked;
     QMessageBox box(IconOf(prompt.eKind), prompt.sTitle, prompt.sText, QMessageBox::NoButton,
                     QApplication::activeWindow());
     QVector<QPushButton*> buttons;
@@ -43,6 +64,7 @@ int CMessageBoxPrompt::Ask(const SPrompt& prompt)
 
 QString CMessageBoxPrompt::AskFile(const SFilePrompt& prompt)
 {
+    const CUserIsAsked asked;
     QWidget* const pParent = QApplication::activeWindow();
     if (prompt.bFolder)
         return QFileDialog::getExistingDirectory(pParent, prompt.sTitle, prompt.sStart);
@@ -52,6 +74,7 @@ QString CMessageBoxPrompt::AskFile(const SFilePrompt& prompt)
 
 int CMessageBoxPrompt::AskChoice(const SChoicePrompt& prompt)
 {
+    const CUserIsAsked asked;
     QInputDialog dialog(QApplication::activeWindow());
     dialog.setWindowTitle(prompt.sTitle);
     dialog.setLabelText(prompt.sLabel);
@@ -63,6 +86,7 @@ int CMessageBoxPrompt::AskChoice(const SChoicePrompt& prompt)
 
 std::optional<double> CMessageBoxPrompt::AskNumber(const SNumberPrompt& prompt)
 {
+    const CUserIsAsked asked;
     bool bAccepted = false;
     const double dValue =
         QInputDialog::getDouble(QApplication::activeWindow(), prompt.sTitle, prompt.sLabel, prompt.dValue,
@@ -72,12 +96,14 @@ std::optional<double> CMessageBoxPrompt::AskNumber(const SNumberPrompt& prompt)
 
 QColor CMessageBoxPrompt::AskColor(const QString& sTitle, const QColor& start)
 {
+    const CUserIsAsked asked;
     return QColorDialog::getColor(start, QApplication::activeWindow(), sTitle,
                                   QColorDialog::DontUseNativeDialog);
 }
 
 std::optional<QFont> CMessageBoxPrompt::AskFont(const QString& sTitle, const QFont& start)
 {
+    const CUserIsAsked asked;
     bool bAccepted = false;
     const QFont font = QFontDialog::getFont(&bAccepted, start, QApplication::activeWindow(), sTitle,
                                             QFontDialog::DontUseNativeDialog);
