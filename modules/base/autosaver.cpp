@@ -8,11 +8,12 @@
 
 namespace {
 
-/** Till somebody edits it, the data files of a case open it again. */
+/** Never saved, and not edited: its data files open it again. Or just being opened, while its user is asked.
+ */
 bool IsUntouched(const ISimulation& simulation)
 {
-    return simulation.GetFilePath().isEmpty() && simulation.GetUndoCount() == 0 &&
-           simulation.GetRedoCount() == 0 && simulation.GetSavedData().isEmpty(); // else it was recovered
+    return simulation.GetSavedData().isEmpty() && simulation.GetUndoCount() == 0 &&
+           simulation.GetRedoCount() == 0;
 }
 
 bool IsSaved(const ISimulation& simulation, const SCaseFile& now)
