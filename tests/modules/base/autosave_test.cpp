@@ -69,7 +69,7 @@ TEST_F(Autosave, WhatNobodySavedIsKeptAndNothingElse)
 {
     CAutosaver autosaver(Root());
     CTestSimulation* const pNew = Add();
-    Add(); // nobody edits it
+    Add();                          // nobody edits it
     Add()->SetFilePath(CasePath()); // it hasn't been read yet
     pNew->BeginUndoStep();
     Set(*pNew, COUNTER, 5);
