@@ -74,7 +74,7 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    CPanelSelectables m_factory;
+    CNamedSelectableFactory m_factory;
     CItemPanels m_panels;
     CPanelSimulation* m_pSimulation = nullptr;
     CItemPanel* m_pPanel = nullptr;

@@ -5,6 +5,7 @@
 #include "data/casedata.h"
 #include "data/variables/variablemanager.h"
 #include "frame/replacefile.h"
+#include "modules/base/autosavefolder.h"
 #include "modules/base/casestorage.h"
 #include "modules/base/displayfile.h"
 #include "modules/plot3d/plot3dsimulation.h"
@@ -171,6 +172,20 @@ void OpenCaseFile(benchmark::State& state)
     state.SetBytesProcessed(state.iterations() * QFileInfo(saved.sFile).size());
 }
 BENCHMARK(OpenCaseFile)->Unit(benchmark::kMillisecond);
+
+/** What an automatic save costs every two minutes while nothing has changed since the last one. */
+void KeepUnchanged(benchmark::State& state)
+{
+    CSavedCase saved;
+    const QTemporaryDir folder;
+    CAutosaveFolder kept(folder.path());
+    for ([[maybe_unused]] auto _ : state)
+        kept.Store(
+            1, SAutosaveFile{"Plot3D", "many", saved.sFile, TakeCase(saved.Simulation(), "Plot3D").ToBytes()}
+                   .ToBytes());
+    kept.Clear();
+}
+BENCHMARK(KeepUnchanged)->Unit(benchmark::kMillisecond);
 
 /** The limit: the same bytes alone. */
 void WriteSameBytes(benchmark::State& state)

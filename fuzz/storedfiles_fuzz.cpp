@@ -2,6 +2,7 @@
 // overrides. The first byte says which reader; what it takes is written again as it was.
 #include "frame/bytestream.h"
 #include "modules/base/autosavefile.h"
+#include "modules/base/casefile.h"
 #include "modules/base/displaydocument.h"
 #include "modules/base/displayoverrides.h"
 #include "modules/base/pairjson.h"

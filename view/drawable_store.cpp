@@ -2,6 +2,7 @@
 #include "data/variables/variablekeys.h"
 #include "data/variables/variablemanager.h"
 #include "frame/bytestream.h"
+#include "frame/jsoninteger.h"
 #include "view/annotations/annotationcolormap.h"
 #include "view/colormaps/colormaptables.h"
 #include "view/drawable.h"
@@ -50,10 +51,7 @@ class CJsonFieldReader
 public:
     explicit CJsonFieldReader(const QJsonObject& object) : m_object(object) {}
     void operator()(const char* sKey, bool& bValue) { bValue = m_object[sKey].toBool(bValue); }
-    void operator()(const char* sKey, qint64& nValue)
-    {
-        nValue = qint64(m_object[sKey].toDouble(double(nValue)));
-    }
+    void operator()(const char* sKey, qint64& nValue) { nValue = ToInteger(m_object[sKey], nValue); }
     void operator()(const char* sKey, double& dValue) { dValue = m_object[sKey].toDouble(dValue); }
     void operator()(const char* sKey, QColor& color)
     {
@@ -99,6 +97,9 @@ public:
 private:
     CByteReader& m_reader;
 };
+
+/** As many as a user can ask for; what stands in a file may be any number, and each takes a pass. */
+constexpr qint64 MOST_CONTOURS = 1000;
 
 } // namespace
 
@@ -171,7 +172,8 @@ bool CDrawable::fromJson(const QJsonObject& display)
 {
     CJsonFieldReader reader(display);
     VisitFields(*this, reader);
-    TakeDisplayType(qint64(display["displayType"].toDouble(m_eDisplayType)));
+    m_nContourCount = std::clamp<qint64>(m_nContourCount, 0, MOST_CONTOURS);
+    TakeDisplayType(ToInteger(display["displayType"], m_eDisplayType));
     m_bDrawVectors = m_eDisplayType == DisplayVector; // has no key of its own
     m_nScalarVariable = FindVariable(m_nSimulationId, display["scalarVariable"].toString());
     m_nVectorVariable = FindVariable(m_nSimulationId, display["vectorVariable"].toString());
@@ -182,7 +184,8 @@ bool CDrawable::fromJson(const QJsonObject& display)
     reader("colormapRange", range);
     m_colormap.dMinimum = range.x();
     m_colormap.dMaximum = range.y();
-    m_pLegend->fromJson(display["annotationColormap"].toObject());
+    if (const QJsonValue legend = display["annotationColormap"]; legend.isObject())
+        m_pLegend->fromJson(legend.toObject());
     invalidateAll();
     return true;
 }
@@ -212,6 +215,7 @@ bool CDrawable::fromBinary(const QByteArray& bytes, double)
     CByteReader reader(bytes);
     CByteFieldReader fields(reader);
     VisitFields(*this, fields);
+    m_nContourCount = std::clamp<qint64>(m_nContourCount, 0, MOST_CONTOURS);
     qint64 nType = m_eDisplayType;
     if (reader.Read(nType))
         TakeDisplayType(nType);

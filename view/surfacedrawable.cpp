@@ -6,6 +6,7 @@
 #include "data/solutions/istructredsolution.h"
 #include "data/variables/variablemanager.h"
 #include "frame/bytestream.h"
+#include "frame/jsoninteger.h"
 #include "scene/iselectable.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
@@ -64,7 +65,7 @@ IVector3D ToVector(const QJsonValue& value, const IVector3D& fallback)
     const QJsonArray array = value.toArray();
     if (array.size() < 3)
         return fallback;
-    return {qint64(array[0].toDouble()), qint64(array[1].toDouble()), qint64(array[2].toDouble())};
+    return {ToInteger(array[0]), ToInteger(array[1]), ToInteger(array[2])};
 }
 
 } // namespace

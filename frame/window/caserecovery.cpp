@@ -29,6 +29,15 @@ bool StandsInItsFile(const SAutosaveFile& content)
            bytes == content.caseFile;
 }
 
+bool IsOpen(const QString& sFilePath)
+{
+    const CSimulationManager& manager = CSimulationManager::Instance();
+    const QVector<qint64> ids = manager.GetSimulationIds();
+    return std::any_of(ids.begin(), ids.end(), [&](qint64 nId) {
+        return QFileInfo(manager.GetSimulation(nId)->GetFilePath()) == QFileInfo(sFilePath);
+    });
+}
+
 QString AskFor(const SAutosaveFile& content)
 {
     const bool bSaved = QFileInfo::exists(content.sFilePath);
@@ -87,20 +96,26 @@ void CCaseRecovery::Offer(const CLostCases::SCase& lost)
     const QString sAnswer = AskFor(lost.content);
     if (sAnswer == SKIP || (sAnswer == RECOVER && !Recover(lost.content)))
         return; // the next start asks again
-    if (sAnswer == OPEN_SAVED)
+    if (sAnswer == OPEN_SAVED) {
         emit SignalOpenSaved(lost.content.sFilePath);
+        if (!IsOpen(lost.content.sFilePath))
+            return; // its file may be the worse of the two
+    }
     if (sAnswer == RECOVER && !m_autosaver.Run())
         return;
     CLostCases::Remove(lost); // what was recovered is kept by this instance now
 }
 
-/** Opens the case as it was, with changes against its file. */
+/** Opens the case as it was, with changes against its file. False after telling why that isn't possible. */
 bool CCaseRecovery::Recover(const SAutosaveFile& content) const
 {
     IModuleInterface* const pModule = CModuleRegistry::Instance().FindByName(content.sModule);
     QTemporaryFile file(QDir(m_sRoot).filePath("recover-XXXXXX.zento"));
-    if (!pModule || !file.open() || file.write(content.caseFile) != content.caseFile.size() || !file.flush())
-        return false;
+    if (!pModule)
+        return UserPrompt::Tell(PromptWarning, TITLE,
+                                QString("There is no module '%1'").arg(content.sModule));
+    if (!file.open() || file.write(content.caseFile) != content.caseFile.size() || !file.flush())
+        return UserPrompt::Tell(PromptWarning, TITLE, QString("Can't write to %1").arg(m_sRoot));
     const qint64 nId = pModule->Open(file.fileName(), -1);
     if (nId == -1)
         return false;

@@ -30,6 +30,8 @@ signals:
     void SignalOpenSaved(QString sFileName);
 
 public slots:
+    /** Keeps what has changed, and lets go of what has been saved: a copy that is older than its case's file
+     * must not be offered. */
     void SlotKeepCases();
 
 private:

@@ -14,6 +14,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMenu>
 
 namespace {
@@ -178,7 +179,7 @@ void CFileCommands::OpenFiles(const QStringList& sFileList)
     CWidgetManager::Instance().SetStatusText({}); // what was told of another file
     QStringList sDataFileList;                    // what is no case: together they may make one
     for (const QString& sFile : sFileList) {
-        if (!QFile(sFile).open(QIODevice::ReadOnly))
+        if (!QFileInfo(sFile).isFile() || !QFile(sFile).open(QIODevice::ReadOnly)) // a pipe would wait
             UserPrompt::Tell(PromptCritical, OPEN_TITLE, "Failed to open the selected file");
         else if (!OpenCase(sFile))
             sDataFileList.append(sFile);

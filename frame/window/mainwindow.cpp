@@ -131,6 +131,7 @@ void CMainWindow::BuildActions()
     m_pFileCommands = std::make_unique<CFileCommands>(*m_pActions, m_pUi->m_pNewSimulationMenu,
                                                       m_pUi->m_pAnalyzeMenu, m_pUi->m_pRecentFilesMenu);
     m_pSaveCommands = std::make_unique<CSaveCommands>(*m_pActions, m_pFileCommands->GetRecentFiles());
+    connect(m_pSaveCommands.get(), &CSaveCommands::SignalSaved, this, &CMainWindow::SignalCaseSaved);
     m_pRestartCommands = std::make_unique<CRestartCommands>(*m_pActions);
     m_pEditCommands = std::make_unique<CEditCommands>(*m_pActions);
     m_pSelectionCommands = std::make_unique<CSelectionCommands>(*m_pActions);

@@ -74,6 +74,7 @@ signals:
     void SignalCloseExcept(QWidget* pRequestingWidget);
     void SignalMouseMode(OglMouseMode_e eMode);
     void SignalActiveSimulationChanged();
+    void SignalCaseSaved();
     void SignalRefreshDockWidgets();
 
 public slots:

@@ -13,8 +13,8 @@
 #include "modules/base/restartfile.h"
 #include "modules/base/ui/blockedviews.h"
 #include "modules/base/viewcamera.h"
-#include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
+#include "simulation/undostep.h"
 
 #include <QFileInfo>
 
@@ -114,9 +114,9 @@ void CRestartCommands::Show(const SRestartFile& file, const QString& sFolder, bo
     bool bShown = false;
     if (pSimulation) {
         const CBlockedViews blocked(pSimulation->GetId());
-        pSimulation->BeginUndoStep();
-        bShown = pSimulation->LoadViewState(file.display, active.nViewId, file.dVersion);
-        pSimulation->EndUndoStep(!bShown);
+        bShown = EditInOneStep(*pSimulation, [&] {
+            return pSimulation->LoadViewState(file.display, active.nViewId, file.dVersion);
+        });
     }
     if (!bShown) {
         TellNoData();

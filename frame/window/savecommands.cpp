@@ -62,6 +62,7 @@ void CSaveCommands::Save(const ISimulation& simulation, const QString& sFile)
     IModuleInterface* const pModule = CModuleRegistry::Instance().FindById(simulation.GetModuleId());
     if (!pModule || !pModule->Save(sFile, simulation.GetId()))
         return;
+    emit SignalSaved();
     m_recentFiles.Add(sFile);
     CWidgetManager::Instance().SetStatusText(QString("Saved to %1").arg(sFile));
     CWidgetManager::Instance().UpdateActions();

@@ -14,6 +14,10 @@ class CSaveCommands : public QObject
 public:
     CSaveCommands(CWindowActions& actions, CRecentFiles& recentFiles);
 
+signals:
+    /** A case has been saved to its file. */
+    void SignalSaved();
+
 public slots:
     /** Saves to the file of the case; asks for one if it has none. */
     void SlotSaveSimulation();

@@ -57,6 +57,7 @@ int RunInteractive(const QString& sFileName)
         window.SlotOpenSimulation(sFileName);
     CCaseRecovery recovery(CCaseRecovery::DefaultRoot());
     QObject::connect(&recovery, &CCaseRecovery::SignalOpenSaved, &window, &CMainWindow::SlotOpenSimulation);
+    QObject::connect(&window, &CMainWindow::SignalCaseSaved, &recovery, &CCaseRecovery::SlotKeepCases);
     QTimer::singleShot(0, &recovery, &CCaseRecovery::OfferLostCases); // the window comes first
     const int nStatus = QApplication::exec();
     recovery.End();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "modules/base/casefile.h"
+#include "modules/base/storedrecord.h"
 
 /** The record of an automatic save (docs/formats/casefiles.md). */
 struct SAutosaveFile

@@ -10,9 +10,7 @@
 
 namespace {
 
-constexpr const char* SUFFIX = ".autosave";
-
-constexpr const char* LOCK_SUFFIX = ".lock";
+constexpr const char *SUFFIX = ".autosave", *LOCK_SUFFIX = ".lock";
 
 QString LockOf(const QString& sFolder) { return sFolder + LOCK_SUFFIX; }
 
@@ -55,9 +53,9 @@ void CAutosaveFolder::Clear()
 /** The lock is there before the folder, so that nobody takes the folder for one of an instance that died. */
 bool CAutosaveFolder::Open()
 {
-    if (m_lock.isLocked())
-        return true;
-    return QDir().mkpath(m_sRoot) && m_lock.tryLock(0) && QDir(m_sRoot).mkpath(m_sInstance);
+    if (!QDir().mkpath(m_sRoot) || !(m_lock.isLocked() || m_lock.tryLock(0)))
+        return false;
+    return QDir(m_sRoot).mkpath(m_sInstance); // anew if somebody has tidied up
 }
 
 QString CAutosaveFolder::FileOf(qint64 nSimulationId) const

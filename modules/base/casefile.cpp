@@ -1,11 +1,8 @@
 #include "modules/base/casefile.h"
 
-#include "frame/bytestream.h"
-
 namespace {
 
 constexpr int LONGEST_NAME = 64;
-constexpr double HIGHEST_VERSION = 1000.0; // no file will ever have it: other bytes read as a number
 
 bool IsName(const QString& sText)
 {
@@ -15,47 +12,28 @@ bool IsName(const QString& sText)
 
 } // namespace
 
-StoredFile_e CheckStoredVersion(double dVersion, double dKnown)
-{
-    if (!(dVersion >= 0.0 && dVersion < HIGHEST_VERSION)) // nan too
-        return StoredBad;
-    return dVersion > dKnown ? StoredNewer : StoredOk;
-}
-
 QByteArray SCaseFile::ToBytes() const
 {
-    CByteWriter writer;
-    writer.Write(sModule);
-    writer.Write(dDataVersion);
-    writer.Write(dDisplayVersion);
-    writer.Write(data);
-    writer.Write(display);
-    camera.Write(writer);
-    return writer.Take();
+    return WriteRecord(sModule, dDataVersion, dDisplayVersion, data, display, camera);
 }
 
 StoredFile_e SCaseFile::FromBytes(const QByteArray& bytes)
 {
-    CByteReader reader(bytes);
-    reader.Read(sModule);
-    reader.Read(dDataVersion);
-    if (!reader.Read(dDisplayVersion))
-        return StoredBad;
-    for (const double dVersion : {dDataVersion, dDisplayVersion})
-        if (const StoredFile_e eStored = CheckStoredVersion(dVersion, VERSION); eStored != StoredOk)
-            return eStored;
-    reader.Read(data);
-    reader.Read(display);
-    return camera.Read(reader) ? StoredOk : StoredBad;
+    return CRecordReader(bytes, VERSION)
+        .Fields(sModule)
+        .Versions(dDataVersion, dDisplayVersion)
+        .Fields(data, display, camera)
+        .Result();
 }
 
 bool LooksLikeCaseFile(const QByteArray& head)
 {
     CByteReader reader(head);
     QString sName;
-    double dData = -1.0, dDisplay = -1.0;
+    double dData = 0.0, dDisplay = 0.0;
     reader.Read(sName);
     reader.Read(dData);
-    return reader.Read(dDisplay) && IsName(sName) && dData > 0.0 && dData < HIGHEST_VERSION &&
-           dDisplay > 0.0 && dDisplay < HIGHEST_VERSION;
+    reader.Read(dDisplay);
+    return IsName(sName) && dData > 0.0 && IsStoredVersion(dData) && dDisplay > 0.0 &&
+           IsStoredVersion(dDisplay);
 }

@@ -1,16 +1,7 @@
 #pragma once
 
 #include "modules/base/storedcamera.h"
-
-/** What became of the bytes of a stored file. */
-enum StoredFile_e {
-    StoredOk,
-    StoredNewer, ///< of a later version of the program, which has nothing to say here
-    StoredBad,   ///< not such a file, or not all of it
-};
-
-/** What a reader makes of a version that stands in a file; one that can't be a version is bad. */
-StoredFile_e CheckStoredVersion(double dVersion, double dKnown);
+#include "modules/base/storedrecord.h"
 
 /** The record of a case file, ".zento" (docs/formats/casefiles.md). */
 struct SCaseFile

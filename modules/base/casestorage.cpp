@@ -8,6 +8,7 @@
 #include "simulation/isimulation.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <limits>
 
@@ -41,6 +42,8 @@ void ShowCamera(const SStoredCamera& stored, const QString& sFileName, qint64 nV
 bool ReadWholeFile(const QString& sFileName, QByteArray& bytes)
 {
     QFile file(sFileName);
+    if (!QFileInfo(sFileName).isFile()) // a pipe would wait for a writer, a device never end
+        return false;
     if (!file.open(QIODevice::ReadOnly) || file.size() > std::numeric_limits<int>::max() - 64)
         return false;
     bytes = file.readAll();

@@ -9,7 +9,7 @@ class ISimulation;
 /**
  * The whole content of a file.
  *
- * @return false if it can't be read, or is larger than any stored file can be
+ * @return false if it can't be read, is no regular file, or is larger than any stored file can be
  */
 bool ReadWholeFile(const QString& sFileName, QByteArray& bytes);
 

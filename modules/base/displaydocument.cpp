@@ -1,7 +1,5 @@
 #include "modules/base/displaydocument.h"
 
-#include "frame/bytestream.h"
-
 #include <QJsonDocument>
 
 namespace {
@@ -51,23 +49,12 @@ bool SDisplayDocument::IsJson(const QByteArray& bytes)
     return WithoutMark(bytes).trimmed().startsWith('{');
 }
 
-QByteArray SOldDisplayFile::ToBytes() const
-{
-    CByteWriter writer;
-    writer.Write(dVersion);
-    writer.Write(display);
-    writer.Write(camera);
-    return writer.Take();
-}
+QByteArray SOldDisplayFile::ToBytes() const { return WriteRecord(dVersion, display, camera); }
 
 StoredFile_e SOldDisplayFile::FromBytes(const QByteArray& bytes)
 {
-    CByteReader reader(bytes);
-    if (!reader.Read(dVersion))
-        return StoredBad;
-    if (const StoredFile_e eStored = CheckStoredVersion(dVersion, SDisplayDocument::VERSION);
-        eStored != StoredOk)
-        return eStored;
-    reader.Read(display);
-    return reader.Read(camera) ? StoredOk : StoredBad;
+    return CRecordReader(bytes, SDisplayDocument::VERSION)
+        .Versions(dVersion)
+        .Fields(display, camera)
+        .Result();
 }

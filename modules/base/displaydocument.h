@@ -1,6 +1,7 @@
 #pragma once
 
-#include "modules/base/casefile.h"
+#include "modules/base/storedcamera.h"
+#include "modules/base/storedrecord.h"
 
 /** The record of a display file, ".disp", in its JSON form (docs/formats/displayfiles.md). */
 struct SDisplayDocument

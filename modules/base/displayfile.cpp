@@ -8,10 +8,11 @@
 #include "modules/base/displayoverrides.h"
 #include "modules/base/pairdisplay.h"
 #include "modules/base/pairjson.h"
+#include "modules/base/updateblock.h"
 #include "modules/base/viewcamera.h"
 #include "simulation/displayfilechoice.h"
-#include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
+#include "simulation/undostep.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -20,19 +21,6 @@
 namespace {
 
 constexpr const char* TITLE = "Display File";
-
-/** The views of a simulation don't repaint while this lives. */
-class CUpdateBlock
-{
-public:
-    explicit CUpdateBlock(qint64 nId) : m_nId(nId) { CWidgetManager::Instance().BlockUpdates(nId, true); }
-    ~CUpdateBlock() { CWidgetManager::Instance().BlockUpdates(m_nId, false); }
-    CUpdateBlock(const CUpdateBlock&) = delete;
-    CUpdateBlock& operator=(const CUpdateBlock&) = delete;
-
-private:
-    const qint64 m_nId;
-};
 
 bool Tell(const char* sText, const QString& sFile)
 {
@@ -65,10 +53,12 @@ bool ReadOldFile(ISimulation& simulation, const QByteArray& bytes, const QString
         TellNewer(sFile);
         return false;
     }
-    const CUpdateBlock block(simulation.GetId());
-    simulation.BeginUndoStep();
-    const bool bShown = eStored == StoredOk && simulation.LoadViewState(file.display, nViewId, file.dVersion);
-    simulation.EndUndoStep(!bShown);
+    bool bShown = false;
+    if (eStored == StoredOk) {
+        const CUpdateBlock block(simulation.GetId());
+        bShown = EditInOneStep(
+            simulation, [&] { return simulation.LoadViewState(file.display, nViewId, file.dVersion); });
+    }
     if (!bShown)
         return Tell("Failed to load display data from:\n%1", sFile);
     ApplyCameraBlock(nViewId, file.camera);
@@ -78,12 +68,13 @@ bool ReadOldFile(ISimulation& simulation, const QByteArray& bytes, const QString
 bool ShowDocument(ISimulation& simulation, const SDisplayDocument& document, const SOverridable& values,
                   qint64 nViewId)
 {
-    simulation.BeginUndoStep();
-    const bool bShown = simulation.LoadViewJson(values.display, nViewId, document.dVersion);
-    if (bShown)
+    const bool bShown = EditInOneStep(simulation, [&] {
+        if (!simulation.LoadViewJson(values.display, nViewId, document.dVersion))
+            return false;
         PairDisplay::Apply(nViewId, simulation.GetId(), MirrorFromJson(values.mirror),
                            SectorsFromJson(values.sectors));
-    simulation.EndUndoStep(!bShown);
+        return true;
+    });
     if (const auto camera = bShown ? CameraFromJson(document.viewer) : std::nullopt)
         ApplyViewCamera(nViewId, *camera);
     return bShown;

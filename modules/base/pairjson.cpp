@@ -1,5 +1,7 @@
 #include "modules/base/pairjson.h"
 
+#include "frame/jsoninteger.h"
+
 namespace {
 
 QString Member(const char* sStart, int nAxis) { return sStart + QString(QChar("XYZ"[nAxis])); }
@@ -38,12 +40,11 @@ QJsonObject SectorsToJson(const SSectorSetting& sectors)
 
 SSectorSetting SectorsFromJson(const QJsonObject& json)
 {
-    constexpr double HIGHEST_COUNT = 1e9; // beyond any that can be shown
+    constexpr qint64 HIGHEST_COUNT = 1'000'000'000; // beyond any that can be shown
     SSectorSetting sectors;
     for (int nAxis = 0; nAxis < 3; ++nAxis) {
         sectors.bActive[nAxis] = json[Member("periodic", nAxis)].toBool();
-        sectors.nCount[nAxis] =
-            qint64(std::clamp(json[Member("sector", nAxis)].toDouble(1.0), 1.0, HIGHEST_COUNT));
+        sectors.nCount[nAxis] = ToInteger(json[Member("sector", nAxis)], 1, 1, HIGHEST_COUNT);
     }
     return sectors;
 }

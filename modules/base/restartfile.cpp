@@ -1,26 +1,8 @@
 #include "modules/base/restartfile.h"
 
-#include "frame/bytestream.h"
-
-QByteArray SRestartFile::ToBytes() const
-{
-    CByteWriter writer;
-    writer.Write(dVersion);
-    writer.Write(nModuleId);
-    for (const QByteArray* const pBytes : {&key, &display, &camera})
-        writer.Write(*pBytes);
-    return writer.Take();
-}
+QByteArray SRestartFile::ToBytes() const { return WriteRecord(dVersion, nModuleId, key, display, camera); }
 
 StoredFile_e SRestartFile::FromBytes(const QByteArray& bytes)
 {
-    CByteReader reader(bytes);
-    if (!reader.Read(dVersion))
-        return StoredBad;
-    if (const StoredFile_e eStored = CheckStoredVersion(dVersion, VERSION); eStored != StoredOk)
-        return eStored;
-    reader.Read(nModuleId);
-    for (QByteArray* const pBytes : {&key, &display, &camera})
-        reader.Read(*pBytes);
-    return reader.IsOk() ? StoredOk : StoredBad;
+    return CRecordReader(bytes, VERSION).Versions(dVersion).Fields(nModuleId, key, display, camera).Result();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "modules/base/casefile.h"
+#include "modules/base/storedrecord.h"
 
 /** The record of a restart file of one case, ".srst" (docs/formats/casefiles.md). */
 struct SRestartFile

@@ -1,5 +1,6 @@
 #include "modules/base/viewjson.h"
 
+#include "frame/jsoninteger.h"
 #include "frame/messagesink.h"
 #include "scene/iselectable.h"
 #include "scene/selectablekind.h"
@@ -114,13 +115,16 @@ void ApplyTo(ISelectable& selectable, const QJsonObject& display)
         manager.NotifyMaskChanged(&selectable);
 }
 
+/** Beyond that of any block; what the block has is seen when the plane is built. */
+constexpr qint64 HIGHEST_INDEX = 1'000'000'000;
+
 SSurfacePlane PlaneOf(const QJsonObject& surface, const IVector3D& dimensions)
 {
     const int nDirection = std::clamp(surface["constantDirection"].toInt(2), 0, 2);
     SSurfacePlane plane = FacePlane(dimensions, 2 * nDirection);
     const QJsonArray constants = surface["constantValue"].toArray();
     for (int nAxis = 0; nAxis < 3 && constants.size() == 3; ++nAxis)
-        plane.constants[nAxis] = qint64(std::clamp(constants[nAxis].toDouble(1.0), 1.0, 1e9));
+        plane.constants[nAxis] = ToInteger(constants[nAxis], 1, 1, HIGHEST_INDEX);
     return plane;
 }
 

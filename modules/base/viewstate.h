@@ -8,7 +8,7 @@
 
 class ISimulation;
 
-/** What a view shows of a case whose items are shown by their selectables (docs/formats/viewstate.md). */
+/** What a view shows of a case whose items are shown by their selectables (docs/formats/casefiles.md). */
 struct SViewState
 {
     /** What belongs to the pair of view and simulation. */

@@ -1,6 +1,7 @@
 // zento-batch on files, as a script sees it.
 #include "app/batch/batch.h"
 #include "app/batch/commands.h"
+#include "tests/support/files.h"
 #include "tests/support/plot3dfile.h"
 
 #include <QFile>
@@ -21,8 +22,8 @@ protected:
     BatchCase()
     {
         const auto blocks = Blocks({{5, 4, 3}, {3, 3, 3}});
-        Plot3DFixture::Store(m_sGrid, Plot3DFixture::MakeFile(LayoutOfCode(26), KindGrid, blocks));
-        Plot3DFixture::Store(m_sQ, Plot3DFixture::MakeFile(LayoutOfCode(49), KindQ, blocks));
+        Plot3DFixture::Write(m_sGrid, 26, KindGrid, blocks);
+        Plot3DFixture::Write(m_sQ, 49, KindQ, blocks);
     }
 
     int Run(int (*pCommand)(const QStringList&), const QStringList& sArgumentList)
@@ -68,7 +69,7 @@ TEST_F(BatchCase, InfoTellsWhatTheHeadersSay)
 
 TEST_F(BatchCase, AFileThatIsNotIdentifiedIsToldAndFails)
 {
-    Plot3DFixture::Store(m_sQ, "no such file");
+    Files::Write(m_sQ, "no such file");
     EXPECT_EQ(Run(RunInfo, {"--grid", m_sGrid, "--solution", m_sQ}), BatchFailed);
     EXPECT_EQ(m_json["files"].toArray().size(), 2);
     EXPECT_EQ(m_json["files"].toArray()[1].toObject()["formatCode"].toInt(-1), 0);
@@ -142,7 +143,5 @@ TEST_F(BatchCase, WrongUsageIsTwoAndAFileCutShortIsOne)
     EXPECT_EQ(Run(RunStats, {"--grid", m_folder.filePath("none"), "--variable", "X"}), BatchFailed);
     const QString sTimings = m_folder.filePath("timings.json");
     EXPECT_EQ(Run(RunStats, Case({"--variable", "R", "--timings", sTimings})), BatchOk);
-    QFile file(sTimings);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_GT(QJsonDocument::fromJson(file.readAll()).object()["peakBytes"].toDouble(), 1e6);
+    EXPECT_GT(QJsonDocument::fromJson(Files::Read(sTimings)).object()["peakBytes"].toDouble(), 1e6);
 }

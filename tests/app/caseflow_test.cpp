@@ -1,8 +1,6 @@
 // A case on its way through the whole program: opened from data, shown, saved, closed, opened again. With
 // OpenGL the view looks the same before and after; without it that is skipped.
-#include "frame/applicationinfo.h"
 #include "frame/moduleregistry.h"
-#include "frame/preferences.h"
 #include "frame/window/mainwindow.h"
 #include "frame/window/viewarea.h"
 #include "frame/window/windowactions.h"
@@ -11,14 +9,15 @@
 #include "scene/selectablemanager.h"
 #include "simulation/simulationcases.h"
 #include "simulation/simulationmanager.h"
+#include "tests/support/plot3dfile.h"
 #include "tests/support/print.h"
 #include "tests/support/promptscript.h"
+#include "tests/support/testsettings.h"
 #include "view/selectables/selectablefactory.h"
 #include "view/ui/oglviewer.h"
 #include "view/ui/opengldrawer.h"
 
-#include <QFile>
-#include <QSettings>
+#include <QDir>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -35,33 +34,22 @@ protected:
         CModuleRegistry::Instance().SetFactory(CPlot3DModule::PLOT3D_ID,
                                                [] { return std::make_unique<CPlot3DModule>(); });
         m_pWindow = std::make_unique<CMainWindow>();
-        WriteReals("scene.x", 3, 0);
-        WriteReals("scene.q", 5, 4);
+        // A sheared block, and fields over it.
+        Plot3DFixture::WriteValues(Path("scene.x"), KindGrid, {{5, 4, 3}}, 3,
+                                   [](int, int nAxis, const IVector3D& ijk) {
+                                       return double(ijk[nAxis]) + (nAxis == 1 ? 0.3 * double(ijk.i) : 0.0);
+                                   });
+        Plot3DFixture::WriteValues(Path("scene.q"), KindQ, {{5, 4, 3}}, 5,
+                                   [](int, int nArray, const IVector3D& ijk) {
+                                       return 1.0 + 0.1 * double(nArray * ijk.i + ijk.j * ijk.k);
+                                   });
     }
     ~CaseFlow() override
     {
         CSimulationManager::Instance().RemoveAllViews();
         m_pWindow.reset();
-        CPreferences::Instance() = CPreferences();
-        QSettings(QSettings::UserScope, ApplicationInfo::ORGANISATION, ApplicationInfo::NAME).clear();
     }
 
-    /** A sheared block of 5 x 4 x 3 points and fields over it. */
-    void WriteReals(const char* sName, int nArrays, int nHeader)
-    {
-        QFile file(Path(sName));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        const qint32 head[] = {1, 5, 4, 3};
-        file.write(reinterpret_cast<const char*>(head), sizeof head);
-        std::vector<float> reals(nHeader, 0.5F);
-        for (int nArray = 0; nArray < nArrays; ++nArray)
-            for (int n = 0; n < 60; ++n) {
-                const int i = n % 5, j = n / 5 % 4, k = n / 20;
-                const float xyz[] = {float(i), float(j) + 0.3F * float(i), float(k)};
-                reals.push_back(nHeader == 0 ? xyz[nArray] : 1.0F + 0.1F * float(nArray * i + j * k));
-            }
-        file.write(reinterpret_cast<const char*>(reals.data()), qint64(reals.size() * sizeof(float)));
-    }
     QString Path(const char* sName) const { return m_folder.filePath(sName); }
     void Trigger(ActionId_e eId) { m_pWindow->GetActions().Get(eId)->trigger(); }
     COglViewer& View() { return *m_pWindow->GetViewArea().GetOglViewer(1); }
@@ -76,6 +64,7 @@ protected:
         return View().GetDrawer().grabFramebuffer();
     }
 
+    const CFreshPreferences m_fresh;
     QTemporaryDir m_folder;
     CSelectableFactory m_factory;
     CSimulationCases m_cases;
@@ -109,9 +98,11 @@ TEST_F(CaseFlow, WhatWasShownIsShownAgain)
     EXPECT_EQ(QDir(m_folder.path()).entryList({"*~analyze.disp"}).size(), 1) << "the display file of closing";
     View().SetCamera(SCamera());
     Picture();
-    m_pWindow->SlotOpenSimulation(Path("scene.zento"));
+    user.ChooseFile(Path("scene.zento"));
+    Trigger(ActionOpen);
     ASSERT_NE(OnTop(), nullptr);
     EXPECT_EQ(OnTop()->SaveViewState(1), display);
+    EXPECT_EQ(OnTop()->GetSavedData(), OnTop()->ToBytes());
     EXPECT_EQ(pTabs->count(), 1);
     const QImage again = Picture();
     EXPECT_EQ(View().GetCamera(), camera) << "no fit on top of it";

@@ -6,6 +6,7 @@
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
 #include "simulation/simulationmanager.h"
+#include "tests/support/files.h"
 #include "view/selectables/selectablefactory.h"
 
 #include <QDataStream>
@@ -84,15 +85,7 @@ protected:
     int Run(const QStringList& sMore) { return Run(sMore, m_sGrid); }
     int Run(const QStringList& sMore, const QString& sGrid)
     {
-        QProcess process;
-        process.setProcessEnvironment(m_environment);
-        process.start(ZENTO_BATCH, QStringList{"render", "--grid", sGrid, "--output", m_sPicture, "--view",
-                                               "-z", "--samples", "0", "--size", "212x318"} +
-                                       sMore);
-        EXPECT_TRUE(process.waitForFinished(60000));
-        m_sErrors = process.readAllStandardError();
-        m_picture = QImage(m_sPicture);
-        return process.exitCode();
+        return RunStored(QStringList{"--grid", sGrid, "--view", "-z", "--size", "212x318"} + sMore);
     }
     /** As Run, of a case or a display alone. */
     int RunStored(const QStringList& sOptionList)
@@ -134,10 +127,8 @@ protected:
     /** Puts a script in the place of Xvfb. */
     void ReplaceXvfb(const QByteArray& script)
     {
-        QFile file(m_folder.filePath("Xvfb"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("#!/bin/sh\n" + script + '\n');
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        const QString sFile = Files::Write(m_folder.filePath("Xvfb"), "#!/bin/sh\n" + script + '\n');
+        QFile::setPermissions(sFile, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         m_environment.insert("PATH", m_folder.path() + ':' + qEnvironmentVariable("PATH"));
     }
 
@@ -246,9 +237,7 @@ TEST_F(Render, ItsOwnDisplayEndsWithItAndOneThatDoesntStartIsSaid)
     ReplaceXvfb("echo $$ >" + sPid.toLocal8Bit() + "\nexec " +
                 QStandardPaths::findExecutable("Xvfb").toLocal8Bit() + " \"$@\"");
     EXPECT_EQ(Run({"--scalar", "none"}), 2);
-    QFile file(sPid);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_NE(kill(file.readAll().trimmed().toInt(), 0), 0) << "Xvfb still runs";
+    EXPECT_NE(kill(Files::Read(sPid).trimmed().toInt(), 0), 0) << "Xvfb still runs";
     ReplaceXvfb("exit 3");
     EXPECT_EQ(Run({}), 1);
     EXPECT_TRUE(m_sErrors.contains("doesn't start")) << m_sErrors.toStdString();

@@ -1,4 +1,5 @@
 #include "frame/messagesink.h"
+#include "tests/support/files.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -18,9 +19,7 @@ protected:
 
     QStringList Lines() const
     {
-        QFile file(m_sFileName);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        QStringList sLineList = QString::fromUtf8(file.readAll()).split('\n');
+        QStringList sLineList = QString::fromUtf8(Files::Read(m_sFileName)).split('\n');
         EXPECT_EQ(sLineList.takeLast(), "") << "the last line isn't ended";
         return sLineList;
     }

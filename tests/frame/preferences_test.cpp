@@ -3,6 +3,7 @@
 #include "frame/memorymanager.h"
 #include "frame/messagesink.h"
 #include "frame/preferencekeys.h"
+#include "tests/support/files.h"
 #include "tests/support/logcapture.h"
 
 #include <QElapsedTimer>
@@ -211,10 +212,7 @@ TEST_F(Preferences, AStoreThatIsDamagedMeanwhileIsMadeWholeAgain)
         CPreferences preferences;
         Set(preferences, PreferenceKey::REMOTE_HOST, 1, "cluster");
         Save(preferences);
-        QFile file(FileName());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        file.close();
+        Files::Write(FileName(), content);
         Set(preferences, PreferenceKey::POINT_SIZE, 3);
         Save(preferences);
         CPreferences other;

@@ -1,6 +1,6 @@
 #include "frame/moduleregistry.h"
-#include "frame/widgetmanager.h"
 #include "simulation/panel/dockwidget.h"
+#include "tests/support/casewindow.h"
 #include "tests/support/simulationfixture.h"
 #include "tests/support/testmodule.h"
 
@@ -28,33 +28,6 @@ public:
         return {m_menus[0]->menuAction()->isVisible(), !m_toolBars[0]->isHidden(), m_actions[0]->isVisible(),
                 !m_docks[0]->isHidden()};
     }
-};
-
-/** A window that only says which view is active. */
-class CViewWindow : public QMainWindow, public IMainWindow
-{
-public:
-    CViewWindow() { CWidgetManager::Instance().Register(this, CWidgetManager::MAIN_WINDOW); }
-    ~CViewWindow() override { CWidgetManager::Instance().Unregister(this); }
-    qint64 GetActiveViewId() const override { return m_nViewId; }
-    ISimulation* GetActiveSimulation(qint64 nViewId) const override
-    {
-        return CSimulationManager::Instance().GetSimulationOfView(nViewId);
-    }
-    void UpdateActions() override { ++m_nActionUpdates; }
-    void RefreshDocks(qint64 nViewId, bool, bool) override { m_refreshed.append(nViewId); }
-    void UpdateActiveViewer(qint64) override {}
-    IViewer* GetViewer(qint64) const override { return nullptr; }
-    IViewer* GetViewerById(qint64) const override { return nullptr; }
-    void SetStatusText(const QString&) override {}
-    void RunInTerminal() override {}
-    void CloseAll() override {}
-    void BlockUpdates(qint64, bool) override {}
-    QImage captureImage(const SCapture&) override { return {}; }
-
-    qint64 m_nViewId = 1;
-    int m_nActionUpdates = 0;
-    QVector<qint64> m_refreshed;
 };
 
 } // namespace
@@ -107,17 +80,17 @@ TEST_F(ModuleInterface, TheActiveSimulationIsThatOfTheActiveViewOrElseTheLast)
     CTestSimulation* const pFirst = Add(1);
     CTestSimulation* const pLast = Add(2);
     EXPECT_EQ(module.GetActiveSimulation(), pLast) << "no window: the last";
-    CViewWindow window;
+    CCaseWindow window;
     m_manager.SetActiveSimulation(1, pFirst->GetId());
     EXPECT_EQ(module.GetActiveSimulation(), pFirst);
-    window.m_nViewId = 99;
+    window.m_nActiveViewId = 99;
     EXPECT_EQ(module.GetActiveSimulation(), pLast);
     EXPECT_EQ(module.GetActiveWidget(), &window);
 }
 
 TEST_F(ModuleInterface, AnEditTellsTheWindowAndEachViewsDocks)
 {
-    CViewWindow window;
+    CCaseWindow window;
     CTestSimulation* const pSimulation = Add(1);
     m_manager.AddSimulationToView(1, 2);
     pSimulation->BeginUndoStep();

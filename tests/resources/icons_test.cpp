@@ -1,5 +1,6 @@
 #include "frame/themeicon.h"
 #include "frame/window/stylesheets.h"
+#include "tests/support/files.h"
 
 #include <QComboBox>
 #include <QDirIterator>
@@ -15,17 +16,10 @@ namespace {
 constexpr int THEMES[] = {0, 1, 2, 3};
 constexpr int SIZES[] = {16, 24, 32, 48}; // those that must be drawn, not scaled [pixels]
 
-QByteArray ReadFile(const QString& sPath)
-{
-    QFile file(sPath);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(sPath);
-    return file.readAll();
-}
-
 QStringList IconNames()
 {
     QStringList names;
-    for (const QByteArray& line : ReadFile(ZENTO_SOURCE "/resources/icons/icons.txt").split('\n'))
+    for (const QByteArray& line : Files::Read(ZENTO_SOURCE "/resources/icons/icons.txt").split('\n'))
         if (!line.trimmed().isEmpty() && !line.startsWith('#'))
             names.append(QString::fromUtf8(line.simplified().split(' ')[0]));
     return names;
@@ -41,7 +35,7 @@ QMap<QString, QString> NamedIcons()
         const QString sPath = files.next();
         if (sPath.contains(QRegularExpression("/(build|tests|tools)/")))
             continue;
-        QRegularExpressionMatchIterator matches = name.globalMatch(QString::fromUtf8(ReadFile(sPath)));
+        QRegularExpressionMatchIterator matches = name.globalMatch(QString::fromUtf8(Files::Read(sPath)));
         while (matches.hasNext())
             fileByIcon[matches.next().captured(1).replace("%1", "1")] = sPath;
     }

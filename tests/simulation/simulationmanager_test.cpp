@@ -5,6 +5,7 @@
 #include "runs/process.h"
 #include "scene/selectablemanager.h"
 #include "simulation/iitempanels.h"
+#include "tests/support/files.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
 
@@ -29,19 +30,6 @@ protected:
 
     ~SimulationManager() override { m_manager.SetItemPanels(nullptr); }
 };
-
-void WriteFile(const QString& sFileName, const QByteArray& content)
-{
-    QFile file(sFileName);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
-
-QByteArray ReadFile(const QString& sFileName)
-{
-    QFile file(sFileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
-}
 
 } // namespace
 
@@ -231,13 +219,13 @@ TEST_F(SimulationManager, TheDisplayFileThatClosingWritesIsCopiedToTheChosenName
     QTemporaryDir folder;
     QTemporaryDir kept;
     const QString sTarget = kept.filePath("kept.disp");
-    WriteFile(folder.filePath("2020-01-01~00:00:00~analyze.disp"), "an older one");
-    WriteFile(sTarget, "to be replaced");
+    Files::Write(folder.filePath("2020-01-01~00:00:00~analyze.disp"), "an older one");
+    Files::Write(sTarget, "to be replaced");
     CTestSimulation* const pSimulation = Add();
     pSimulation->SetName("Wing");
     Set(*pSimulation, SimulationKey::DIRECTORY, folder.path());
     pSimulation->m_onSaveDisplay = [&] {
-        WriteFile(folder.filePath("2026-01-01~00:00:00~analyze.disp"), "new");
+        Files::Write(folder.filePath("2026-01-01~00:00:00~analyze.disp"), "new");
     };
     {
         CPromptScript user;
@@ -254,22 +242,22 @@ TEST_F(SimulationManager, TheDisplayFileThatClosingWritesIsCopiedToTheChosenName
     EXPECT_EQ(user.AskedFiles()[0].sStart, folder.path());
     m_manager.RemoveAllViews();
     m_manager.CopyDisplayFiles();
-    EXPECT_EQ(ReadFile(sTarget), "new");
-    WriteFile(sTarget, "later");
+    EXPECT_EQ(Files::Read(sTarget), "new");
+    Files::Write(sTarget, "later");
     m_manager.CopyDisplayFiles();
-    EXPECT_EQ(ReadFile(sTarget), "later") << "each copy is made once";
+    EXPECT_EQ(Files::Read(sTarget), "later") << "each copy is made once";
 }
 
 TEST_F(SimulationManager, CasesThatCloseTogetherFromOneFolderEachKeepTheirOwnDisplay)
 {
     QTemporaryDir folder;
-    WriteFile(folder.filePath("0.disp"), "older");
+    Files::Write(folder.filePath("0.disp"), "older");
     CPromptScript user;
     for (int n = 1; n <= 2; ++n) {
         CTestSimulation* const pSimulation = Add();
         Set(*pSimulation, SimulationKey::DIRECTORY, folder.path());
         pSimulation->m_onSaveDisplay = [&folder, n] {
-            WriteFile(folder.filePath(QString("%1.disp").arg(n)), QByteArray::number(n));
+            Files::Write(folder.filePath(QString("%1.disp").arg(n)), QByteArray::number(n));
         };
         user.Press("Save As...");
         user.ChooseFile(folder.filePath(QString("kept%1").arg(n)));
@@ -277,14 +265,14 @@ TEST_F(SimulationManager, CasesThatCloseTogetherFromOneFolderEachKeepTheirOwnDis
     ASSERT_TRUE(m_manager.CloseSimulations(-1));
     m_manager.RemoveAllViews();
     m_manager.CopyDisplayFiles();
-    EXPECT_EQ(ReadFile(folder.filePath("kept1.disp")), "1");
-    EXPECT_EQ(ReadFile(folder.filePath("kept2.disp")), "2");
+    EXPECT_EQ(Files::Read(folder.filePath("kept1.disp")), "1");
+    EXPECT_EQ(Files::Read(folder.filePath("kept2.disp")), "2");
 }
 
 TEST_F(SimulationManager, ACopyThatFailsIsReportedAndCancelAtTheThirdLeavesAllOpen)
 {
     QTemporaryDir folder;
-    WriteFile(folder.filePath("a.disp"), "a");
+    Files::Write(folder.filePath("a.disp"), "a");
     for (int n = 0; n < 5; ++n)
         Set(*Add(), SimulationKey::DIRECTORY, folder.path());
     {

@@ -32,13 +32,13 @@ class CCaseWindow : public QMainWindow, public IMainWindow, public IMainMenus
 public:
     CCaseWindow() { CWidgetManager::Instance().Register(this, CWidgetManager::MAIN_WINDOW); }
     ~CCaseWindow() override { CWidgetManager::Instance().Unregister(this); }
-    qint64 GetActiveViewId() const override { return 1; }
+    qint64 GetActiveViewId() const override { return m_nActiveViewId; }
     ISimulation* GetActiveSimulation(qint64 nViewId) const override
     {
         return CSimulationManager::Instance().GetSimulationOfView(nViewId);
     }
-    void UpdateActions() override {}
-    void RefreshDocks(qint64, bool, bool) override {}
+    void UpdateActions() override { ++m_nActionUpdates; }
+    void RefreshDocks(qint64 nViewId, bool, bool) override { m_refreshed.append(nViewId); }
     void UpdateActiveViewer(qint64) override {}
     IViewer* GetViewer(qint64) const override { return nullptr; }
     IViewer* GetViewerById(qint64 nViewId) const override { return nViewId == 1 ? &m_view : nullptr; }
@@ -53,6 +53,9 @@ public:
 
     mutable CCameraView m_view;
     QMenu m_importMenu, m_exportMenu;
+    qint64 m_nActiveViewId = 1;
     QString m_sStatus;
+    int m_nActionUpdates = 0;
+    QVector<qint64> m_refreshed;
     int m_nBlocked = 0;
 };

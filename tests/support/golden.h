@@ -1,10 +1,6 @@
 #pragma once
 
-#include <QByteArray>
-#include <QFile>
-#include <QString>
-
-#include <gtest/gtest.h>
+#include "tests/support/files.h"
 
 /**
  * Files that former versions of the program have written. What is read from them, and that the same comes out
@@ -15,21 +11,13 @@ namespace Golden {
 
 inline QString Path(const QString& sName) { return QString(ZENTO_GOLDEN) + '/' + sName; }
 
-inline QByteArray Read(const QString& sName)
-{
-    QFile file(Path(sName));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << "no " << sName.toStdString();
-    return file.readAll();
-}
+inline QByteArray Read(const QString& sName) { return Files::Read(Path(sName)); }
 
 /** The bytes are those of the file. */
 inline void Expect(const QString& sName, const QByteArray& bytes)
 {
-    if (qEnvironmentVariableIsSet("ZENTO_WRITE_GOLDEN") && !QFile::exists(Path(sName))) {
-        QFile file(Path(sName));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    if (qEnvironmentVariableIsSet("ZENTO_WRITE_GOLDEN") && !QFile::exists(Path(sName)))
+        Files::Write(Path(sName), bytes);
     EXPECT_TRUE(Read(sName) == bytes) << sName.toStdString() << " would be written in another way";
 }
 

@@ -60,21 +60,3 @@ public:
 
     static inline QVector<qint64> s_refreshed; // simulations whose results were asked for
 };
-
-/** Makes selectables that know the type and the name of their item, while it lives. */
-class CPanelSelectables : public ISelectableFactory
-{
-public:
-    CPanelSelectables() : m_pFormer(Install(this)) {}
-    ~CPanelSelectables() override { Install(m_pFormer); }
-    ISelectable* CreateItemSelectable(CItem& item, qint64 nViewId) override
-    {
-        auto* const pSelectable = new CTestSelectable(nViewId, item.GetSimulationId(), item.GetId());
-        pSelectable->m_sName = item.GetName(0);
-        pSelectable->m_nTypeId = item.GetType();
-        return pSelectable;
-    }
-
-private:
-    ISelectableFactory* m_pFormer;
-};

@@ -27,9 +27,7 @@ protected:
     QString Write(const char* sName, int nCode, FileKind_e eKind,
                   const QVector<Plot3DFixture::SBlock>& blocks)
     {
-        const QString sFileName = m_folder.filePath(sName);
-        Plot3DFixture::Store(sFileName, Plot3DFixture::MakeFile(LayoutOfCode(nCode), eKind, blocks));
-        return sFileName;
+        return Plot3DFixture::Write(m_folder.filePath(sName), nCode, eKind, blocks);
     }
     /** A grid with IBlank (code 26, double) and a Q file (49) of two blocks. */
     SPlot3DCase OpenTwoBlocks()

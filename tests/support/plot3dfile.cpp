@@ -1,6 +1,6 @@
 #include "tests/support/plot3dfile.h"
 
-#include <QFile>
+#include <QDataStream>
 
 #include <gtest/gtest.h>
 
@@ -128,9 +128,33 @@ QVector<Plot3DFixture::SBlock> Plot3DFixture::Blocks(const QVector<IVector3D>& s
     return blocks;
 }
 
-void Plot3DFixture::Store(const QString& sFileName, const QByteArray& bytes)
+QString Plot3DFixture::Write(const QString& sFileName, int nCode, FileKind_e eKind,
+                             const QVector<SBlock>& blocks)
 {
-    QFile file(sFileName);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << sFileName.toStdString();
-    ASSERT_EQ(file.write(bytes), bytes.size());
+    return Files::Write(sFileName, MakeFile(LayoutOfCode(nCode), eKind, blocks));
+}
+
+QString Plot3DFixture::WriteValues(const QString& sFileName, FileKind_e eKind,
+                                   const QVector<IVector3D>& sizes, int nArrays, const Values& value)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
+    stream << qint32(sizes.size());
+    for (const IVector3D& size : sizes) {
+        stream << qint32(size.i) << qint32(size.j) << qint32(size.k);
+        if (eKind == KindFunction)
+            stream << qint32(nArrays);
+    }
+    for (int nBlock = 0; nBlock < sizes.size(); ++nBlock) {
+        for (int n = 0; eKind == KindQ && n < 4; ++n)
+            stream << 0.5F;
+        const IVector3D& size = sizes[nBlock];
+        for (int nArray = 0; nArray < nArrays; ++nArray)
+            for (qint64 n = 0; n < size.i * size.j * size.k; ++n)
+                stream << float(
+                    value(nBlock, nArray, {n % size.i, n / size.i % size.j, n / size.i / size.j}));
+    }
+    return Files::Write(sFileName, bytes);
 }

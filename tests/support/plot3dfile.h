@@ -1,8 +1,8 @@
 #pragma once
 
 #include "data/io/plot3dfile.h"
+#include "tests/support/files.h"
 
-#include <QByteArray>
 #include <QVector>
 
 #include <functional>
@@ -33,7 +33,17 @@ QByteArray MakeFile(const SFileLayout& layout, FileKind_e eKind, const QVector<S
 /** Blocks of the sizes, for kinds without a variable count of their own. */
 QVector<SBlock> Blocks(const QVector<IVector3D>& sizes);
 
-/** Writes the bytes to a file; fails the test if that isn't possible. */
-void Store(const QString& sFileName, const QByteArray& bytes);
+/** Writes such a file in the layout of the code. @return its name */
+QString Write(const QString& sFileName, int nCode, FileKind_e eKind, const QVector<SBlock>& blocks);
+
+/** The value of an array at a point of a block; all from 0. */
+using Values = std::function<double(int nBlock, int nArray, const IVector3D& ijk)>;
+
+/**
+ * Writes a raw multi-block file in single precision with the values given; the reals of a Q block's header
+ * are 0.5. @return its name
+ */
+QString WriteValues(const QString& sFileName, FileKind_e eKind, const QVector<IVector3D>& sizes, int nArrays,
+                    const Values& value);
 
 } // namespace Plot3DFixture

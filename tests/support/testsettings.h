@@ -1,5 +1,8 @@
 #pragma once
 
+#include "frame/applicationinfo.h"
+#include "frame/preferences.h"
+
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -17,4 +20,17 @@ public:
 
 private:
     QTemporaryDir m_folder;
+};
+
+/** At its end preferences and settings are as at a first start of the program. */
+class CFreshPreferences
+{
+public:
+    CFreshPreferences() = default;
+    ~CFreshPreferences()
+    {
+        CPreferences::Instance() = CPreferences();
+        QSettings(QSettings::UserScope, ApplicationInfo::ORGANISATION, ApplicationInfo::NAME).clear();
+    }
+    Q_DISABLE_COPY_MOVE(CFreshPreferences)
 };

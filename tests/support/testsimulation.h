@@ -162,3 +162,16 @@ public:
 private:
     ISelectableFactory* m_pFormer;
 };
+
+/** Makes such that know the type and the name of their item. */
+class CNamedSelectableFactory : public CTestSelectableFactory
+{
+public:
+    ISelectable* CreateItemSelectable(CItem& item, qint64 nViewId) override
+    {
+        auto* const pSelectable = new CTestSelectable(nViewId, item.GetSimulationId(), item.GetId());
+        pSelectable->m_sName = item.GetName(0);
+        pSelectable->m_nTypeId = item.GetType();
+        return pSelectable;
+    }
+};

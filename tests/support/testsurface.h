@@ -10,8 +10,9 @@ class CTestSurface : public CSurface
 public:
     /** Elements (r, c) at place(r, c), built at once. */
     template <class Place>
-    CTestSurface(qint64 nSimulationId, qint64 nViewId, const SSurfaceSize& size, const Place& place)
-        : CSurface(nSimulationId, nViewId, -1), m_given(size)
+    CTestSurface(qint64 nSimulationId, qint64 nViewId, const SSurfaceSize& size, const Place& place,
+                 qint64 nBlockId = -1)
+        : CSurface(nSimulationId, nViewId, nBlockId), m_given(size)
     {
         for (qint64 nRow = 0; nRow < size.nRows; ++nRow)
             for (qint64 nColumn = 0; nColumn < size.nColumns; ++nColumn)

@@ -1,56 +1,24 @@
 #include "view/adjacency.h"
 
 #include "tests/support/testsimulation.h"
-#include "view/surface.h"
+#include "tests/support/testsurface.h"
 
 namespace {
 
-constexpr qint64 EDGE = 4; // elements along a side
-
-/** A square in the plane through the origin that the two directions span. */
-class CSquare : public CSurface
-{
-public:
-    CSquare(const DVector3D& corner, const DVector3D& u, const DVector3D& v)
-        : CSurface(1, 1, 1), m_corner(corner), m_u(u), m_v(v)
-    {
-        build();
-    }
-
-protected:
-    bool ElementsAreCells() const override { return false; }
-    SSurfaceSize ReadSize() override { return {EDGE, EDGE}; }
-    bool ReadPositions(std::span<DVector3D> positions) override
-    {
-        for (qint64 r = 0; r < EDGE; ++r)
-            for (qint64 c = 0; c < EDGE; ++c)
-                positions[r * EDGE + c] =
-                    m_corner + double(r) / (EDGE - 1) * m_u + double(c) / (EDGE - 1) * m_v;
-        return true;
-    }
-    bool ReadValues(qint64, std::span<double>) override { return false; }
-    bool ReadVectors(qint64, std::span<DVector3D>) override { return false; }
-    bool ReadMask(std::span<double>) override { return false; }
-    double ReadValue(qint64, qint64) const override { return NO_VALUE; }
-    IVector3D AddressOf(qint64) const override { return {1, 1, 1}; }
-    double CurrentTime() const override { return STEADY_TIME; }
-    QString ItemName() const override { return {}; }
-
-private:
-    const DVector3D m_corner, m_u, m_v;
-};
-
+/** A square of 4 by 4 elements in the plane through the corner that the two directions span. */
 class CSquareSelectable : public CTestSelectable
 {
 public:
     CSquareSelectable(qint64 nId, const DVector3D& corner, const DVector3D& u, const DVector3D& v)
-        : CTestSelectable(1, 1, nId), m_square(corner, u, v)
+        : CTestSelectable(1, 1, nId), m_square(1, 1, {4, 4}, [&](qint64 r, qint64 c) {
+              return corner + double(r) / 3.0 * u + double(c) / 3.0 * v;
+          })
     {
         m_drawables.append(&m_square);
     }
 
 private:
-    CSquare m_square;
+    CTestSurface m_square;
 };
 
 constexpr double DEGREE = 3.14159265358979323846 / 180.0;

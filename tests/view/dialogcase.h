@@ -7,7 +7,7 @@
 #include "frame/preferences.h"
 #include "simulation/simulationcases.h"
 #include "tests/support/plot3dfile.h"
-#include "tests/support/testdrawable.h"
+#include "tests/support/shownselectable.h"
 
 #include <QTemporaryDir>
 
@@ -26,9 +26,9 @@ public:
         CSimulationManager::Instance().AddSimulation(m_pSimulation, VIEW);
         m_pSimulation->SetName("wing");
         const auto blocks = Plot3DFixture::Blocks({{5, 4, 3}, {3, 3, 3}});
-        Store("case.x", 26, KindGrid, blocks);
-        Store("case.q", 49, KindQ, blocks);
-        RegisterPlot3DCase(Id(), {m_folder.filePath("case.x"), {m_folder.filePath("case.q")}, {}});
+        const QString sGrid = Plot3DFixture::Write(m_folder.filePath("case.x"), 26, KindGrid, blocks);
+        const QString sQ = Plot3DFixture::Write(m_folder.filePath("case.q"), 49, KindQ, blocks);
+        RegisterPlot3DCase(Id(), {sGrid, {sQ}, {}});
         for (qint64 nBlock = 1; nBlock <= blocks.size(); ++nBlock)
             m_items.append(AddItem(nBlock));
     }
@@ -50,16 +50,11 @@ public:
         return nId != -1 ? nId : manager.FindByName(m_nId, sName, LocationNone);
     }
     CShownSelectable& Item(int n) { return *m_items[n]; }
-    CTestDrawable& Drawable(int n) { return *static_cast<CTestDrawable*>(Item(n).drawables().first()); }
+    IDrawable& Drawable(int n) { return *Item(n).drawables().first(); }
 
     CTestSimulation* m_pSimulation = nullptr;
 
 private:
-    void Store(const char* sName, int nCode, FileKind_e eKind, const QVector<Plot3DFixture::SBlock>& blocks)
-    {
-        Plot3DFixture::Store(m_folder.filePath(sName),
-                             Plot3DFixture::MakeFile(LayoutOfCode(nCode), eKind, blocks));
-    }
     CShownSelectable* AddItem(qint64 nBlock)
     {
         CTestItem* const pItem = m_pSimulation->Make();

@@ -1,7 +1,6 @@
 // Pictures of scenes of several items: what shines through, what stands in copies, and what of it is picked.
 #include "simulation/displaytransforms.h"
 #include "tests/view/renderfixture.h"
-#include "view/pick/viewpicker.h"
 
 #include <QRegularExpression>
 
@@ -44,12 +43,6 @@ protected:
         sectors.bActive[nAxis] = true;
         sectors.nCount[nAxis] = nCount;
         CSimulationManager::Instance().SetSectors(VIEW, m_nSimulation, sectors);
-    }
-    /** What the pointer meets at a place of the picture. */
-    static SPickArea Pointer(double x, double y)
-    {
-        const double dReach = 0.02;
-        return {VIEW, {}, {x - dReach, y - dReach, x + dReach, y + dReach}};
     }
     /** Names of the items in the list: the numbers in which they were added. */
     QVector<qint64> Ids(const QVector<ISelectable*>& selectables) const

@@ -1,6 +1,5 @@
 // Pictures of surfaces without a proper extent: thin blocks, axes, cells of no area.
 #include "tests/view/renderfixture.h"
-#include "view/pick/viewpicker.h"
 #include "view/surfacearrays.h"
 
 namespace {
@@ -31,11 +30,6 @@ protected:
                 check(DisplayType_e(nType));
             }
         }
-    }
-    static SPickArea Pointer(double x, double y)
-    {
-        const double dReach = 0.02;
-        return {VIEW, {}, {x - dReach, y - dReach, x + dReach, y + dReach}};
     }
 };
 

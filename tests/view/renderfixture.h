@@ -7,7 +7,7 @@
 #include "tests/support/testsimulation.h"
 #include "tests/support/testsurface.h"
 #include "view/colormaps/colormaptables.h"
-#include "view/pick/pickgeometry.h"
+#include "view/pick/viewpicker.h"
 
 #include <gtest/gtest.h>
 
@@ -148,6 +148,12 @@ protected:
                     std::abs(got.blue() - expected.blue()) <= TOLERANCE)
             << "at " << x << ", " << y << ": " << got.name().toStdString() << " in place of "
             << expected.name().toStdString();
+    }
+    /** What the pointer meets there. */
+    static SPickArea Pointer(double x, double y)
+    {
+        const double dReach = 0.02;
+        return {VIEW, {}, {x - dReach, y - dReach, x + dReach, y + dReach}};
     }
     bool HasColor(const QColor& color) const
     {

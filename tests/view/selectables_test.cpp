@@ -3,6 +3,7 @@
 #include "frame/preferences.h"
 #include "scene/selectablekeys.h"
 #include "tests/support/displaycase.h"
+#include "tests/support/everysetting.h"
 #include "view/annotations/annotationcolormap.h"
 #include "view/selectables/itemselectable.h"
 
@@ -34,35 +35,6 @@ protected:
         return std::unique_ptr<Kind>(dynamic_cast<Kind*>(m_factory.CreateItemSelectable(*pItem, VIEW)));
     }
 };
-
-/** Sets everything that a user can set to something else than it is at first. */
-void SetEverything(ISelectable& selectable, qint64 nScalar, qint64 nVector)
-{
-    selectable.setScalarVariable(nScalar);
-    selectable.setVectorVariable(nVector);
-    selectable.setThresholdVariable(nScalar);
-    selectable.setDisplayType(DisplayContour);
-    selectable.setNodeVisible(true);
-    selectable.setDisplayOnNodes(false);
-    selectable.setShowHoles(false);
-    selectable.setContourCount(7);
-    selectable.setGeometricColor(false);
-    selectable.setShadeColor(Qt::red);
-    selectable.setWireframeColor(Qt::blue);
-    selectable.setLineThickness(3.5);
-    selectable.setAlphaValue(0.25);
-    selectable.setThresholdEnable(true);
-    selectable.setThresholdRange({0.5, 2.5});
-    selectable.setVectorPlane(2);
-    selectable.setVectorSkip(3);
-    selectable.setVectorHeadScale(1.5);
-    selectable.setVectorBodyScale(2.5);
-    selectable.setColormapType(3);
-    selectable.setColormapValues(-1.0, 4.0);
-    selectable.setColormapBindToLocal(true);
-    selectable.annotationColormap()->setVisible(true);
-    selectable.setVisible(false);
-}
 
 } // namespace
 
@@ -101,7 +73,9 @@ TEST_F(Selectables, EverySettingComesBackFromBytesAndJson)
     for (const bool bSurface : {false, true}) {
         ISelectable* const pSelectable = bSurface ? AddSurface() : Selectable(1);
         const QByteArray first = pSelectable->toBinary();
-        SetEverything(*pSelectable, Id("R"), Id("Momentum"));
+        SetEverySetting(*pSelectable, {Id("R"), Id("Momentum"), Id("R")}, 5);
+        pSelectable->annotationColormap()->setVisible(true);
+        pSelectable->setVisible(false);
         if (auto* const pSurface = dynamic_cast<CSurfaceSelectable*>(pSelectable)) {
             pSurface->setConstantDirection(0);
             pSurface->setConstantValue(4);
@@ -117,8 +91,14 @@ TEST_F(Selectables, EverySettingComesBackFromBytesAndJson)
         ASSERT_TRUE(pSelectable->fromBinary(first, -1.0));
         ASSERT_TRUE(pSelectable->fromJsonBlock(json));
         EXPECT_EQ(pSelectable->toJsonBlock(), json);
-        EXPECT_EQ(pSelectable->shadeColor(), QColor(Qt::red));
+        EXPECT_EQ(pSelectable->shadeColor().green(), 25);
     }
+    IDrawable& drawable = *Selectable(1)->drawables().first();
+    drawable.fromJson({{"contourCount", 1e300}, {"displayType", -1e300}});
+    EXPECT_EQ(drawable.contourCount(), 1000) << "no more than can be drawn";
+    drawable.setContourCount(1LL << 60);
+    drawable.fromBinary(drawable.toBinary(), -1.0);
+    EXPECT_EQ(drawable.contourCount(), 1000);
     EXPECT_FALSE(Selectable(1)->fromBinary(AddSurface()->toBinary(), -1.0)) << "another kind";
     const QByteArray whole = Selectable(1)->toBinary();
     for (int nSize = 0; nSize < whole.size(); ++nSize)

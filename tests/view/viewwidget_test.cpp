@@ -10,8 +10,6 @@
 #include "view/ui/opengldrawer.h"
 #include "view/ui/surfaceformat.h"
 
-#include <QDataStream>
-#include <QFile>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
 #include <QPainter>
@@ -29,30 +27,15 @@ bool HasOpenGL()
     return context.create() && context.makeCurrent(&surface);
 }
 
-/** A raw file of one block of 3 x 3 x 2 points in single precision, each array by value(i, j, k). */
-template <class Value>
-QString WriteBlock(const QString& sFileName, const QVector<qint32>& header, int nArrays, const Value& value)
-{
-    QFile file(sFileName);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    QDataStream stream(&file);
-    stream.setByteOrder(QDataStream::LittleEndian);
-    stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
-    for (const qint32 n : header)
-        stream << n;
-    for (int nArray = 0; nArray < nArrays; ++nArray)
-        for (int n = 0; n < 3 * 3 * 2; ++n)
-            stream << float(value(nArray, IVector3D{n % 3, n / 3 % 3, n / 9}));
-    return sFileName;
-}
-
 /** A cube whose points stand at their addresses, with the function "Sum" of these. */
 SPlot3DCase OpenCube(const QString& sFolder)
 {
-    const QString sGrid = WriteBlock(sFolder + "/case.x", {1, 3, 3, 2}, 3,
-                                     [](int nAxis, const IVector3D& ijk) { return double(ijk[nAxis]); });
-    const QString sFunction = WriteBlock(sFolder + "/case.f", {1, 3, 3, 2, 1}, 1,
-                                         [](int, const IVector3D& ijk) { return double(ijk.i + ijk.j); });
+    const QString sGrid =
+        Plot3DFixture::WriteValues(sFolder + "/case.x", KindGrid, {{3, 3, 2}}, 3,
+                                   [](int, int nAxis, const IVector3D& ijk) { return double(ijk[nAxis]); });
+    const QString sFunction =
+        Plot3DFixture::WriteValues(sFolder + "/case.f", KindFunction, {{3, 3, 2}}, 1,
+                                   [](int, int, const IVector3D& ijk) { return double(ijk.i + ijk.j); });
     SPlot3DCaseFiles files(sGrid, {}, {sFunction});
     files.functions[0].sNameList = QStringList{"Sum"};
     return RegisterPlot3DCase(1, files);

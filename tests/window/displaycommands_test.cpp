@@ -1,7 +1,5 @@
 // How items are shown, changed through the actions and boxes of the main window.
 #include "data/variables/variablemanager.h"
-#include "frame/applicationinfo.h"
-#include "frame/preferences.h"
 #include "frame/window/displaycommandtable.h"
 #include "frame/window/firstcolors.h"
 #include "frame/window/mainwindow.h"
@@ -10,13 +8,13 @@
 #include "frame/window/windowtoolbars.h"
 #include "tests/support/displaycase.h"
 #include "tests/support/promptscript.h"
+#include "tests/support/testsettings.h"
 #include "view/annotations/annotationcolormap.h"
 #include "view/iviewer.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QSettings>
 #include <QTest>
 
 namespace {
@@ -25,11 +23,6 @@ class DisplayCommands : public DisplayCase
 {
 protected:
     DisplayCommands() { Select({1}); }
-    ~DisplayCommands() override
-    {
-        CPreferences::Instance() = CPreferences();
-        QSettings(QSettings::UserScope, ApplicationInfo::ORGANISATION, ApplicationInfo::NAME).clear();
-    }
 
     void Select(const QSet<qint64>& itemIds)
     {
@@ -49,6 +42,7 @@ protected:
     }
     void Enter(const char* sBox, const QString& sText) { Enter(Box(sBox)->lineEdit(), sText); }
 
+    const CFreshPreferences m_fresh;
     CMainWindow m_window;
 };
 

@@ -12,35 +12,18 @@
 #include "tests/support/simulationfixture.h"
 #include "tests/support/testmodule.h"
 
-#include <QFile>
 #include <QLabel>
 #include <QSettings>
-#include <QTemporaryDir>
 #include <QVBoxLayout>
 
 namespace {
-
-/** Notes what it is asked to open. */
-class COpeningModule : public CTestModule
-{
-public:
-    using CTestModule::CTestModule;
-    bool CanOpen() const override { return true; }
-    qint64 Open(const QString& sFile, qint64) override
-    {
-        s_sOpenedList.append(sFile);
-        return -1;
-    }
-    static inline QStringList s_sOpenedList;
-};
 
 class MainWindow : public SimulationFixture
 {
 protected:
     MainWindow()
     {
-        CModuleRegistry::Instance().SetFactory(1,
-                                               [] { return std::make_unique<COpeningModule>(1, "Plot3D"); });
+        CModuleRegistry::Instance().SetFactory(1, [] { return std::make_unique<CTestModule>(1, "Plot3D"); });
     }
     ~MainWindow() override { Settings().clear(); }
 
@@ -107,29 +90,6 @@ TEST_F(MainWindow, ARefusedCloseKeepsWindowAndCases)
     user.Press("Yes");
     EXPECT_TRUE(window.close());
     EXPECT_TRUE(m_manager.GetSimulationIds().isEmpty());
-}
-
-TEST_F(MainWindow, AFileGoesToTheModuleThatItsFirstFieldNames)
-{
-    CMainWindow window;
-    QTemporaryDir folder;
-    const auto write = [&](const char* sName, const QString& sModule) {
-        QFile file(folder.filePath(sName));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        QDataStream stream(&file);
-        stream << sModule << 1.0;
-        return file.fileName();
-    };
-    COpeningModule::s_sOpenedList.clear();
-    window.SlotOpenSimulation(write("known.zento", "Plot3D"));
-    window.SlotOpenSimulation(write("unknown.zento", "Nobody"));
-    EXPECT_EQ(COpeningModule::s_sOpenedList, QStringList({folder.filePath("known.zento")}));
-
-    CPromptScript user;
-    user.Press("Ok");
-    window.SlotOpenSimulation(folder.filePath("missing.zento"));
-    EXPECT_EQ(user.Asked()[0].sText, "Failed to open the selected file");
-    EXPECT_EQ(user.Asked()[0].sTitle, "Open Simulation");
 }
 
 TEST(StyleSheets, AThemeWithoutAResourceKeepsTheWindowsOwnSheet)

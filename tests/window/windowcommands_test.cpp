@@ -1,8 +1,6 @@
 // The commands of the main window, seen through its actions.
-#include "frame/applicationinfo.h"
 #include "frame/moduleregistry.h"
 #include "frame/preferencekeys.h"
-#include "frame/preferences.h"
 #include "frame/window/mainwindow.h"
 #include "frame/window/recentfiles.h"
 #include "frame/window/sectordisplay.h"
@@ -11,10 +9,10 @@
 #include "scene/selectablemanager.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
+#include "tests/support/testsettings.h"
 
 #include <QMenu>
 #include <QMenuBar>
-#include <QSettings>
 #include <QSpinBox>
 #include <QTabBar>
 #include <QToolBar>
@@ -24,12 +22,6 @@ namespace {
 class WindowCommands : public SimulationFixture
 {
 protected:
-    ~WindowCommands() override
-    {
-        CPreferences::Instance() = CPreferences();
-        QSettings(QSettings::UserScope, ApplicationInfo::ORGANISATION, ApplicationInfo::NAME).clear();
-    }
-
     /** A case on top of view 1 with items of the ids 1 to nItems. */
     CTestSimulation* AddCase(int nItems)
     {
@@ -51,6 +43,7 @@ protected:
         return ids;
     }
 
+    const CFreshPreferences m_fresh;
     CTestSelectableFactory m_factory;
     CMainWindow m_window;
 };

@@ -1,5 +1,6 @@
 // CAnnotationColormap: its stored forms.
 #include "frame/bytestream.h"
+#include "frame/jsoninteger.h"
 #include "view/annotations/annotationcolormap.h"
 
 #include <QDataStream>
@@ -23,16 +24,11 @@ void FromJson(const QJsonObject& object, SLegendText& text)
 {
     text.bVisible = object[VISIBLE].toBool(text.bVisible);
     text.sText = object[TEXT].toString(text.sText);
-    if (QFont font; object.contains(FONT) && font.fromString(object[FONT].toString())) // warns of empty ones
+    const QString sFont = object[FONT].toString();
+    if (QFont font; !sFont.isEmpty() && font.fromString(sFont)) // Qt warns of an empty one
         text.font = font;
     if (const QColor color(object[COLOR].toString()); color.isValid())
         text.color = color;
-}
-
-/** A number of the file between the limits of what makes sense. */
-qint64 Number(const QJsonValue& value, qint64 nDefault, qint64 nMinimum, qint64 nMaximum)
-{
-    return std::clamp(qint64(value.toDouble(double(nDefault))), nMinimum, nMaximum);
 }
 
 /** Four rectangles and a list of them: results that are found anew. */
@@ -129,12 +125,12 @@ void CAnnotationColormap::fromJson(const QJsonObject& object)
     FromJson(object[TITLE].toObject(), settings.title);
     FromJson(object[SUBTITLE].toObject(), settings.subtitle);
     FromJson(object[LABELS].toObject(), settings.labels);
-    settings.nLabelCount = Number(object[COUNT], settings.nLabelCount, 0, SLegendSettings::MAX_LABELS);
-    settings.nFormat = Number(object[FORMAT], settings.nFormat, LegendFloatingPoint, LegendExponential);
-    settings.nDigits = Number(object[DIGITS], settings.nDigits, 0, SLegendSettings::MAX_DIGITS);
+    settings.nLabelCount = ToInteger(object[COUNT], settings.nLabelCount, 0, SLegendSettings::MAX_LABELS);
+    settings.nFormat = ToInteger(object[FORMAT], settings.nFormat, LegendFloatingPoint, LegendExponential);
+    settings.nDigits = ToInteger(object[DIGITS], settings.nDigits, 0, SLegendSettings::MAX_DIGITS);
     const QSize size = settings.colorbarSize;
-    settings.colorbarSize = {int(Number(object[WIDTH], size.width(), 1, SLegendSettings::MAX_COLORBAR)),
-                             int(Number(object[HEIGHT], size.height(), 1, SLegendSettings::MAX_COLORBAR))};
+    settings.colorbarSize = {int(ToInteger(object[WIDTH], size.width(), 1, SLegendSettings::MAX_COLORBAR)),
+                             int(ToInteger(object[HEIGHT], size.height(), 1, SLegendSettings::MAX_COLORBAR))};
     setSettings(settings);
     CAnnotation::fromJson(object);
 }

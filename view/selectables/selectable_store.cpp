@@ -1,5 +1,6 @@
 // CSelectable: its stored forms.
 #include "frame/bytestream.h"
+#include "frame/jsoninteger.h"
 #include "view/selectables/selectable.h"
 
 #include <QJsonArray>
@@ -56,7 +57,7 @@ QJsonObject CSelectable::toJsonBlock() const
 
 bool CSelectable::fromJsonBlock(const QJsonObject& block)
 {
-    if (qint64(block["kind"].toDouble(double(m_nTypeId))) != m_nTypeId)
+    if (ToInteger(block["kind"], m_nTypeId) != m_nTypeId)
         return false;
     m_bHidden = block["hidden"].toBool(m_bHidden);
     m_bSelected = block["selected"].toBool(m_bSelected);

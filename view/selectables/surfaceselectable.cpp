@@ -1,5 +1,6 @@
 #include "view/selectables/surfaceselectable.h"
 
+#include "frame/jsoninteger.h"
 #include "scene/selectablekeys.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"
@@ -155,7 +156,7 @@ bool CSurfaceSelectable::fromJsonBlock(const QJsonObject& block)
         setConstantDirection(nDirection);
     const QJsonArray constants = block[CONSTANT_FIELD].toArray();
     if (constants.size() == 3)
-        setConstantValue(qint64(constants[m_plane.nDirection].toDouble(double(constantValue()))));
+        setConstantValue(ToInteger(constants[m_plane.nDirection], constantValue()));
     apply();
     return true;
 }

@@ -56,23 +56,11 @@ TEST(GridGeometry, SamplesLieAtTheEndsInTheMiddleAndAskew)
 
 TEST(GridGeometry, SampleIndicesAreTheNeighbourTheCornersAndALattice)
 {
-    EXPECT_EQ(CTestGrid({{5, 2, 2}}, Box()).GetSampleIndices(), (Indices{{1, 1, 2},
-                                                                         {5, 1, 1},
-                                                                         {1, 2, 1},
-                                                                         {1, 1, 2},
-                                                                         {5, 2, 2}, //
-                                                                         {1, 1, 1},
-                                                                         {1, 1, 2},
-                                                                         {1, 2, 1},
-                                                                         {1, 2, 2}, //
-                                                                         {3, 1, 1},
-                                                                         {3, 1, 2},
-                                                                         {3, 2, 1},
-                                                                         {3, 2, 2}, //
-                                                                         {5, 1, 1},
-                                                                         {5, 1, 2},
-                                                                         {5, 2, 1},
-                                                                         {5, 2, 2}}));
+    const Indices neighbourAndCorners = {{1, 1, 2}, {5, 1, 1}, {1, 2, 1}, {1, 1, 2}, {5, 2, 2}};
+    Indices lattice;
+    for (const qint64 i : {1, 3, 5})
+        lattice += Indices{{i, 1, 1}, {i, 1, 2}, {i, 2, 1}, {i, 2, 2}};
+    EXPECT_EQ(CTestGrid({{5, 2, 2}}, Box()).GetSampleIndices(), neighbourAndCorners + lattice);
     EXPECT_EQ(CTestGrid({{4, 3, 1}}, Box()).GetSampleIndices().first(), (IVector3D{1, 2, 1}));
     EXPECT_EQ(
         CTestGrid({{8, 1, 1}}, Box()).GetSampleIndices(),

@@ -32,11 +32,10 @@ public:
     {
         return Make<CTestGridOf<float>>(shape, Shaken(Sheared(), 0.2));
     }
-    CFlippedGrid* Flipped(IGrid* pInner, std::initializer_list<int> axes)
+    template <class... Axes> CFlippedGrid* Flipped(IGrid* pInner, Axes... nAxes)
     {
         auto* const pGrid = Make<CFlippedGrid>(pInner);
-        for (const int nAxis : axes)
-            pGrid->ToggleFlip(nAxis);
+        (pGrid->ToggleFlip(nAxes), ...);
         return pGrid;
     }
     CTransformGrid* Moved(IGrid* pInner)
@@ -57,7 +56,10 @@ public:
         return pMask;
     }
     CInterpGrid* Blend(IGrid* pFirst, IGrid* pSecond) { return new CInterpGrid(pFirst, pSecond, 0.3); }
-    CGridPack* Pack(const QVector<IGrid*>& members) { return new CGridPack(members); }
+    template <class... Grids> CGridPack* Pack(Grids*... members)
+    {
+        return new CGridPack(QVector<IGrid*>{members...});
+    }
 
 private:
     std::vector<std::unique_ptr<IGrid>> m_grids;
@@ -72,67 +74,37 @@ struct SWrapperCase
 void PrintTo(const SWrapperCase& wrapper, std::ostream* pOut) { *pOut << wrapper.sName; }
 
 const SBlockShape AFAR{{3, 4, 2}, {7, 1, 1}}; // a gap away from a block of 5 x 4 x 3
-const SBlockShape ACROSS{{6, 2, 3}, {3, 2, 2}};
+const SBlockShape ACROSS{{6, 2, 3}, {3, 2, 2}}, ELSEWHERE{{4, 3, 5}, {-2, 0, 9}}, SMALLER{{3, 9, 2}};
 
 const SWrapperCase s_wrappers[] = {
     {"single", [](CWorld& w) -> IGrid* { return w.Single(); }},
-    {"double_elsewhere",
-     [](CWorld& w) -> IGrid* {
-         return w.Double({{4, 3, 5}, {-2, 0, 9}});
-     }},
+    {"double_elsewhere", [](CWorld& w) -> IGrid* { return w.Double(ELSEWHERE); }},
     {"mask", [](CWorld& w) -> IGrid* { return w.Mask(true); }},
     {"mask_of_nothing", [](CWorld& w) -> IGrid* { return w.Mask(false); }},
-    {"not_flipped", [](CWorld& w) -> IGrid* { return w.Flipped(w.Double(), {}); }},
-    {"flipped_i", [](CWorld& w) -> IGrid* { return w.Flipped(w.Single(), {0}); }},
-    {"flipped_j_k",
-     [](CWorld& w) -> IGrid* {
-         return w.Flipped(w.Double(AFAR), {1, 2});
-     }},
+    {"not_flipped", [](CWorld& w) -> IGrid* { return w.Flipped(w.Double()); }},
+    {"flipped_i", [](CWorld& w) -> IGrid* { return w.Flipped(w.Single(), 0); }},
+    {"flipped_j_k", [](CWorld& w) -> IGrid* { return w.Flipped(w.Double(AFAR), 1, 2); }},
     {"moved", [](CWorld& w) -> IGrid* { return w.Moved(w.Single()); }},
     {"not_moved", [](CWorld& w) -> IGrid* { return w.Make<CTransformGrid>(w.Single()); }},
     {"blend", [](CWorld& w) -> IGrid* { return w.Blend(w.Double(), w.Single()); }},
-    {"blend_with_a_smaller_one",
-     [](CWorld& w) -> IGrid* {
-         return w.Blend(w.Double(), w.Single({{3, 9, 2}}));
-     }},
-    {"pack_of_none", [](CWorld& w) -> IGrid* { return w.Pack({}); }},
-    {"pack_of_one", [](CWorld& w) -> IGrid* { return w.Pack({w.Double(AFAR)}); }},
-    {"pack_with_a_gap",
-     [](CWorld& w) -> IGrid* {
-         return w.Pack({w.Double(), w.Single(AFAR)});
-     }},
-    {"pack_with_an_overlap",
-     [](CWorld& w) -> IGrid* {
-         return w.Pack({w.Double(), w.Single(ACROSS)});
-     }},
+    {"blend_with_a_smaller_one", [](CWorld& w) -> IGrid* { return w.Blend(w.Double(), w.Single(SMALLER)); }},
+    {"pack_of_none", [](CWorld& w) -> IGrid* { return w.Pack(); }},
+    {"pack_of_one", [](CWorld& w) -> IGrid* { return w.Pack(w.Double(AFAR)); }},
+    {"pack_with_a_gap", [](CWorld& w) -> IGrid* { return w.Pack(w.Double(), w.Single(AFAR)); }},
+    {"pack_with_an_overlap", [](CWorld& w) -> IGrid* { return w.Pack(w.Double(), w.Single(ACROSS)); }},
     {"pack_within_a_pack",
-     [](CWorld& w) -> IGrid* {
-         return w.Pack({w.Pack({w.Double(), w.Single(AFAR)}), w.Single(ACROSS)});
-     }},
-    {"mask_flipped_and_moved",
-     [](CWorld& w) -> IGrid* {
-         return w.Moved(w.Flipped(w.Mask(true), {0, 2}));
-     }},
-    {"moved_and_flipped",
-     [](CWorld& w) -> IGrid* {
-         return w.Flipped(w.Moved(w.Single()), {0, 1, 2});
-     }},
-    {"flipped_twice",
-     [](CWorld& w) -> IGrid* {
-         return w.Flipped(w.Flipped(w.Double(), {0, 1}), {1});
-     }},
-    {"pack_flipped",
-     [](CWorld& w) -> IGrid* {
-         return w.Flipped(w.Pack({w.Double(), w.Single(AFAR)}), {0});
-     }},
+     [](CWorld& w) -> IGrid* { return w.Pack(w.Pack(w.Double(), w.Single(AFAR)), w.Single(ACROSS)); }},
+    {"mask_flipped_and_moved", [](CWorld& w) -> IGrid* { return w.Moved(w.Flipped(w.Mask(true), 0, 2)); }},
+    {"moved_and_flipped", [](CWorld& w) -> IGrid* { return w.Flipped(w.Moved(w.Single()), 0, 1, 2); }},
+    {"flipped_twice", [](CWorld& w) -> IGrid* { return w.Flipped(w.Flipped(w.Double(), 0, 1), 1); }},
+    {"pack_flipped", [](CWorld& w) -> IGrid* { return w.Flipped(w.Pack(w.Double(), w.Single(AFAR)), 0); }},
     {"pack_of_wrappers",
      [](CWorld& w) -> IGrid* {
-         return w.Pack({w.Moved(w.Single(AFAR)), w.Blend(w.Mask(true), w.Flipped(w.Double(), {1}))});
+         return w.Pack(w.Moved(w.Single(AFAR)), w.Blend(w.Mask(true), w.Flipped(w.Double(), 1)));
      }},
     {"blend_of_packs",
      [](CWorld& w) -> IGrid* {
-         return w.Blend(w.Moved(w.Pack({w.Double(), w.Single(AFAR)})),
-                        w.Pack({w.Single(ACROSS), w.Double()}));
+         return w.Blend(w.Moved(w.Pack(w.Double(), w.Single(AFAR))), w.Pack(w.Single(ACROSS), w.Double()));
      }},
 };
 

@@ -124,7 +124,7 @@ class Plot3DLayouts : public testing::Test
 protected:
     SPlot3DFile Detect(const SLayoutCase& layoutCase, const QByteArray& bytes)
     {
-        Plot3DFixture::Store(m_sFileName, bytes);
+        Files::Write(m_sFileName, bytes);
         EXPECT_TRUE(m_device.Open(m_sFileName));
         return layoutCase.eKind == KindGrid ? DetectPlot3DGrid(m_sFileName)
                                             : DetectPlot3DSolution(m_sFileName);

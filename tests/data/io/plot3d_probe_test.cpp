@@ -17,7 +17,7 @@ class Plot3DProbe : public testing::Test
 protected:
     QString Stored(const QByteArray& bytes)
     {
-        Plot3DFixture::Store(m_sFileName, bytes);
+        Files::Write(m_sFileName, bytes);
         return m_sFileName;
     }
     int GridCode(const QByteArray& bytes) { return DetectPlot3DGrid(Stored(bytes)).nCode; }

@@ -19,13 +19,13 @@ class Plot3DRead : public testing::Test
 protected:
     SPlot3DFile Grid(const SFileLayout& layout, const QVector<IVector3D>& sizes)
     {
-        Plot3DFixture::Store(m_sFileName, MakeFile(layout, KindGrid, Blocks(sizes)));
+        Files::Write(m_sFileName, MakeFile(layout, KindGrid, Blocks(sizes)));
         return DetectPlot3DGrid(m_sFileName);
     }
     SPlot3DFile Solution(const SFileLayout& layout, FileKind_e eKind,
                          const QVector<Plot3DFixture::SBlock>& blocks)
     {
-        Plot3DFixture::Store(m_sFileName, MakeFile(layout, eKind, blocks));
+        Files::Write(m_sFileName, MakeFile(layout, eKind, blocks));
         return DetectPlot3DSolution(m_sFileName);
     }
 
@@ -56,7 +56,7 @@ TEST_F(Plot3DRead, AGridThatDoesntFitSaysWhy)
 
 TEST_F(Plot3DRead, TextIsRefusedWithoutAMessage)
 {
-    Plot3DFixture::Store(m_sFileName, "1\n1 1 1\n1 2 3 end");
+    Files::Write(m_sFileName, "1\n1 1 1\n1 2 3 end");
     const SPlot3DFile file = DetectPlot3DGrid(m_sFileName);
     ASSERT_EQ(file.nCode, 10);
     ExpectFailure(CheckGrid(file, m_sFileName, {true, 0, {1, 1, 1}}), "");

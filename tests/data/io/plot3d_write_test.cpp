@@ -1,6 +1,7 @@
 #include "data/io/plot3dprobe.h"
 #include "data/io/plot3dread.h"
 #include "data/io/plot3dwrite.h"
+#include "tests/support/files.h"
 #include "tests/support/plot3dfile.h"
 
 #include <QDir>
@@ -69,12 +70,6 @@ private:
     int m_nSteps;
 };
 
-QByteArray Contents(const QString& sFileName)
-{
-    QFile file(sFileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 class Plot3DWrite : public testing::Test
 {
 protected:
@@ -89,7 +84,7 @@ protected:
     /** Nothing is left but the file that was there before. */
     void ExpectFormerFile()
     {
-        EXPECT_EQ(Contents(m_sFileName), "former");
+        EXPECT_EQ(Files::Read(m_sFileName), "former");
         EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList("case"));
     }
 
@@ -148,7 +143,7 @@ TEST_F(Plot3DWrite, TheFileIsTheSameToTheByteAsOneWrittenItemByItem)
     for (const int nCode : {2, 4, 6, 8}) {
         CSource source({SBlockPart::Whole(sizes[0]), SBlockPart::Whole(sizes[1])});
         ASSERT_TRUE(Write(source, nCode).IsOk());
-        EXPECT_EQ(Contents(m_sFileName),
+        EXPECT_EQ(Files::Read(m_sFileName),
                   Plot3DFixture::MakeFile(LayoutOfCode(nCode), KindGrid, Plot3DFixture::Blocks(sizes)))
             << nCode;
     }
@@ -157,7 +152,7 @@ TEST_F(Plot3DWrite, TheFileIsTheSameToTheByteAsOneWrittenItemByItem)
 TEST_F(Plot3DWrite, ACancelledExportLeavesTheFormerFile)
 {
     for (const int nSteps : {0, 1, 5}) { // at the start, between blocks, within a block
-        Plot3DFixture::Store(m_sFileName, "former");
+        Files::Write(m_sFileName, "former");
         CSource source({SBlockPart::Whole({2, 2, 2}), SBlockPart::Whole({100, 100, 30})});
         CStopper stopper(nSteps);
         EXPECT_EQ(Write(source, 2, &stopper).eStatus, SaveCancelled) << nSteps;
@@ -167,7 +162,7 @@ TEST_F(Plot3DWrite, ACancelledExportLeavesTheFormerFile)
 
 TEST_F(Plot3DWrite, AFailedExportLeavesTheFormerFile)
 {
-    Plot3DFixture::Store(m_sFileName, "former");
+    Files::Write(m_sFileName, "former");
     CSource broken(s_parts);
     broken.m_nBroken = 3;
     EXPECT_EQ(Write(broken).sMessage, "Block 4: the grid could not be loaded");

@@ -1,6 +1,7 @@
 #include "data/io/savegridtask.h"
 
 #include "data/io/gridio.h"
+#include "tests/support/files.h"
 #include "tests/support/plot3dcasefixture.h"
 
 #include <QFile>
@@ -53,7 +54,7 @@ TEST_F(SaveGridTask, WholeBlocksAndPartsReadBackAsTheyWere)
 
 TEST_F(SaveGridTask, ATaskThatCannotWriteOrIsAbortedLeavesTheFormerFile)
 {
-    Plot3DFixture::Store(m_sTarget, "former");
+    Files::Write(m_sTarget, "former");
     /** Aborts itself at the first step. */
     class CAborted : public CSaveGridTask
     {
@@ -69,7 +70,5 @@ TEST_F(SaveGridTask, ATaskThatCannotWriteOrIsAbortedLeavesTheFormerFile)
     (new CSaveGridTask(&m_creator, m_folder.filePath("no/folder.x"), 2, Parts()))->Start();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(m_creator.m_statuses, QVector<int>({TaskAborted, TaskFailed}));
-    QFile file(m_sTarget);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), "former");
+    EXPECT_EQ(Files::Read(m_sTarget), "former");
 }

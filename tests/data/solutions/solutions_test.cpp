@@ -1,5 +1,4 @@
 #include "data/casedata.h"
-#include "data/icases.h"
 #include "data/solutions/bytesolution.h"
 #include "data/solutions/interpsolution.h"
 #include "data/solutions/solutiongrid.h"
@@ -7,6 +6,7 @@
 #include "data/variables/expressionvariable.h"
 #include "data/variables/vectorvariable.h"
 #include "tests/support/plot3dcasefixture.h"
+#include "tests/support/testcases.h"
 
 #include <random>
 
@@ -194,32 +194,9 @@ TEST_F(Solutions, AFormulaOverADividedZeroHasNoValue)
     EXPECT_TRUE(pField->GetRange(0, true).IsEmpty());
 }
 
-namespace {
-
-/** Items of equal number in both simulations have the same grid. */
-class CSameItems : public ICases
-{
-public:
-    CSameItems() : m_pFormer(Install(this)) {}
-    ~CSameItems() override { Install(m_pFormer); }
-    double GetTime(qint64, qint64) const override { return STEADY_TIME; }
-    QVector<qint64> GetBlockIds(qint64) const override { return {}; }
-    QByteArray GetKey(qint64) const override { return {}; }
-    qint64 TranslateItem(qint64, qint64 nItemId, qint64 nOther) const override
-    {
-        return nOther == m_nKnown ? nItemId : NO_ID;
-    }
-    qint64 m_nKnown = 2;
-
-private:
-    ICases* m_pFormer;
-};
-
-} // namespace
-
 TEST_F(Solutions, AComparisonTakesEachInputFromItsOwnSimulation)
 {
-    CSameItems cases;
+    CTestCases cases;
     OpenTwoBlocks();
     const auto blocks = Plot3DFixture::Blocks({{3, 3, 3}, {3, 3, 3}});
     RegisterPlot3DCase(2,
@@ -253,7 +230,7 @@ TEST_F(Solutions, AFormulaMayNameATimeOfASeries)
     QByteArray second = Plot3DFixture::MakeFile(LayoutOfCode(49), KindQ, blocks);
     const int nBlock = 4 + 32 + 4 + 4 + 27 * 5 * 8 + 4; // Q header record and data record, with their markers
     second.replace(second.size() - nBlock, nBlock, two.right(nBlock));
-    Plot3DFixture::Store(m_folder.filePath("flow_020.q"), second);
+    Files::Write(m_folder.filePath("flow_020.q"), second);
     ASSERT_EQ(RegisterPlot3DCase(SIMULATION, {sGrid, {sFirst, m_folder.filePath("flow_020.q")}, {}}).sError,
               "");
     EXPECT_EQ(CSolutionManager::Instance().GetTimes(SIMULATION, 1), QVector<double>({-1.0, 10.0, 20.0}));

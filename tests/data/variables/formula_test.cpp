@@ -43,99 +43,46 @@ struct SErrorCase
 
 TEST(Formula, ValuesAreWhatTheGrammarSays)
 {
-    const SValueCase cases[] = {
-        // numbers
-        {"42", 42.0},
-        {"1e-3", 0.001},
-        {".5", 0.5},
-        {"1.", 1.0},
-        {"1.e2", 100.0},
-        {"2E+2", 200.0},
-        {"0x1f", 31.0},
-        {"0x.8p1", 1.0},
-        {"1e999", INF},
-        {"1e-999", 0.0},
-        {"4.9406564584124654e-324", 4.9406564584124654e-324},
-        {"0.1", 0.1},
-        {"1e1-1", 9.0},
-        {"1.5e1", 15.0},
-        {" \t\r\n1 \n", 1.0},
-        // binding
-        {"1+2*3", 7.0},
-        {"7-2-1", 4.0},
-        {"12/3/2", 2.0},
-        {"17%10*2", 14.0},
-        {"-7%3", -1.0},
-        {"5.5%-2", 1.5},
-        {"2*3^2", 18.0},
-        {"2^3^2", 64.0},
-        {"2^-1", 0.5},
-        {"-2^2", 4.0},
-        {"0-2^2", -4.0},
-        {"2*-3", -6.0},
-        {"--2", 2.0},
-        {"-+-+-2", -2.0},
-        {"3--2", 5.0},
-        {"- - 2", 2.0},
-        {"+2", 2.0},
-        {"-0", -0.0},
-        {"-(1,2)^2", 4.0},
-        {"(1+2)*3", 9.0},
-        {"((4))", 4.0},
-        {"1,2", 2.0},
-        {"(1,2)+(3,4,5)", 7.0},
-        {"0/0,3", 3.0},
-        // names
-        {"a", 2.0},
-        {"-a^b", -32.0},
-        {"a*b-pi_", 3.0},
-        {"e2+ab12bap0_5ab", 24.0},
-        {"e", 2.718281828459045},
-        {"pi", 3.141592653589793},
-        {"pi()", 3.141592653589793},
-        {"pi ( )", 3.141592653589793},
-        {"e()*0", 0.0},
-        {"sin 0", 0.0},
-        {"sqrt 4 ^ 2", 4.0},
-        {"sqrt 16 * 4", 16.0},
-        {"abs -2^2", 4.0},
-        {"sqrt sqrt 16", 2.0},
-        {"-sqrt 4", -2.0},
-        {"sqrt(1,4)", 2.0},
-        {"sqrt(4)^3", 8.0},
-        {"abs(-a)", 2.0},
-        {"log(100)", 2.0},
-        {"log10(100)", 2.0},
-        {"ln(e)", 1.0},
-        {"pow(a,b)", 32.0},
-        {"max ( a , b )", 5.0},
-        {"min(b,(9,a))", 2.0},
-        {"atan2(1,2)", 0.46364760900080609},
-        {"round(2.5)+round(-2.5)", 0.0},
-        {"floor(-1.5)+ceil(1.2)", 0.0},
-        {"fac(3.9)", 6.0},
-        {"ncr(5,2)+npr(5,2)", 30.0},
-        // results that are no number
-        {"0/0", NO_VALUE},
-        {"a-a/0+a/0", NO_VALUE},
-        {"(a-2)/(a-2)", NO_VALUE},
-        {"sqrt(-1)", NO_VALUE},
-        {"1/0", INF},
-        {"ln 0", -INF},
-        {"0/0+1", NO_VALUE},
-    };
-    for (const auto& [sText, dExpected] : cases) {
-        const std::optional<double> value = ValueOf(sText);
-        ASSERT_TRUE(value) << sText;
-        EXPECT_EQ(std::bit_cast<quint64>(*value), std::bit_cast<quint64>(dExpected))
-            << sText << " = " << *value;
-    }
+    constexpr double PI = 3.141592653589793, E = 2.718281828459045;
+    const std::vector<SValueCase> numbers = {
+        {"42", 42.0},    {"1e-3", 0.001}, {".5", 0.5},     {"1.", 1.0},         {"1.e2", 100.0},
+        {"2E+2", 200.0}, {"0x1f", 31.0},  {"0x.8p1", 1.0}, {"1e999", INF},      {"1e-999", 0.0},
+        {"0.1", 0.1},    {"1e1-1", 9.0},  {"1.5e1", 15.0}, {" \t\r\n1 \n", 1.0}};
+    const std::vector<SValueCase> binding = {
+        {"1+2*3", 7.0},  {"7-2-1", 4.0},  {"12/3/2", 2.0},        {"17%10*2", 14.0}, {"-7%3", -1.0},
+        {"5.5%-2", 1.5}, {"2*3^2", 18.0}, {"2^3^2", 64.0},        {"2^-1", 0.5},     {"-2^2", 4.0},
+        {"0-2^2", -4.0}, {"2*-3", -6.0},  {"--2", 2.0},           {"-+-+-2", -2.0},  {"3--2", 5.0},
+        {"- - 2", 2.0},  {"+2", 2.0},     {"-0", -0.0},           {"-(1,2)^2", 4.0}, {"(1+2)*3", 9.0},
+        {"((4))", 4.0},  {"1,2", 2.0},    {"(1,2)+(3,4,5)", 7.0}, {"0/0,3", 3.0}};
+    const std::vector<SValueCase> names = {{"a", 2.0},     {"-a^b", -32.0}, {"e", E},
+                                           {"pi", PI},     {"pi()", PI},    {"pi ( )", PI},
+                                           {"e()*0", 0.0}, {"sin 0", 0.0},  {"ln(e)", 1.0}};
+    const std::vector<SValueCase> calls = {
+        {"a*b-pi_", 3.0},       {"sqrt 4 ^ 2", 4.0},   {"sqrt 16 * 4", 16.0}, {"abs -2^2", 4.0},
+        {"sqrt sqrt 16", 2.0},  {"-sqrt 4", -2.0},     {"sqrt(1,4)", 2.0},    {"sqrt(4)^3", 8.0},
+        {"abs(-a)", 2.0},       {"log(100)", 2.0},     {"log10(100)", 2.0},   {"pow(a,b)", 32.0},
+        {"max ( a , b )", 5.0}, {"min(b,(9,a))", 2.0}, {"fac(3.9)", 6.0}};
+    const std::vector<SValueCase> longer = {{"4.9406564584124654e-324", 4.9406564584124654e-324},
+                                            {"e2+ab12bap0_5ab", 24.0},
+                                            {"atan2(1,2)", 0.46364760900080609},
+                                            {"round(2.5)+round(-2.5)", 0.0},
+                                            {"floor(-1.5)+ceil(1.2)", 0.0},
+                                            {"ncr(5,2)+npr(5,2)", 30.0}};
+    const std::vector<SValueCase> noNumbers = {
+        {"0/0", NO_VALUE}, {"a-a/0+a/0", NO_VALUE}, {"(a-2)/(a-2)", NO_VALUE}, {"sqrt(-1)", NO_VALUE},
+        {"1/0", INF},      {"ln 0", -INF},          {"0/0+1", NO_VALUE}};
+    for (const std::vector<SValueCase>& cases : {numbers, binding, names, calls, longer, noNumbers})
+        for (const auto& [sText, dExpected] : cases) {
+            const std::optional<double> value = ValueOf(sText);
+            ASSERT_TRUE(value) << sText;
+            EXPECT_EQ(std::bit_cast<quint64>(*value), std::bit_cast<quint64>(dExpected))
+                << sText << " = " << *value;
+        }
 }
 
 TEST(Formula, AnErrorStandsAtTheTokenThatDoesNotFit)
 {
     const SErrorCase cases[] = {
-        // tokens, then grammar
         {"", 1},         {"  ", 3},
         {"+", 2},        {"1+", 3},
         {"*2", 1},       {"1 2", 3},
@@ -228,50 +175,42 @@ TEST(Formula, PowersFollowTheLibraryAndSquaresAreRoundedOnce)
     EXPECT_EQ(Call("x^y", NOT_A_NUMBER, 0.0), 1.0);
 }
 
+// Of ncr(31,15) the value fits, but not a product on the way.
 TEST(Formula, CountingFunctionsStayIn32Bits)
 {
     constexpr double MAX = 4294967295.0;
     struct SCase
     {
-        const char* sText;
         double x, y, dExpected;
     };
-    const SCase cases[] = {
-        {"fac x", 0.0, 0, 1.0},
-        {"fac x", -0.0, 0, 1.0},
-        {"fac x", 12.99, 0, 479001600.0},
-        {"fac x", 13.0, 0, INF},
-        {"fac x", MAX, 0, INF},
-        {"fac x", MAX + 1.0, 0, INF},
-        {"fac x", INF, 0, INF},
-        {"fac x", -1e-300, 0, NO_VALUE},
-        {"fac x", -INF, 0, NO_VALUE},
-        {"fac x", NOT_A_NUMBER, 0, NO_VALUE},
-        {"ncr(x,y)", 5.0, 0.0, 1.0},
-        {"ncr(x,y)", 0.0, 0.0, 1.0},
-        {"ncr(x,y)", 5.9, 2.9, 10.0},
-        {"ncr(x,y)", 52.0, 47.0, 2598960.0},
-        {"ncr(x,y)", 30.0, 15.0, 155117520.0},
-        {"ncr(x,y)", 31.0, 15.0, INF}, // the value fits, a product on the way doesn't
-        {"ncr(x,y)", MAX, 1.0, MAX},
-        {"ncr(x,y)", MAX, MAX, 1.0},
-        {"ncr(x,y)", MAX, 2.0, INF},
-        {"ncr(x,y)", MAX, 2147483647.0, INF},
-        {"ncr(x,y)", MAX + 1.0, 1.0, INF},
-        {"ncr(x,y)", INF, INF, INF},
-        {"ncr(x,y)", 2.0, 3.0, NO_VALUE},
-        {"ncr(x,y)", 3.2, 3.3, NO_VALUE},
-        {"ncr(x,y)", 3.0, -1.0, NO_VALUE},
-        {"ncr(x,y)", -3.0, -4.0, NO_VALUE},
-        {"ncr(x,y)", NOT_A_NUMBER, 1.0, NO_VALUE},
-        {"ncr(x,y)", 1.0, NOT_A_NUMBER, NO_VALUE},
-        {"npr(x,y)", 10.0, 3.0, 720.0},
-        {"npr(x,y)", 30.0, 12.0, 86493225.0 * 479001600.0},
-        {"npr(x,y)", 30.0, 13.0, INF},
-        {"npr(x,y)", 2.0, 3.0, NO_VALUE},
-    };
-    for (const SCase& row : cases)
-        EXPECT_EQ(Call(row.sText, row.x, row.y), row.dExpected) << row.sText << " " << row.x << " " << row.y;
+    const std::vector<SCase> fac = {{0.0, 0, 1.0},           {-0.0, 0, 1.0},
+                                    {12.99, 0, 479001600.0}, {13.0, 0, INF},
+                                    {MAX, 0, INF},           {MAX + 1.0, 0, INF},
+                                    {INF, 0, INF},           {-1e-300, 0, NO_VALUE},
+                                    {-INF, 0, NO_VALUE},     {NOT_A_NUMBER, 0, NO_VALUE}};
+    const std::vector<SCase> ncr = {{5.0, 0.0, 1.0},
+                                    {0.0, 0.0, 1.0},
+                                    {5.9, 2.9, 10.0},
+                                    {52.0, 47.0, 2598960.0},
+                                    {30.0, 15.0, 155117520.0},
+                                    {31.0, 15.0, INF},
+                                    {MAX, 1.0, MAX},
+                                    {MAX, MAX, 1.0},
+                                    {MAX, 2.0, INF},
+                                    {MAX, 2147483647.0, INF},
+                                    {MAX + 1.0, 1.0, INF},
+                                    {INF, INF, INF},
+                                    {2.0, 3.0, NO_VALUE},
+                                    {3.2, 3.3, NO_VALUE},
+                                    {3.0, -1.0, NO_VALUE},
+                                    {-3.0, -4.0, NO_VALUE},
+                                    {NOT_A_NUMBER, 1.0, NO_VALUE},
+                                    {1.0, NOT_A_NUMBER, NO_VALUE}};
+    const std::vector<SCase> npr = {
+        {10.0, 3.0, 720.0}, {30.0, 12.0, 86493225.0 * 479001600.0}, {30.0, 13.0, INF}, {2.0, 3.0, NO_VALUE}};
+    for (const auto& [sText, cases] : {std::pair{"fac x", fac}, {"ncr(x,y)", ncr}, {"npr(x,y)", npr}})
+        for (const SCase& row : cases)
+            EXPECT_EQ(Call(sText, row.x, row.y), row.dExpected) << sText << " " << row.x << " " << row.y;
 }
 
 TEST(Formula, EqualPartsAreComputedOnceAndConstantsAhead)

@@ -88,24 +88,11 @@ TEST(FormulaText, ReferencesAreFoundByNameSimulationAndTime)
 
 TEST(FormulaText, ReferencesWithAnyTimeCompileAndAreShownAsTheyReadBack)
 {
-    constexpr double TIMES_TO_TRY[] = {-1.0,
-                                       0.0,
-                                       1.0,
-                                       0.5,
-                                       0.1,
-                                       1.0 / 3.0,
-                                       -2.5,
-                                       1e-5,
-                                       1.25e-7,
-                                       123456789.125,
-                                       1e15,
-                                       1e16,
-                                       1e22,
-                                       6.02e23,
-                                       std::numeric_limits<double>::max(),
-                                       std::numeric_limits<double>::min(),
-                                       5e-324,
-                                       -1e-300};
+    constexpr double THIRD = 1.0 / 3.0, LARGEST = std::numeric_limits<double>::max(),
+                     LEAST = std::numeric_limits<double>::min();
+    constexpr double TIMES_TO_TRY[] = {-1.0, 0.0,     1.0,     0.5,           0.1,    THIRD,
+                                       -2.5, 1e-5,    1.25e-7, 123456789.125, 1e15,   1e16,
+                                       1e22, 6.02e23, LARGEST, LEAST,         5e-324, -1e-300};
     for (const double dTime : TIMES_TO_TRY) {
         const QString sText = Reference({15, "R", 2}, dTime, BOTH) + " + 1";
         const SBoundText bound = BindReferences(sText, SCOPE, BOTH);

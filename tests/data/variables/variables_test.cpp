@@ -1,8 +1,8 @@
-#include "data/icases.h"
 #include "data/variables/expressionvariable.h"
 #include "data/variables/ivariablelistener.h"
 #include "data/variables/vectorvariable.h"
 #include "tests/support/plot3dcasefixture.h"
+#include "tests/support/testcases.h"
 
 namespace {
 
@@ -245,27 +245,6 @@ TEST_F(Variables, AMeanFlowGivesWhatItDoesNotSupplyItself)
     EXPECT_EQ(formula("Rho[Q]"), "<p@mf> / (<Rgas> * <T-static@meanflow>)");
     EXPECT_EQ(formula("M[Q]"), "<Vmag[Q]> / <C[Q]>") << "the Mach number of another group isn't taken";
 }
-
-namespace {
-
-/** A case of one simulation as views and items would tell it. */
-class CTestCases : public ICases
-{
-public:
-    CTestCases() : m_pFormer(Install(this)) {}
-    ~CTestCases() override { Install(m_pFormer); }
-    double GetTime(qint64, qint64) const override { return m_dTime; }
-    QVector<qint64> GetBlockIds(qint64) const override { return {1, 2}; }
-    QByteArray GetKey(qint64) const override { return "key"; }
-    qint64 TranslateItem(qint64, qint64, qint64) const override { return -1; }
-
-    double m_dTime = -1.0;
-
-private:
-    ICases* m_pFormer;
-};
-
-} // namespace
 
 TEST_F(Variables, TheGlobalRangeCoversTheLivePointsOfAllBlocksUntilTheVariableChanges)
 {

@@ -1,9 +1,8 @@
 // What is left of a case when the program dies.
-#include "frame/moduleregistry.h"
 #include "modules/base/autosaver.h"
 #include "modules/base/casestorage.h"
+#include "tests/support/openingmodule.h"
 #include "tests/support/simulationfixture.h"
-#include "tests/support/testmodule.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,22 +18,10 @@ namespace {
 
 const SKey<qint64> COUNTER{"Test.Counter", 0};
 
-class COpeningModule : public CTestModule
-{
-public:
-    using CTestModule::CTestModule;
-    bool CanOpen() const override { return true; }
-};
-
 class Autosave : public SimulationFixture
 {
 protected:
-    Autosave()
-    {
-        CModuleRegistry::Instance().SetFactory(1,
-                                               [] { return std::make_unique<COpeningModule>(1, "Plot3D"); });
-        CModuleRegistry::Instance().CreateModules();
-    }
+    Autosave() { COpeningModule::Register(); }
     /** A case that was never saved, as after a recovery. */
     CTestSimulation* Edited()
     {
@@ -82,7 +69,8 @@ TEST_F(Autosave, WhatNobodySavedIsKeptAndNothingElse)
 {
     CAutosaver autosaver(Root());
     CTestSimulation* const pNew = Add();
-    Add(); // nobody edits it
+    Add();                          // nobody edits it
+    Add()->SetFilePath(CasePath()); // it hasn't been read yet
     pNew->BeginUndoStep();
     Set(*pNew, COUNTER, 5);
     pNew->EndUndoStep();
@@ -101,9 +89,14 @@ TEST_F(Autosave, WhatNobodySavedIsKeptAndNothingElse)
     m_manager.RemoveAllViews();
     EXPECT_TRUE(autosaver.Run());
     EXPECT_EQ(Kept(), QStringList()) << "closed by its user";
-    Edited();
+    CTestSimulation* const pLast = Edited();
     EXPECT_TRUE(autosaver.Run());
     EXPECT_EQ(Kept().size(), 1);
+    for (const QString& sInstance : QDir(Root()).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        QDir(Root() + '/' + sInstance).removeRecursively();
+    Set(*pLast, COUNTER, 2);
+    EXPECT_TRUE(autosaver.Run());
+    EXPECT_EQ(Kept().size(), 1) << "its folder is made anew";
     autosaver.End();
     EXPECT_TRUE(QDir(Root()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).isEmpty());
 }
@@ -124,20 +117,6 @@ TEST_F(Autosave, AnInstanceThatDiedLeavesItsCasesToOneOther)
     EXPECT_EQ(CounterIn(content.caseFile), 7);
     CLostCases::Remove(lost.GetCases().first());
     EXPECT_EQ(Kept(), QStringList());
-}
-
-TEST_F(Autosave, ADamagedRecordIsPassedOver)
-{
-    const QByteArray bytes = SAutosaveFile{"Plot3D", "a", "/b", "content"}.ToBytes();
-    SAutosaveFile read;
-    for (int nSize = 0; nSize < bytes.size(); ++nSize)
-        ASSERT_EQ(read.FromBytes(bytes.left(nSize)), StoredBad) << nSize;
-    EXPECT_EQ(read.FromBytes(bytes + 'x'), StoredBad);
-    EXPECT_EQ(read.FromBytes(bytes), StoredOk);
-    EXPECT_EQ(read.sFilePath, "/b");
-    QByteArray newer = bytes;
-    newer.replace(0, 2, QByteArray("\x40\x00", 2)); // 2.0
-    EXPECT_EQ(read.FromBytes(newer), StoredNewer);
 }
 
 // Edits, automatic saves and saves, killed at 100 random moments: the case file is always a whole one, and of

@@ -1,9 +1,9 @@
 #include "modules/base/movedfiles.h"
 
+#include "tests/support/files.h"
 #include "tests/support/print.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -16,8 +16,7 @@ protected:
     void Make(const QString& sName)
     {
         QDir(m_folder.path()).mkpath(QFileInfo(sName).path());
-        QFile file(m_folder.filePath(sName));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        Files::Write(m_folder.filePath(sName));
     }
     QString Found(const QString& sFormerName, const QString& sCaseFolder) const
     {

@@ -1,10 +1,11 @@
 // Replacing a file: the old one or the new one is there, whatever happens on the way.
 #include "frame/replacefile.h"
 
+#include "modules/base/casestorage.h"
+#include "tests/support/files.h"
 #include "tests/support/print.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -21,13 +22,6 @@
 namespace {
 
 constexpr int LARGE = 4 << 20; // [bytes] takes some milliseconds to write
-
-QByteArray ContentOf(const QString& sFile)
-{
-    QFile file(sFile);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
-}
 
 /** Runs the function in a process of its own; gives its pid. */
 template <class Function> pid_t Fork(const Function& function)
@@ -58,7 +52,7 @@ TEST(ReplaceFile, AKillInTheMiddleLeavesAWholeFile)
         usleep(random.bounded(20000));
         kill(pid, SIGKILL);
         waitpid(pid, nullptr, 0);
-        const QByteArray content = ContentOf(sFile);
+        const QByteArray content = Files::Read(sFile);
         ASSERT_TRUE(content == contents[0] || content == contents[1])
             << "after kill " << n << ": " << content.size();
         ++found[content == contents[1]];
@@ -81,7 +75,7 @@ TEST(ReplaceFile, AFullDiskLeavesTheOldFile)
     int nStatus = 0;
     waitpid(pid, &nStatus, 0);
     EXPECT_EQ(WEXITSTATUS(nStatus), 2) << "it says that it failed";
-    EXPECT_EQ(ContentOf(sFile), "old");
+    EXPECT_EQ(Files::Read(sFile), "old");
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList("case.zento")) << "and cleans up";
 }
 
@@ -92,9 +86,11 @@ TEST(ReplaceFile, WhatCantBeWrittenIsLeft)
     EXPECT_FALSE(ReplaceFile(folder.filePath("file/below"), "new"));
     EXPECT_FALSE(ReplaceFile(folder.filePath("none/file"), "new"));
     EXPECT_FALSE(ReplaceFile(folder.path(), "new")) << "a folder";
-    EXPECT_EQ(ContentOf(folder.filePath("file")), "old");
+    EXPECT_EQ(Files::Read(folder.filePath("file")), "old");
     const QByteArray pipe = folder.filePath("pipe").toLocal8Bit();
     ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
     EXPECT_FALSE(ReplaceFile(folder.filePath("pipe"), "new"));
+    QByteArray bytes;
+    EXPECT_FALSE(ReadWholeFile(folder.filePath("pipe"), bytes)) << "without waiting for a writer";
     EXPECT_FALSE(QFileInfo(folder.filePath("pipe")).isFile()) << "still there";
 }

@@ -1,5 +1,7 @@
 // The records of case, restart and display files: what stands in them, byte for byte.
 #include "frame/bytestream.h"
+#include "modules/base/autosavefile.h"
+#include "modules/base/casefile.h"
 #include "modules/base/displaydocument.h"
 #include "modules/base/restartfile.h"
 #include "tests/support/golden.h"
@@ -53,6 +55,42 @@ SDisplayDocument SomeDocument()
     return document;
 }
 
+SOldDisplayFile SomeOldDisplay()
+{
+    SOldDisplayFile file;
+    file.display = "what is shown";
+    file.camera = SStoredCamera(SomeCamera()).block;
+    return file;
+}
+
+const SAutosaveFile AUTOSAVE{"Plot3D", "a", "/b", "content"};
+
+/** The record is written as the stored file has it, and is read from it, which it gives. */
+template <class Record> Record ReadKept(const char* sFile, const Record& record)
+{
+    Golden::Expect(sFile, record.ToBytes());
+    Record read;
+    EXPECT_EQ(read.FromBytes(Golden::Read(sFile)), StoredOk) << sFile;
+    EXPECT_EQ(read.ToBytes(), record.ToBytes()) << sFile;
+    return read;
+}
+
+template <class Record> void ExpectCutsAreRefused(const QByteArray& bytes)
+{
+    for (int nSize = 0; nSize < bytes.size(); ++nSize)
+        ASSERT_EQ(Record().FromBytes(bytes.left(nSize)), StoredBad) << nSize;
+    Record whole;
+    EXPECT_EQ(whole.FromBytes(bytes), StoredOk);
+    EXPECT_EQ(whole.ToBytes().trimmed(), bytes.trimmed());
+}
+
+template <class Record>
+void ExpectVersionIs(double Record::*pVersion, Record record, double dVersion, StoredFile_e eExpected)
+{
+    record.*pVersion = dVersion;
+    EXPECT_EQ(Record().FromBytes(record.ToBytes()), eExpected) << dVersion;
+}
+
 /** As a data stream writes it, which is what the format says. */
 template <class... Values> QByteArray Streamed(const Values&... values)
 {
@@ -75,63 +113,37 @@ TEST(StoredFiles, BytesAreThoseOfAPlainDataStream)
                                              QByteArray("what is shown"), block, point.x, point.y, point.z));
     EXPECT_EQ(SomeRestart().ToBytes(),
               Streamed(1.7, qint64(1), QByteArray("the data"), QByteArray("what is shown"), block));
-    SOldDisplayFile old;
-    old.display = "what is shown";
-    old.camera = block;
-    EXPECT_EQ(old.ToBytes(), Streamed(1.0, QByteArray("what is shown"), block));
+    EXPECT_EQ(SomeOldDisplay().ToBytes(), Streamed(1.0, QByteArray("what is shown"), block));
 }
 
 TEST(StoredFiles, FilesOfFormerVersionsAreReadAndWouldBeWrittenTheSame)
 {
-    Golden::Expect("record.zento", SomeCase().ToBytes());
-    Golden::Expect("record.srst", SomeRestart().ToBytes());
-    Golden::Expect("record.disp", SomeDocument().ToBytes());
-    SOldDisplayFile old;
-    old.display = "what is shown";
-    old.camera = SomeRestart().camera;
-    Golden::Expect("record_old.disp", old.ToBytes());
-
-    SCaseFile caseFile;
-    ASSERT_EQ(caseFile.FromBytes(Golden::Read("record.zento")), StoredOk);
-    EXPECT_EQ(caseFile.ToBytes(), SomeCase().ToBytes());
-    EXPECT_EQ(caseFile.camera.Camera(), SomeCamera());
-    SRestartFile restart;
-    ASSERT_EQ(restart.FromBytes(Golden::Read("record.srst")), StoredOk);
-    EXPECT_EQ(restart.ToBytes(), SomeRestart().ToBytes());
-    SDisplayDocument document;
-    ASSERT_EQ(document.FromBytes(Golden::Read("record.disp")), StoredOk);
-    EXPECT_EQ(document.ToBytes(), SomeDocument().ToBytes());
-    EXPECT_EQ(CameraFromJson(document.viewer), SomeCamera());
-    SOldDisplayFile readOld;
-    ASSERT_EQ(readOld.FromBytes(Golden::Read("record_old.disp")), StoredOk);
-    EXPECT_EQ(readOld.ToBytes(), old.ToBytes());
+    EXPECT_EQ(ReadKept("record.zento", SomeCase()).camera.Camera(), SomeCamera());
+    ReadKept("record.srst", SomeRestart());
+    EXPECT_EQ(CameraFromJson(ReadKept("record.disp", SomeDocument()).viewer), SomeCamera());
+    ReadKept("record_old.disp", SomeOldDisplay());
 }
 
 TEST(StoredFiles, CutFilesAreRefusedAtEveryLength)
 {
-    const QByteArray caseBytes = SomeCase().ToBytes(), restartBytes = SomeRestart().ToBytes();
-    for (int nSize = 0; nSize < caseBytes.size(); ++nSize)
-        EXPECT_EQ(SCaseFile().FromBytes(caseBytes.left(nSize)), StoredBad) << nSize;
-    for (int nSize = 0; nSize < restartBytes.size(); ++nSize)
-        EXPECT_EQ(SRestartFile().FromBytes(restartBytes.left(nSize)), StoredBad) << nSize;
-    const QByteArray json = SomeDocument().ToBytes().trimmed();
-    for (int nSize = 0; nSize < json.size(); ++nSize)
-        EXPECT_EQ(SDisplayDocument().FromBytes(json.left(nSize)), StoredBad) << nSize;
+    ExpectCutsAreRefused<SCaseFile>(SomeCase().ToBytes());
+    ExpectCutsAreRefused<SRestartFile>(SomeRestart().ToBytes());
+    ExpectCutsAreRefused<SDisplayDocument>(SomeDocument().ToBytes().trimmed());
+    ExpectCutsAreRefused<SOldDisplayFile>(SomeOldDisplay().ToBytes());
+    ExpectCutsAreRefused<SAutosaveFile>(AUTOSAVE.ToBytes());
+    EXPECT_EQ(SAutosaveFile().FromBytes(AUTOSAVE.ToBytes() + 'x'), StoredBad);
+    EXPECT_EQ(SCaseFile().FromBytes(SomeCase().ToBytes() + 'x'), StoredOk) << "what follows is ignored";
 }
 
 TEST(StoredFiles, AVersionThatIsNotKnownYetIsRefused)
 {
-    SCaseFile caseFile = SomeCase();
-    caseFile.dDisplayVersion = 1.1;
-    EXPECT_EQ(SCaseFile().FromBytes(caseFile.ToBytes()), StoredNewer);
-    caseFile.dDataVersion = std::nan("");
-    EXPECT_EQ(SCaseFile().FromBytes(caseFile.ToBytes()), StoredBad);
-    SRestartFile restart = SomeRestart();
-    restart.dVersion = 1.8;
-    EXPECT_EQ(SRestartFile().FromBytes(restart.ToBytes()), StoredNewer);
-    SDisplayDocument document = SomeDocument();
-    document.dVersion = 2.0;
-    EXPECT_EQ(SDisplayDocument().FromBytes(document.ToBytes()), StoredNewer);
+    ExpectVersionIs(&SCaseFile::dDisplayVersion, SomeCase(), 1.1, StoredNewer);
+    ExpectVersionIs(&SCaseFile::dDataVersion, SomeCase(), std::nan(""), StoredBad);
+    ExpectVersionIs(&SRestartFile::dVersion, SomeRestart(), 1.8, StoredNewer);
+    ExpectVersionIs(&SRestartFile::dVersion, SomeRestart(), -0.5, StoredBad);
+    ExpectVersionIs(&SDisplayDocument::dVersion, SomeDocument(), 2.0, StoredNewer);
+    ExpectVersionIs(&SOldDisplayFile::dVersion, SomeOldDisplay(), 1.1, StoredNewer);
+    ExpectVersionIs(&SAutosaveFile::dVersion, AUTOSAVE, 2.0, StoredNewer);
 }
 
 TEST(StoredFiles, ACaseFileIsToldByItsHead)

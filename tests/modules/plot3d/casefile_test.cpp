@@ -1,6 +1,7 @@
 // Case files of the module: what is saved comes back, whatever happens to files and folders.
 #include "modules/base/casestorage.h"
 #include "tests/modules/plot3d/showncase.h"
+#include "tests/support/files.h"
 #include "tests/support/golden.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/promptscript.h"
@@ -9,20 +10,6 @@
 #include <QRandomGenerator>
 
 namespace {
-
-QByteArray Content(const QString& sFile)
-{
-    QByteArray bytes;
-    EXPECT_TRUE(ReadWholeFile(sFile, bytes)) << sFile.toStdString();
-    return bytes;
-}
-
-void Store(const QString& sFile, const QByteArray& bytes)
-{
-    QFile file(sFile);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
 
 /** What a session holds, to see that nothing has changed. */
 struct SSession
@@ -49,8 +36,7 @@ protected:
     /** As SaveWing, smaller: one block and a surface. */
     QString SaveSmall()
     {
-        Plot3DFixture::Store(Path("small.x"), Plot3DFixture::MakeFile(LayoutOfCode(2), KindGrid,
-                                                                      Plot3DFixture::Blocks({{2, 2, 2}})));
+        Write("small.x", 2, KindGrid, Plot3DFixture::Blocks({{2, 2, 2}}));
         CPlot3DSimulation* const pSmall = Simulation(m_module.OpenPlot3D({Path("small.x")}, VIEW));
         CreateSurfaceItem(*pSmall, 1, FacePlane({2, 2, 2}, 5));
         EXPECT_TRUE(m_module.Save(Path("small.zento"), pSmall->GetId()));
@@ -84,9 +70,9 @@ TEST_F(CaseFile, EverythingComesBack)
     EXPECT_EQ(pAgain->GetFilePath(), sFile);
     EXPECT_EQ(pAgain->GetSavedData(), pAgain->ToBytes()) << "it isn't modified";
     EXPECT_EQ(pAgain->GetSavedDisplay(), pAgain->SaveViewState(VIEW));
-    const QByteArray stored = Content(sFile);
+    const QByteArray stored = Files::Read(sFile);
     EXPECT_TRUE(m_module.Save(Path("again.zento"), pAgain->GetId()));
-    EXPECT_TRUE(Content(Path("again.zento")) == stored);
+    EXPECT_TRUE(Files::Read(Path("again.zento")) == stored);
 }
 
 TEST_F(CaseFile, AFileOfTheFirstVersionOpensAndIsWrittenTheSame)
@@ -99,7 +85,7 @@ TEST_F(CaseFile, AFileOfTheFirstVersionOpensAndIsWrittenTheSame)
         for (CItem* const pBlock : pWing->GetItems(KindBlock))
             Set(*pBlock, BlockKey::ABSOLUTE_FILE, "/no/such/folder/wing.x");
         ASSERT_TRUE(m_module.Save(Path("wing.zento"), pWing->GetId()));
-        Golden::Expect("wing.zento", Content(Path("wing.zento")));
+        Golden::Expect("wing.zento", Files::Read(Path("wing.zento")));
         CloseAll();
     }
     UserPrompt::Install(nullptr);
@@ -113,27 +99,27 @@ TEST_F(CaseFile, AFileOfTheFirstVersionOpensAndIsWrittenTheSame)
     EXPECT_EQ(CSimulationManager::Instance().GetDisplayTransforms(VIEW, pWing->GetId()).size(), 6);
     EXPECT_EQ(m_pWindow->m_view.m_camera.rotationPoint, DVector3D(1.0, 2.0, 3.0));
     ASSERT_TRUE(m_module.Save(Path("again.zento"), pWing->GetId()));
-    EXPECT_TRUE(Content(Path("again.zento")) == Golden::Read("wing.zento"));
+    EXPECT_TRUE(Files::Read(Path("again.zento")) == Golden::Read("wing.zento"));
 }
 
 TEST_F(CaseFile, ARunWithoutAWindowKeepsDisplayAndCamera)
 {
     OpenWindow();
     const QString sFile = SaveWing();
-    const QByteArray stored = Content(sFile);
+    const QByteArray stored = Files::Read(sFile);
     m_pWindow.reset();
     const qint64 nId = m_module.Open(sFile, -1);
     ASSERT_NE(nId, -1);
     // Nobody sees what such a run shows.
     CSelectableManager::Instance().Find(-1, nId, 1)->setVisible(false);
     EXPECT_TRUE(m_module.Save(Path("batch.zento"), nId));
-    EXPECT_TRUE(Content(Path("batch.zento")) == stored);
+    EXPECT_TRUE(Files::Read(Path("batch.zento")) == stored);
 }
 
 TEST_F(CaseFile, DamagedFilesAreRefusedOrOpenedAndLeaveTheSession)
 {
     const QString sFile = SaveSmall();
-    const QByteArray whole = Content(sFile);
+    const QByteArray whole = Files::Read(sFile);
     OpenWindow();
     m_module.OpenPlot3D({Path("small.x")}, VIEW);
     const SSession before;
@@ -141,7 +127,7 @@ TEST_F(CaseFile, DamagedFilesAreRefusedOrOpenedAndLeaveTheSession)
     QRandomGenerator random(5);
     int nRefused = 0;
     const auto open = [&](const QByteArray& bytes) {
-        Store(Path("damaged.zento"), bytes);
+        Files::Write(Path("damaged.zento"), bytes);
         const qint64 nId = m_module.Open(Path("damaged.zento"), -1);
         if (nId == -1) {
             ++nRefused;
@@ -169,7 +155,7 @@ TEST_F(CaseFile, WhatIsNoFileOfTheModuleIsTold)
     OpenWindow();
     SCaseFile file;
     file.sModule = "Corin";
-    Store(Path("other.zento"), file.ToBytes());
+    Files::Write(Path("other.zento"), file.ToBytes());
     CPromptScript user;
     user.Press("Ok");
     EXPECT_EQ(m_module.Open(Path("other.zento"), -1), -1);
@@ -180,7 +166,7 @@ TEST_F(CaseFile, WhatIsNoFileOfTheModuleIsTold)
     EXPECT_EQ(user.Asked().last().sTitle, "Open Simulation");
     file.sModule = "Plot3D";
     file.dDataVersion = 1.1;
-    Store(Path("newer.zento"), file.ToBytes());
+    Files::Write(Path("newer.zento"), file.ToBytes());
     CLogCapture log;
     EXPECT_EQ(m_module.Open(Path("newer.zento"), -1), -1) << "without a box";
     EXPECT_TRUE(m_pWindow->m_sStatus.contains("newer version"));
@@ -257,7 +243,7 @@ TEST_F(CaseFile, ACaseWithoutItsDataKeepsWhatItShowsUntilTheyAreBack)
 {
     OpenWindow();
     const QString sFile = SaveWing();
-    const QByteArray stored = Content(sFile);
+    const QByteArray stored = Files::Read(sFile);
     ASSERT_TRUE(QDir().rename(Path("data"), Path("gone")));
     CPromptScript user;
     user.Press("Open Without");
@@ -268,7 +254,7 @@ TEST_F(CaseFile, ACaseWithoutItsDataKeepsWhatItShowsUntilTheyAreBack)
     EXPECT_EQ(Names(*pWithout, KindBlock).size(), 4);
     EXPECT_EQ(Shown(*pWithout, 1)->scalarVariable(), -1);
     ASSERT_TRUE(m_module.Save(Path("without.zento"), pWithout->GetId()));
-    EXPECT_TRUE(Content(Path("without.zento")) == stored) << "nothing is lost by saving it so";
+    EXPECT_TRUE(Files::Read(Path("without.zento")) == stored) << "nothing is lost by saving it so";
     ASSERT_TRUE(QDir().rename(Path("gone"), Path("data")));
     EXPECT_EQ(pWithout->Reload(), "");
     EXPECT_EQ(Shown(*pWithout, 1)->scalarVariable(), Variable(*pWithout, "P[Q]"));

@@ -8,6 +8,7 @@
 namespace {
 
 constexpr QSize SIZE(320, 240);
+const QVector<IVector3D> SIZES(2, {5, 4, 3}); // of the blocks
 
 /** A grid of two blocks with places of their own, and fields that vary over them. */
 class CasePicture : public ShownCase
@@ -19,33 +20,19 @@ protected:
             GTEST_SKIP() << "no OpenGL here";
         m_context.SetSize(SIZE);
         OpenWindow();
-        WriteReals("scene.x", 3, 0, [](int nBlock, int nArray, int i, int j, int k) {
-            const float xyz[] = {float(i) + 4.5F * float(nBlock), float(j) + 0.3F * float(i), float(k)};
-            return xyz[nArray];
-        });
-        WriteReals("scene.q", 5, 4, [](int nBlock, int nArray, int i, int j, int k) {
-            return 1.0F + 0.1F * float(nArray * i) + 0.2F * float(j * k) + 0.3F * float(nBlock);
-        });
+        Plot3DFixture::WriteValues(
+            Path("scene.x"), KindGrid, SIZES, 3, [](int nBlock, int nAxis, const IVector3D& ijk) {
+                const double xyz[] = {double(ijk.i) + 4.5 * nBlock, double(ijk.j) + 0.3 * double(ijk.i),
+                                      double(ijk.k)};
+                return xyz[nAxis];
+            });
+        Plot3DFixture::WriteValues(
+            Path("scene.q"), KindQ, SIZES, 5, [](int nBlock, int nArray, const IVector3D& ijk) {
+                return 1.0 + 0.1 * double(nArray * ijk.i) + 0.2 * double(ijk.j * ijk.k) + 0.3 * nBlock;
+            });
     }
     void TearDown() override { CSimulationManager::Instance().RemoveAllViews(); }
 
-    template <class Value> void WriteReals(const char* sName, int nArrays, int nHeader, const Value& value)
-    {
-        QFile file(Path(sName));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        const qint32 head[] = {2, 5, 4, 3, 5, 4, 3};
-        file.write(reinterpret_cast<const char*>(head), sizeof head);
-        std::vector<float> reals;
-        for (int nBlock = 0; nBlock < 2; ++nBlock) {
-            reals.insert(reals.end(), nHeader, 0.5F);
-            for (int nArray = 0; nArray < nArrays; ++nArray)
-                for (int k = 0; k < 3; ++k)
-                    for (int j = 0; j < 4; ++j)
-                        for (int i = 0; i < 5; ++i)
-                            reals.push_back(value(nBlock, nArray, i, j, k));
-        }
-        file.write(reinterpret_cast<const char*>(reals.data()), qint64(reals.size() * sizeof(float)));
-    }
     CPlot3DSimulation* OpenScene()
     {
         CPlot3DSimulation* const pScene =

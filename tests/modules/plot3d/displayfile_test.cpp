@@ -1,9 +1,9 @@
 // Display files of the module.
-#include "modules/base/casestorage.h"
 #include "modules/base/displaydocument.h"
 #include "modules/plot3d/dialogs/plot3ddialog.h"
 #include "modules/plot3d/icasefileseditor.h"
 #include "tests/modules/plot3d/showncase.h"
+#include "tests/support/files.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/promptscript.h"
 
@@ -28,18 +28,13 @@ protected:
     }
     SDisplayDocument Document(const QString& sFile) const
     {
-        QByteArray bytes;
         SDisplayDocument document;
-        EXPECT_TRUE(ReadWholeFile(sFile, bytes));
-        EXPECT_EQ(document.FromBytes(bytes), StoredOk);
+        EXPECT_EQ(document.FromBytes(Files::Read(sFile)), StoredOk);
         return document;
     }
     QString Store(const QString& sName, const QByteArray& bytes) const
     {
-        QFile file(Path(sName));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return Path(sName);
+        return Files::Write(Path(sName), bytes);
     }
     /** Loads the file and gives the one message that comes of it. */
     static QString Told(CPlot3DSimulation& simulation, const QString& sFile, bool bLoads)

@@ -6,32 +6,14 @@
 #include "modules/plot3d/plot3dkeys.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "scene/selectablekind.h"
+#include "tests/support/files.h"
 #include "tests/support/plot3dfile.h"
 #include "tests/support/print.h"
 #include "tests/support/testsimulation.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
-/** Makes selectables that know the type and the name of their item. */
-class CKindSelectables : public ISelectableFactory
-{
-public:
-    CKindSelectables() : m_pFormer(Install(this)) {}
-    ~CKindSelectables() override { Install(m_pFormer); }
-    ISelectable* CreateItemSelectable(CItem& item, qint64 nViewId) override
-    {
-        auto* const pSelectable = new CTestSelectable(nViewId, item.GetSimulationId(), item.GetId());
-        pSelectable->m_sName = item.GetName(0);
-        pSelectable->m_nTypeId = item.GetType();
-        return pSelectable;
-    }
-
-private:
-    ISelectableFactory* m_pFormer;
-};
 
 /** A folder with files of four blocks, and simulations of them. */
 class Plot3DCaseTest : public testing::Test
@@ -45,8 +27,7 @@ protected:
     QString Write(const QString& sName, int nCode, FileKind_e eKind,
                   const QVector<Plot3DFixture::SBlock>& blocks = FourBlocks())
     {
-        Plot3DFixture::Store(Path(sName), Plot3DFixture::MakeFile(LayoutOfCode(nCode), eKind, blocks));
-        return Path(sName);
+        return Plot3DFixture::Write(Path(sName), nCode, eKind, blocks);
     }
     static QVector<Plot3DFixture::SBlock> FourBlocks()
     {
@@ -55,12 +36,7 @@ protected:
     QString WriteGrid(const QString& sName = "case.x") { return Write(sName, 2, KindGrid); }
     QString WriteQ(const QString& sName = "case.q") { return Write(sName, 49, KindQ); }
     QString WriteFunction(const QString& sName = "case.f") { return Write(sName, 53, KindFunction); }
-    void WriteText(const QString& sName, const QByteArray& text)
-    {
-        QFile file(Path(sName));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
+    void WriteText(const QString& sName, const QByteArray& text) { Files::Write(Path(sName), text); }
     /** Records of the files, as the dialog makes them. */
     static CCaseRecords Records(const QStringList& sFileList)
     {
@@ -89,6 +65,6 @@ protected:
         return sNameList;
     }
 
-    CKindSelectables m_selectables;
+    CNamedSelectableFactory m_selectables;
     QTemporaryDir m_folder;
 };

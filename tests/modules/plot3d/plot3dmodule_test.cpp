@@ -195,12 +195,3 @@ TEST_F(Plot3DModule, SettingsAreUnifiedAfterTheQuestion)
               "Would you like to unify the data of 'Block 2' with its 1 occurrence(s)?");
     EXPECT_EQ(pTwin->GetInt("Setting", 0), 7);
 }
-
-TEST_F(Plot3DModule, ThePanelGroupsItemsInTheFixedOrder)
-{
-    EXPECT_EQ(m_module.GetCategoryNames(1),
-              QStringList({"Boundary Surfaces", "Streamlines", "Extreme Points", "Blocks", "Faces",
-                           "ISO Surfaces", "Coordinate Surfaces", "Surfaces"}));
-    EXPECT_EQ(m_module.GetItemTypeName(KindBlock), "Block");
-    EXPECT_EQ(m_module.GetItemTypeName(-5), "Unknown");
-}

@@ -7,6 +7,7 @@
 #include "simulation/simulationcases.h"
 #include "tests/modules/plot3d/plot3dcasetest.h"
 #include "tests/support/casewindow.h"
+#include "tests/support/everysetting.h"
 #include "view/annotations/annotationcolormap.h"
 #include "view/selectables/selectablefactory.h"
 #include "view/selectables/surfaceitems.h"
@@ -57,31 +58,12 @@ protected:
     /** Everything that can be set of one item is set to what it isn't at first; nAxis sets items apart. */
     static void SetAll(ISelectable& item, const ISimulation& simulation, int n)
     {
+        const SShownVariables variables{Variable(simulation, n % 2 ? "P[Q]" : "F1.2"),
+                                        Variable(simulation, "Momentum"), Variable(simulation, "RU")};
         for (IDrawable* const p : item.drawables()) {
-            p->setScalarVariable(Variable(simulation, n % 2 ? "P[Q]" : "F1.2"));
-            p->setVectorVariable(Variable(simulation, "Momentum"));
-            p->setThresholdVariable(Variable(simulation, "RU"));
-            p->setDisplayType(n % 3 == 0 ? DisplayVector : DisplayShadedWireframe);
+            SetEverySetting(*p, variables, n);
             p->setDrawOutlines(n % 2);
             p->setDrawNodes(true);
-            p->setNodeVisible(true);
-            p->setDisplayOnNodes(n % 2);
-            p->setShowHoles(false);
-            p->setContourCount(7 + n);
-            p->setGeometricColor(n % 4 == 3);
-            p->setThresholdEnable(n % 2);
-            p->setThresholdRange({-1e3 - n, 1e9 / 3.0});
-            p->setShadeColor(QColor(10, 20 + n, 30, 200));
-            p->setWireframeColor(QColor(200, 100, n));
-            p->setLineThickness(1.5 + n);
-            p->setAlphaValue(0.75);
-            p->setVectorPlane(n % 4);
-            p->setVectorSkip(1);
-            p->setVectorHeadScale(0.3);
-            p->setVectorBodyScale(1.0 / 7.0);
-            p->setColormapType(n % 10);
-            p->setColormapValues(-2.0 * n, 1e3 / 3.0);
-            p->setColormapBindToLocal(n % 2);
         }
         CAnnotationColormap& legend = *item.annotationColormap();
         SLegendSettings settings = legend.settings();

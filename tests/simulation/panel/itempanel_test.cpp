@@ -1,4 +1,5 @@
 #include "tests/simulation/panel/panelfixture.h"
+#include "tests/support/files.h"
 #include "tests/support/promptscript.h"
 
 #include "frame/preferencekeys.h"
@@ -251,7 +252,7 @@ TEST_F(ItemPanel, ButtonsAskTheModuleAndTheUser)
 
     Set(*m_pSimulation, SimulationKey::DIRECTORY, folder.path());
     for (const char* const pName : {"a.disp", "b.disp", "c.txt"})
-        QFile(folder.filePath(pName)).open(QIODevice::WriteOnly);
+        Files::Write(folder.filePath(pName));
     user.ChooseEntry("b.disp");
     Click("m_pDispFilesB");
     EXPECT_EQ(m_pSimulation->m_sDisplayFile, folder.filePath("b.disp"));

@@ -57,7 +57,7 @@ protected:
         return pTree->findItems(sText, Qt::MatchExactly | Qt::MatchRecursive).value(0);
     }
 
-    CPanelSelectables m_factory;
+    CNamedSelectableFactory m_factory;
     CItemPanels m_panels;
     CPanelSimulation* m_pSimulation;
     QPointer<CItemPanel> m_pPanel;

@@ -3,7 +3,7 @@
 #include "data/variables/expressionvariable.h"
 #include "data/variables/variablemanager.h"
 #include "scene/selectablekeys.h"
-#include "tests/support/testdrawable.h"
+#include "tests/support/shownselectable.h"
 #include "view/annotations/icolormapeditor.h"
 #include "view/annotations/legendtexts.h"
 #include "view/colormaps/colormaptables.h"
@@ -59,7 +59,7 @@ protected:
 
     CExpressionVariable* m_pVariable = new CExpressionVariable(1, true);
     CShownSelectable* m_pItem;
-    CTestDrawable* m_pDrawable;
+    IDrawable* m_pDrawable;
 };
 
 } // namespace
