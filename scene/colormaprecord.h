@@ -17,6 +17,8 @@ struct SColormapRecord
     double dLocalMaximum = std::numeric_limits<double>::lowest();
 
     double Range() const { return dMaximum - dMinimum; }
+    /** The colours run from the greatest value to the least. */
+    bool IsInverted() const { return dMinimum > dMaximum; }
     bool HasLocalRange() const { return dLocalMinimum <= dLocalMaximum; }
 
     friend bool operator==(const SColormapRecord&, const SColormapRecord&) = default;

@@ -120,7 +120,10 @@ public:
     virtual SColormapRecord colormap() const = 0;
     virtual qint32 colormapType() const = 0; ///< its id
     virtual void setColormapType(qint32 nId) = 0;
-    /** The range in use; a maximum that isn't above the minimum is moved up to stay apart. */
+    /**
+     * The range in use, its ends moved apart where they are equal. A minimum above the maximum turns the
+     * colours round, and they stay so: the next range may come either way.
+     */
     virtual void setColormapValues(double dMinimum, double dMaximum) = 0;
     /** The range that it is drawn with: the local one where that is bound and set. */
     virtual QPointF colormapRange() const = 0;

@@ -189,9 +189,12 @@ void CDrawable::setColormap(const SColormapRecord& record)
 void CDrawable::setColormapValues(double dMinimum, double dMaximum)
 {
     SColormapRecord record = m_colormap;
-    record.dMinimum = dMinimum;
+    const bool bInverted = record.IsInverted() || dMinimum > dMaximum;
+    auto [dLow, dHigh] = std::minmax({dMinimum, dMaximum});
     // A range of no extent has no colours to tell apart.
-    record.dMaximum = dMaximum > dMinimum ? dMaximum : dMinimum + std::max(std::abs(dMinimum) * 1e-6, 1e-6);
+    dHigh = dHigh > dLow ? dHigh : dLow + std::max(std::abs(dLow) * 1e-6, 1e-6);
+    record.dMinimum = bInverted ? dHigh : dLow;
+    record.dMaximum = bInverted ? dLow : dHigh;
     setColormap(record);
 }
 

@@ -6,7 +6,7 @@ namespace {
 
 constexpr const char *OVERRIDES = "userCustomSettings", *COMMENT = "userCustomSettings_comment",
                      *VERSION_MEMBER = "version", *VIEWER = "viewer", *DISPLAY = "viewportDisp",
-                     *FORMER_DISPLAY = "disp";
+                     *FORMER_DISPLAY = "disp", *MIRROR = "mirror", *SECTORS = "periodic";
 constexpr const char* COMMENT_TEXT =
     "Edit userCustomSettings above to customize display. Do not modify data below manually.";
 constexpr double NO_VERSION = -1.0;
@@ -40,6 +40,8 @@ StoredFile_e SDisplayDocument::FromBytes(const QByteArray& bytes)
         return StoredNewer;
     overrides = root[OVERRIDES].toObject();
     viewer = root[VIEWER].toObject();
+    mirror = root[MIRROR].toObject();
+    sectors = root[SECTORS].toObject();
     display = root[root.contains(DISPLAY) ? DISPLAY : FORMER_DISPLAY].toObject();
     return StoredOk;
 }

@@ -12,6 +12,8 @@ struct SDisplayDocument
     double dVersion = VERSION;
     QJsonObject viewer;  ///< CameraToJson
     QJsonObject display; ///< SaveViewJson of a view
+    QJsonObject mirror;  ///< MirrorToJson; only read: what is written has it among the overrides
+    QJsonObject sectors; ///< SectorsToJson; the same
 
     QByteArray ToBytes() const;
     /** StoredBad for what is no JSON object. A file without a version has -1.0. */

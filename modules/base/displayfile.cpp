@@ -90,7 +90,8 @@ bool ReadDocument(ISimulation& simulation, const QByteArray& bytes, const QStrin
     }
     if (eStored == StoredBad)
         return Tell("Invalid display file format:\n%1", sFile);
-    SOverridable values{document.display, MirrorToJson({}), SectorsToJson({})};
+    SOverridable values{document.display, MirrorToJson(MirrorFromJson(document.mirror)),
+                        SectorsToJson(SectorsFromJson(document.sectors))};
     if (const QStringList sErrorList = ApplyTable(document.overrides, values); !sErrorList.isEmpty())
         UserPrompt::Tell(PromptWarning, "Display Override Errors", sErrorList.join('\n'));
     bool bShown = false;

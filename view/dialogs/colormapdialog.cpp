@@ -22,11 +22,12 @@ enum RangeChoice_e { RangeNone = 0, RangeGlobal = 1, RangeSelected = 2 };
 QString AsText(double dValue) { return QString::number(dValue, 'g', RANGE_DIGITS); }
 
 /** The colormap lying on its side, the low end at the left. */
-QPixmap Strip(qint32 nColormap, const QSize& size)
+QPixmap Strip(qint32 nColormap, const QSize& size, bool bInverted = false)
 {
     SColormapRecord record;
     record.nId = nColormap;
-    return legendPixmap(record, size.width()).transformed(QTransform().rotate(90)).scaled(size);
+    const QTransform onItsSide = QTransform().rotate(bInverted ? -90 : 90);
+    return legendPixmap(record, size.width()).transformed(onItsSide).scaled(size);
 }
 
 } // namespace
@@ -125,9 +126,11 @@ void CColormapDialog::FillRangeTab()
     m_pUi->m_pColormapCB->setCurrentIndex(record.nId);
     m_pUi->m_pContourAmountE->setValue(int(first.contourCount()));
     SValueRange limits = ColormapEdit::CaseRange(items);
-    limits.Add(SValueRange{record.dMinimum, record.dMaximum});
+    const auto [dMin, dMax] = std::minmax(record.dMinimum, record.dMaximum); // inverted ones stay so
+    const SValueRange range{dMin, dMax};
+    limits.Add(range);
     m_pUi->m_pRangeSlider->SetRange(limits.dMin, limits.dMax);
-    ShowRange({record.dMinimum, record.dMaximum});
+    ShowRange(range);
     const SValueRange shown = ColormapEdit::ItemsRange(items);
     m_pUi->m_pShownRangeL->setText(
         shown.IsEmpty() ? "no values" : QString("%1 to %2").arg(AsText(shown.dMin), AsText(shown.dMax)));
@@ -137,8 +140,9 @@ void CColormapDialog::FillRangeTab()
 void CColormapDialog::ShowPreview()
 {
     const int nId = m_pUi->m_pColormapCB->currentIndex();
+    const QSize size(SColormap::TEXELS, m_pUi->m_pPreviewL->minimumHeight());
     m_pUi->m_pPreviewL->setScaledContents(true);
-    m_pUi->m_pPreviewL->setPixmap(Strip(nId, {SColormap::TEXELS, m_pUi->m_pPreviewL->minimumHeight()}));
+    m_pUi->m_pPreviewL->setPixmap(Strip(nId, size, Items().first()->colormap().IsInverted()));
 }
 
 SValueRange CColormapDialog::SliderRange() const

@@ -9,6 +9,7 @@
 
 #include <QCheckBox>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QLineEdit>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -113,6 +114,13 @@ TEST_F(DisplayFile, ChangedSettingsAreShownAndWrongOnesToldTogether)
               "Display Override Errors: 'mirror.offsetX': must be a number\nBlock 'Block 9' not found");
     EXPECT_EQ(CSimulationManager::Instance().GetDisplayTransforms(VIEW, pWing->GetId()).size(), 8);
     EXPECT_EQ(Shown(*pWing, 7)->name(), "Surface I = 4 [Block 1]");
+    document.overrides = {{"mirror.offsetY", 2.0}};
+    QJsonObject older = QJsonDocument::fromJson(document.ToBytes()).object();
+    older["mirror"] = QJsonObject{{"mirrorY", true}, {"offsetY", 1.0}};
+    older["periodic"] = QJsonObject{{"periodicX", true}, {"sectorX", 3}};
+    EXPECT_TRUE(pWing->LoadDisplayFile(Store("older.disp", QJsonDocument(older).toJson()), VIEW));
+    EXPECT_EQ(CSimulationManager::Instance().GetMirror(VIEW, pWing->GetId()).dOffset[1], 2.0);
+    EXPECT_EQ(CSimulationManager::Instance().GetDisplayTransforms(VIEW, pWing->GetId()).size(), 6);
     document.overrides = {{"periodicMirror.Z", true}, {"periodicMirror.sectorZ", 1e6}};
     EXPECT_TRUE(Told(*pWing, Store("many.disp", document.ToBytes()), true)
                     .contains("would generate 1000000 transforms, which exceeds the safety limit of 16384"));

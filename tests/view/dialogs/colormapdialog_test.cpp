@@ -106,6 +106,18 @@ TEST_F(ColormapDialog, WithoutAnEditOfTheRangeOkLeavesEachItemItsOwn)
     EXPECT_TRUE(Annotation(1).settings().title.sText.isEmpty()); // what was shown isn't what was set
 }
 
+TEST_F(ColormapDialog, InvertedColorsStaySo)
+{
+    m_case.Drawable(0).setColormapValues(3.0, 2.0);
+    CColormapDialog dialog(m_case.Id(), CDialogCase::VIEW, false);
+    EXPECT_EQ(Find<QLineEdit>(dialog, "m_pMinE")->text(), "2");
+    Type(dialog, "m_pMaxE", "5");
+    EXPECT_EQ(Range(0), QPointF(5, 2));
+    EXPECT_EQ(Range(1), QPointF(2, 5)) << "this one wasn't";
+    m_case.Drawable(0).setColormapValues(4.0, 4.0);
+    EXPECT_GT(Range(0).x(), 4.0);
+}
+
 TEST_F(ColormapDialog, AColorOrFontThatIsCancelledChangesNothing)
 {
     CPromptScript user;
