@@ -33,7 +33,10 @@ public:
     virtual void RunInTerminal() = 0;
     /** Closes the analysis windows, then the main window. */
     virtual void CloseAll() = 0;
-    /** Stops (true, before a load) and restarts (false) the updates of all views of a simulation. */
+    /**
+     * Stops (true, before a load) and restarts (false) the updates of all views of a simulation; between the
+     * two the user sees the wait cursor.
+     */
     virtual void BlockUpdates(qint64 nSimulationId, bool bBlock) = 0;
     /** A picture of the window, or of one view; null if it can't be drawn. */
     virtual QImage captureImage(const SCapture& capture) = 0;

@@ -242,6 +242,10 @@ void CMainWindow::BlockUpdates(qint64 nSimulationId, bool bBlock)
     for (const qint64 nViewId : CSimulationManager::Instance().GetViewIds(nSimulationId))
         if (IViewer* const pViewer = GetViewerById(nViewId))
             pViewer->GetWidget()->setUpdatesEnabled(!bBlock);
+    if (bBlock)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
 }
 
 QImage CMainWindow::captureImage(const SCapture& capture)

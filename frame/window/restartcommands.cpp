@@ -11,7 +11,7 @@
 #include "frame/window/windowactions.h"
 #include "modules/base/casestorage.h"
 #include "modules/base/restartfile.h"
-#include "modules/base/ui/blockedviews.h"
+#include "modules/base/updateblock.h"
 #include "modules/base/viewcamera.h"
 #include "simulation/simulationmanager.h"
 #include "simulation/undostep.h"
@@ -113,7 +113,7 @@ void CRestartCommands::Show(const SRestartFile& file, const QString& sFolder, bo
     ISimulation* const pSimulation = FindCase(file, sFolder, bData);
     bool bShown = false;
     if (pSimulation) {
-        const CBlockedViews blocked(pSimulation->GetId());
+        const CUpdateBlock block(pSimulation->GetId());
         bShown = EditInOneStep(*pSimulation, [&] {
             return pSimulation->LoadViewState(file.display, active.nViewId, file.dVersion);
         });

@@ -2,7 +2,10 @@
 
 #include "frame/widgetmanager.h"
 
-/** The views of a simulation don't repaint while this lives. Blocks of one simulation don't nest. */
+/**
+ * The views of a simulation don't repaint while this lives, and the window shows the wait cursor. Blocks of
+ * one simulation don't nest.
+ */
 class CUpdateBlock
 {
 public:

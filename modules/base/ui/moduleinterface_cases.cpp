@@ -1,10 +1,11 @@
 // CModuleInterface: saving and opening the cases of a module.
 #include "frame/bytestream.h"
+#include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
 #include "modules/base/casestorage.h"
 #include "modules/base/movedfiles.h"
-#include "modules/base/ui/blockedviews.h"
 #include "modules/base/ui/moduleinterface.h"
+#include "modules/base/updateblock.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 
@@ -60,7 +61,7 @@ qint64 CModuleInterface::Open(const QString& sFile, qint64 nView)
     const qint64 nId = pSimulation->GetId();
     bool bFilled = false;
     {
-        const CBlockedViews blocked(nId);
+        const CUpdateBlock block(nId);
         bFilled = FillCase(*pSimulation, file, nViewId, nView == -1);
     }
     if (bFilled)

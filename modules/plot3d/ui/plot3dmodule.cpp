@@ -2,8 +2,9 @@
 
 #include "frame/messagesink.h"
 #include "frame/novalue.h"
+#include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
-#include "modules/base/ui/blockedviews.h"
+#include "modules/base/updateblock.h"
 #include "modules/plot3d/datafilekeys.h"
 #include "modules/plot3d/fieldview/fieldviewimport.h"
 #include "modules/plot3d/packrecords.h"
@@ -144,7 +145,7 @@ qint64 CPlot3DModule::OpenRecords(const CCaseRecords& records, qint64 nView)
     const qint64 nId = pSimulation->GetId();
     QString sError;
     {
-        const CBlockedViews blocked(nId);
+        const CUpdateBlock block(nId);
         sError = pSimulation->Load(records);
         if (const double dTime = records.ChosenTime(); dTime != STEADY_TIME)
             manager.SetTime(nViewId, nId, dTime);
@@ -198,7 +199,7 @@ bool CPlot3DModule::AddTransient(qint64 nSimulationId)
         return false;
     QString sError;
     {
-        const CBlockedViews blocked(nSimulationId);
+        const CUpdateBlock block(nSimulationId);
         sError = pSimulation->Reload();
     }
     CWidgetManager::Instance().UpdateActiveViewer();
