@@ -10,6 +10,7 @@
 #include "modules/base/pairjson.h"
 #include "modules/base/updateblock.h"
 #include "modules/base/viewcamera.h"
+#include "modules/base/viewjson.h"
 #include "simulation/displayfilechoice.h"
 #include "simulation/simulationmanager.h"
 #include "simulation/undostep.h"
@@ -90,6 +91,8 @@ bool ReadDocument(ISimulation& simulation, const QByteArray& bytes, const QStrin
     }
     if (eStored == StoredBad)
         return Tell("Invalid display file format:\n%1", sFile);
+    if (!IsViewJson(document.display)) // before anything of the case changes
+        return Tell("Failed to load display data from:\n%1", sFile);
     SOverridable values{document.display, MirrorToJson(MirrorFromJson(document.mirror)),
                         SectorsToJson(SectorsFromJson(document.sectors))};
     if (const QStringList sErrorList = ApplyTable(document.overrides, values); !sErrorList.isEmpty())

@@ -166,6 +166,11 @@ void ApplyBlock(ISimulation& simulation, const CItem& block, const QJsonObject& 
     ApplyBoundaries(simulation, block, display[BOUNDARIES].toArray(), nViewId);
 }
 
+QJsonValue ListOfBlocks(const QJsonObject& display)
+{
+    return display[display.contains(BLOCKS) ? BLOCKS : FORMER_BLOCKS];
+}
+
 /** One line for all that is left out. */
 void LogLeftOut(const ISimulation& simulation, const QJsonObject& display, int nBlocks)
 {
@@ -199,16 +204,20 @@ QJsonObject TakeViewJson(const ISimulation& simulation, qint64 nViewId)
     return {{BLOCKS, blocks}};
 }
 
+bool IsViewJson(const QJsonObject& display)
+{
+    return ListOfBlocks(display).isArray() ||
+           std::any_of(std::begin(UNKNOWN_KINDS), std::end(UNKNOWN_KINDS),
+                       [&](const auto& kind) { return display[kind.first].isArray(); });
+}
+
 bool ApplyViewJson(ISimulation& simulation, const QJsonObject& display, qint64 nViewId)
 {
-    const QJsonValue blocks = display[display.contains(BLOCKS) ? BLOCKS : FORMER_BLOCKS];
-    const bool bOther = std::any_of(std::begin(UNKNOWN_KINDS), std::end(UNKNOWN_KINDS),
-                                    [&](const auto& kind) { return display[kind.first].isArray(); });
-    if (!blocks.isArray() && !bOther)
+    if (!IsViewJson(display))
         return false;
     CBlockFinder finder(simulation);
     int nLeftOut = 0;
-    for (const QJsonValue& value : blocks.toArray()) {
+    for (const QJsonValue& value : ListOfBlocks(display).toArray()) {
         const QJsonObject entry = value.toObject();
         if (const CItem* const pBlock = finder.Take(entry))
             ApplyBlock(simulation, *pBlock, entry[DISPLAY].toObject(), nViewId);

@@ -11,6 +11,9 @@ class ISimulation;
 /** The display as it is now. */
 QJsonObject TakeViewJson(const ISimulation& simulation, qint64 nViewId);
 
+/** Whether the object is such a display: one that lists something. */
+bool IsViewJson(const QJsonObject& display);
+
 /**
  * Shows the display. Surfaces that aren't there are made; what it doesn't name stays; a block that the case
  * doesn't have, and kinds that aren't known, are left out, which the log says.

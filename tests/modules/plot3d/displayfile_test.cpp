@@ -135,7 +135,8 @@ TEST_F(DisplayFile, WhatIsNoneIsToldAndChangesNothing)
     EXPECT_EQ(Told(*pWing, sMissing, false), "Display File: Could not open display file:\n" + sMissing);
     const QString sBroken = Store("broken.disp", "{\"version\": 1.0,");
     EXPECT_EQ(Told(*pWing, sBroken, false), "Display File: Invalid display file format:\n" + sBroken);
-    const QString sEmpty = Store("empty.disp", "{}");
+    const QString sEmpty =
+        Store("empty.disp", R"({"userCustomSettings": {"mirror.Q": 1, "dataFiles.gridFile": "other.x"}})");
     EXPECT_EQ(Told(*pWing, sEmpty, false), "Display File: Failed to load display data from:\n" + sEmpty);
     const QString sOld = Store("old.disp", "no such file");
     EXPECT_EQ(Told(*pWing, sOld, false), "Display File: Failed to load display data from:\n" + sOld);
