@@ -160,6 +160,7 @@ CCaseRecords FindCaseFiles(const CDataPack& pack, const QString& sCaseName, cons
     const LocateFile findMoved = [&](const QString& sFormerName) {
         return FindMovedFile(sFormerName, sCaseFolder);
     };
+    ForgetDetectedFiles(); // files may have come back since they were last looked for
     CCaseRecords records = ReadCaseFiles(pack, findMoved);
     const QStringList sMissingList = MissingFiles(records);
     const QString sFolder = sMissingList.isEmpty() ? QString() : AskForMissingFiles(sCaseName, sMissingList);

@@ -102,7 +102,6 @@ bool CPlot3DSimulation::FromBytes(const QByteArray& bytes, double dVersion)
 /** Items are as they were stored; of their files only the data are registered, as far as they are there. */
 void CPlot3DSimulation::RegisterStoredCase()
 {
-    ForgetDetectedFiles();
     const CCaseRecords records = FindCaseFiles(*this, GetName(), CaseFolder());
     if (records.grid.IsEmpty())
         return; // a case without files
