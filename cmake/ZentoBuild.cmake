@@ -12,9 +12,11 @@ set_property(GLOBAL PROPERTY AUTOGEN_TARGETS_FOLDER autogen)
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
-    # Precompiled headers only hit the cache with these.
+    # Precompiled headers only hit the cache with the sloppiness; with paths relative to the checkout another
+    # clone or worktree finds what this one has compiled.
     set(CMAKE_CXX_COMPILER_LAUNCHER
-        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE_PROGRAM})
+        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}
+        CCACHE_NOHASHDIR=1 ${CCACHE_PROGRAM})
     add_compile_options($<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 endif()
 
