@@ -1,5 +1,6 @@
 #include "scene/drawablemanager.h"
 
+#include "scene/arrange.h"
 #include "scene/idrawable.h"
 
 CDrawableManager& CDrawableManager::Instance()
@@ -22,6 +23,12 @@ void CDrawableManager::Remove(IDrawable* pDrawable)
                 m_pairs.erase(it);
             return;
         }
+}
+
+void CDrawableManager::Arrange(qint64 nViewId, qint64 nSimulationId, const QVector<IDrawable*>& first)
+{
+    if (const auto found = m_pairs.find({nViewId, nSimulationId}); found != m_pairs.end())
+        *found = Arranged(*found, first);
 }
 
 IDrawable* CDrawableManager::Find(qint64 nSerial) const

@@ -15,9 +15,12 @@ public:
 
     void Add(qint64 nViewId, qint64 nSimulationId, IDrawable* pDrawable);
     void Remove(IDrawable* pDrawable);
+    /** Puts these of a pair first, in their order, the others behind them. */
+    void Arrange(qint64 nViewId, qint64 nSimulationId, const QVector<IDrawable*>& first);
     /** The drawable with this serial, in whatever view; null for -1 and one that is gone. */
     IDrawable* Find(qint64 nSerial) const;
-    /** In the order in which they were added; the reference is good until the next Add or Remove. */
+    /** In the order of drawing: as they were added or arranged. Good until the next Add, Remove or Arrange.
+     */
     const QVector<IDrawable*>& GetDrawables(qint64 nViewId, qint64 nSimulationId) const;
 
 private:

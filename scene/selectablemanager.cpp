@@ -1,5 +1,7 @@
 #include "scene/selectablemanager.h"
 
+#include "scene/arrange.h"
+#include "scene/drawablemanager.h"
 #include "scene/iselectable.h"
 
 CSelectableManager& CSelectableManager::Instance()
@@ -64,6 +66,24 @@ ISelectable* CSelectableManager::Find(qint64 nViewId, qint64 nSimulationId, qint
 QVector<ISelectable*> CSelectableManager::GetSelectables(qint64 nViewId, qint64 nSimulationId) const
 {
     return m_pairs.value({nViewId, nSimulationId}).all;
+}
+
+void CSelectableManager::Arrange(qint64 nViewId, qint64 nSimulationId, const QVector<ISelectable*>& first)
+{
+    const auto table = m_pairs.find({nViewId, nSimulationId});
+    if (table == m_pairs.end())
+        return;
+    const QVector<ISelectable*> arranged = Arranged(table->all, first);
+    if (arranged == table->all)
+        return;
+    table->all = arranged;
+    table->byItem.clear();
+    QVector<IDrawable*> drawables;
+    for (ISelectable* const pSelectable : arranged) {
+        table->byItem[m_itemOf.value(pSelectable)].append(pSelectable);
+        drawables += pSelectable->drawables();
+    }
+    CDrawableManager::Instance().Arrange(nViewId, nSimulationId, drawables);
 }
 
 QVector<ISelectable*> CSelectableManager::GetSelectables(qint64 nViewId) const

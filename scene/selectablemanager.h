@@ -31,8 +31,10 @@ public:
 
     /** The first of this item in the view, or null. */
     ISelectable* Find(qint64 nViewId, qint64 nSimulationId, qint64 nItemId) const;
-    /** In the order in which they were added. */
+    /** In the order in which they were added or arranged. */
     QVector<ISelectable*> GetSelectables(qint64 nViewId, qint64 nSimulationId) const;
+    /** Puts these of a pair first, in their order, the others behind them; their drawables go along. */
+    void Arrange(qint64 nViewId, qint64 nSimulationId, const QVector<ISelectable*>& first);
     /** Of all simulations of the view, by simulation id. */
     QVector<ISelectable*> GetSelectables(qint64 nViewId) const;
     QVector<ISelectable*> GetSelected(qint64 nViewId, qint64 nSimulationId) const;

@@ -11,6 +11,7 @@ namespace SimulationKey {
 inline constexpr SKey<const char*> NAME{"Name", ""}; // shown in the tab and the item panel
 inline constexpr SKey<const char*> TOOL_TIP{"ToolTip", ""};
 inline constexpr SKey<const char*> DIRECTORY{"Directory", ""}; // of the data files
+inline constexpr SKey<qint64> LAST_ITEM_ID{"#LastItemId", 0};  // written where it isn't that of an item
 inline constexpr SKey<const char*> WORKING_DIRECTORY{"Run.WorkingDirectory", ""};
 inline const SKey<QVector<qint64>> REMOTE_SERVERS{"Run.RemoteServerIdList", {}};
 inline const SKey<QVector<qint64>> REMOTE_PROCESS_COUNTS{"Run.RemoteServerProcessCountList", {}};

@@ -6,6 +6,8 @@
 
 #include <set>
 
+class CByteReader;
+class CByteWriter;
 class CItem;
 
 /**
@@ -39,7 +41,10 @@ public:
     virtual bool IsAppending() const { return m_bAppending; }
 
     // The list.
-    virtual qint64 GetNextItemId() const; ///< id of the last item plus 1; 1 for the first
+    /** Above every id that the case has ever given, over undo, save and open too; 1 for the first. */
+    virtual qint64 GetNextItemId() const { return m_nLastItemId + 1; }
+    /** Notes in the pack, for a file, which ids have been given where the items don't tell it. */
+    void StoreLastItemId();
     virtual qint64 GetItemCount() const { return m_items.size(); }
     virtual qint64 FindItemIndex(qint64 nId, qint64 nSubId = -1) const; ///< -1 if not found
     virtual CItem* GetItem(qint64 nId, qint64 nSubId = -1) const;       ///< null if not found
@@ -124,13 +129,17 @@ protected:
     CItem* InsertItem(CItem* pItem);
     /** Deletes the items, drops their ids from all others and tells dependants; the views aren't told. */
     void RemoveItems(const std::set<ItemAddress>& keys);
+    /** The part of the bytes behind the pack, and what FromBytes says of it. */
+    void WriteItems(CByteWriter& writer) const;
+    bool ReadItems(CByteReader& reader, double dVersion);
 
 private:
     QVector<CItem*> TakeItems(const std::set<ItemAddress>& keys);
-    bool ReadItem(class CByteReader& reader, qint64 nIndex, double dVersion, std::set<ItemAddress>& keysRead);
+    bool ReadItem(CByteReader& reader, qint64 nIndex, double dVersion, std::set<ItemAddress>& keysRead);
     CItem* ItemForStream(qint64 nType, qint64 nKind, qint64 nIndex, const ItemAddress& address);
 
     QVector<CItem*> m_items;
+    qint64 m_nLastItemId = 0; // the highest that was given; what has it may be gone
     qint64 m_nIdOffset = 0;
     bool m_bAppending = false;
 };

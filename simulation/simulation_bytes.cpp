@@ -14,13 +14,24 @@ QByteArray ISimulationItems::ToBytes() const
 {
     CByteWriter writer;
     writer.Write(CDataPack::ToBytes());
+    WriteItems(writer);
+    return writer.Take();
+}
+
+void ISimulationItems::WriteItems(CByteWriter& writer) const
+{
     writer.Write(qint64(m_items.size()));
     for (const CItem* const pItem : m_items) {
         for (const qint64 nValue : {pItem->GetId(), pItem->GetSubId(), pItem->GetType(), pItem->GetKind()})
             writer.Write(nValue);
         writer.Write(pItem->ToBytes());
     }
-    return writer.Take();
+}
+
+void ISimulationItems::StoreLastItemId()
+{
+    const bool bTold = m_items.isEmpty() ? m_nLastItemId == 0 : m_items.last()->GetId() == m_nLastItemId;
+    Set(*this, SimulationKey::LAST_ITEM_ID, bTold ? 0 : m_nLastItemId);
 }
 
 bool ISimulationItems::FromBytes(const QByteArray& bytes, double dVersion)
@@ -31,6 +42,13 @@ bool ISimulationItems::FromBytes(const QByteArray& bytes, double dVersion)
         return false;
     if (m_nIdOffset == 0 && !m_bAppending && !CDataPack::FromBytes(pack, dVersion))
         return false;
+    if (const qint64 nLast = Get(*this, SimulationKey::LAST_ITEM_ID); nLast < LAST_ID / 2) // or it is damaged
+        m_nLastItemId = std::max(m_nLastItemId, nLast);
+    return ReadItems(reader, dVersion);
+}
+
+bool ISimulationItems::ReadItems(CByteReader& reader, double dVersion)
+{
     std::set<ItemAddress> stale;
     for (const CItem* const pItem : std::as_const(m_items))
         if (!m_bAppending && pItem->GetId() > m_nIdOffset)
@@ -62,6 +80,9 @@ bool ISimulationItems::ReadItem(CByteReader& reader, qint64 nIndex, double dVers
         return false;
     const ItemAddress address(nId, nSubId);
     read.insert(address);
+    const CItem* const pFormer = GetItem(nId, nSubId);
+    if (pFormer && m_nIdOffset == 0 && pFormer->ToBytes() == blob)
+        return true;
     CItem* const pItem = ItemForStream(nType, nKind, nIndex, address);
     if (!pItem)
         return true; // of a kind that only a later version knows
@@ -75,6 +96,8 @@ bool ISimulationItems::ReadItem(CByteReader& reader, qint64 nIndex, double dVers
     pItem->SetKind(nKind);
     pItem->SetSimulationId(GetId());
     pItem->OnAttached();
+    if (pItem == pFormer)
+        pItem->RefreshSelectable(-1);
     return bOk;
 }
 

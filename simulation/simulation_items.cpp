@@ -48,8 +48,6 @@ qint64 ISimulationItems::GetCellCount() const
     return nSum;
 }
 
-qint64 ISimulationItems::GetNextItemId() const { return m_items.isEmpty() ? 1 : m_items.last()->GetId() + 1; }
-
 qint64 ISimulationItems::FindItemIndex(qint64 nId, qint64 nSubId) const
 {
     const qint64 nLowest = nSubId == -1 ? std::numeric_limits<qint64>::min() : nSubId;
@@ -115,6 +113,7 @@ CItem* ISimulationItems::InsertItem(CItem* pItem)
 {
     pItem->SetSimulationId(GetId());
     pItem->SetSimulation(this);
+    m_nLastItemId = std::max(m_nLastItemId, pItem->GetId());
     const Address address = AddressOf(pItem);
     if (m_items.isEmpty() || AddressOf(m_items.last()) < address)
         m_items.append(pItem); // a case that is read comes in order

@@ -76,6 +76,7 @@ SCaseFile TakeCase(const ISimulation& simulation, const QString& sModule)
 
 bool SaveCase(ISimulation& simulation, const QString& sModule, const QString& sFileName)
 {
+    simulation.StoreLastItemId();
     const SCaseFile file = TakeCase(simulation, sModule);
     if (!ReplaceFile(sFileName, file.ToBytes()))
         return false;

@@ -8,6 +8,7 @@
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"
+#include "simulation/item.h"
 #include "simulation/simulationmanager.h"
 
 namespace {
@@ -78,6 +79,24 @@ void ApplyShown(ISelectable& selectable, const SViewState::SShown& shown, double
     manager.NotifyMaskChanged(&selectable);
 }
 
+/** What was deleted and is back stands at the end: everything goes where it stood, below its parent too. */
+void Arrange(const ISimulation& simulation, qint64 nViewId, const QVector<ISelectable*>& inOrder)
+{
+    CSelectableManager& manager = CSelectableManager::Instance();
+    const QVector<ISelectable*> former = manager.GetSelectables(nViewId, simulation.GetId());
+    if (std::equal(inOrder.begin(), inOrder.end(), former.begin(), former.begin() + inOrder.size()))
+        return;
+    manager.Arrange(nViewId, simulation.GetId(), inOrder);
+    for (ISelectable* const pSelectable : inOrder) {
+        CItem* const pItem = simulation.GetItem(pSelectable->itemId());
+        const CItem* const pParentItem = simulation.GetItem(pItem->GetParentId());
+        if (ISelectable* const pParent = pParentItem ? pParentItem->GetSelectable(nViewId) : nullptr) {
+            pParent->removeChild(pSelectable);
+            pItem->UpdateSelectableParent(nViewId);
+        }
+    }
+}
+
 } // namespace
 
 QByteArray SViewState::ToBytes() const
@@ -142,9 +161,13 @@ void ApplyViewState(ISimulation& simulation, const SViewState& state, qint64 nVi
     CShownItems items(simulation, nViewId);
     const QVector<qint64> itemIds =
         dVersion == SESSION_VERSION ? items.FindById(state.shown) : items.FindStored(state.shown);
+    QVector<ISelectable*> inOrder;
     for (int n = 0; n < itemIds.size(); ++n)
-        if (ISelectable* const pSelectable = items.Take(itemIds[n], state.shown[n].nKind))
+        if (ISelectable* const pSelectable = items.Take(itemIds[n], state.shown[n].nKind)) {
             ApplyShown(*pSelectable, state.shown[n], dVersion);
+            inOrder.append(pSelectable);
+        }
+    Arrange(simulation, nViewId, inOrder);
     if (const qint64 nMissing = itemIds.count(-1); nMissing > 0 && dVersion != SESSION_VERSION)
         CMessageSink::Instance().Log(QString("%1: %2 of the items in the stored display are not in the case")
                                          .arg(simulation.GetName(), QString::number(nMissing)));

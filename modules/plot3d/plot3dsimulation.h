@@ -103,14 +103,6 @@ public:
     bool FreeStreamAssumed() const override;
 
 private:
-    /** An item that was deleted, for undo to bring back. */
-    struct SDeletedItem
-    {
-        qint64 nType = NO_ID;
-        qint64 nKind = NO_ID;
-        QByteArray bytes;
-    };
-
     /** A display as it was stored, and what of it could be shown without the data. */
     struct SKeptDisplay
     {
@@ -131,8 +123,10 @@ private:
 
     void PassLegendsOf(const QVector<qint64>& ids) const;
     void RemoveWithData(const QVector<qint64>& ids);
-    void RestoreItems(const QVector<qint64>& ids);
-    void SyncItems(const QVector<qint64>& ids);
+    void RemoveData(qint64 nId) const;
+    QByteArray ItemBytes() const;
+    /** Makes the items, with their data and selectables, those of an undo state. */
+    bool RestoreItems(const QByteArray& bytes);
 
     SPlot3DCase m_case; // as it was examined last
     bool m_bDisplayChosen = false;
@@ -141,6 +135,5 @@ private:
     QMap<qint64, SKeptDisplay>
         m_keptDisplays; // by view, while data are missing: to show and store them again
     QString m_sToolTip;
-    QMap<qint64, SDeletedItem> m_deleted; // by item id
-    qint64 m_nLoads = 0;                  // since then the items are others than in older undo states
+    qint64 m_nLoads = 0; // since then the items are others than in older undo states
 };

@@ -16,18 +16,25 @@ namespace {
 struct SUndoItems
 {
     qint64 nLoads = 0; ///< since then the items are others than in older states
-    QVector<qint64> itemIds;
+    QByteArray items;
 
-    bool Read(CByteReader& reader) { return reader.Read(nLoads) && reader.Read(itemIds); }
+    bool Read(CByteReader& reader) { return reader.Read(nLoads) && reader.Read(items); }
 };
 
 } // namespace
+
+QByteArray CPlot3DSimulation::ItemBytes() const
+{
+    CByteWriter writer;
+    WriteItems(writer);
+    return writer.Take();
+}
 
 QByteArray CPlot3DSimulation::CaptureState() const
 {
     CByteWriter writer;
     writer.Write(m_nLoads);
-    writer.Write(GetItemIds());
+    writer.Write(ItemBytes());
     writer.Write(ISimulation::CaptureState());
     return writer.Take();
 }
@@ -39,9 +46,11 @@ bool CPlot3DSimulation::RestoreState(const QByteArray& state)
     QByteArray views;
     if (!items.Read(reader) || !reader.Read(views))
         return false;
-    if (items.nLoads == m_nLoads) // not of what was loaded before
-        SyncItems(items.itemIds);
-    return ISimulation::RestoreState(views);
+    const bool bOfThisLoad = items.nLoads == m_nLoads; // items of an earlier one are others
+    if (bOfThisLoad && !RestoreItems(items.items))
+        return false;
+    // A view that gets its former plane moves the plane of the item too, which may be that of another view.
+    return ISimulation::RestoreState(views) && (!bOfThisLoad || RestoreItems(items.items));
 }
 
 bool CPlot3DSimulation::IsCurrentState(const QByteArray& state) const
@@ -50,7 +59,7 @@ bool CPlot3DSimulation::IsCurrentState(const QByteArray& state) const
     SUndoItems items;
     QByteArray views;
     return items.Read(reader) && reader.Read(views) &&
-           (items.nLoads != m_nLoads || items.itemIds == GetItemIds()) && ISimulation::IsCurrentState(views);
+           (items.nLoads != m_nLoads || items.items == ItemBytes()) && ISimulation::IsCurrentState(views);
 }
 
 QByteArray CPlot3DSimulation::SaveViewState(qint64 nViewId) const

@@ -1,10 +1,12 @@
 // CPlot3DSimulation: what the user does to its items and files.
 #include "data/gridmanager.h"
 #include "data/solutionmanager.h"
+#include "frame/bytestream.h"
 #include "frame/preferencekeys.h"
 #include "frame/preferences.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
+#include "modules/base/viewstate.h"
 #include "modules/plot3d/block.h"
 #include "modules/plot3d/boundaryitem.h"
 #include "modules/plot3d/icasefileseditor.h"
@@ -31,6 +33,14 @@ bool AskDelete(const QVector<ISelectable*>& selected)
                                      QString("Would you like to delete the selected items from the "
                                              "simulation? [%1 items selected]")
                                          .arg(selected.size()));
+}
+
+/** Those of the first list that aren't in the second; both ascend. */
+QVector<qint64> Missing(const QVector<qint64>& ids, const QVector<qint64>& from)
+{
+    QVector<qint64> missing;
+    std::set_difference(ids.begin(), ids.end(), from.begin(), from.end(), std::back_inserter(missing));
+    return missing;
 }
 
 } // namespace
@@ -84,7 +94,6 @@ void CPlot3DSimulation::DeleteAllItems()
     CSolutionManager::Instance().RemoveSimulation(GetId());
     CGridManager::Instance().RemoveSimulation(GetId());
     DeleteItems(-1);
-    m_deleted.clear();
 }
 
 void CPlot3DSimulation::DeleteItem(qint64 nId, qint64)
@@ -150,7 +159,7 @@ void CPlot3DSimulation::PassLegendsOf(const QVector<qint64>& ids) const
     }
 }
 
-/** With all below them and their data. They can come back (RestoreItems). */
+/** With all below them and their data. */
 void CPlot3DSimulation::RemoveWithData(const QVector<qint64>& ids)
 {
     if (ids.isEmpty())
@@ -159,52 +168,38 @@ void CPlot3DSimulation::RemoveWithData(const QVector<qint64>& ids)
     for (const CItem* const pItem : GetItemsFromSelection(ids))
         for (const qint64 nId : pItem->GetChildIds(-1, true)) {
             const CItem* const pGone = GetItem(nId);
-            if (!keys.insert({nId, pGone->GetSubId()}).second)
-                continue;
-            m_deleted.insert(nId, {pGone->GetType(), pGone->GetKind(), pGone->ToBytes()});
-            CSolutionManager::Instance().RemoveItem(GetId(), nId);
-            CGridManager::Instance().RemoveItem(GetId(), nId);
+            if (keys.insert({nId, pGone->GetSubId()}).second)
+                RemoveData(nId);
         }
     RemoveItems(keys);
 }
 
-void CPlot3DSimulation::RestoreItems(const QVector<qint64>& ids)
+bool CPlot3DSimulation::RestoreItems(const QByteArray& bytes)
 {
-    QVector<CItem*> restored;
-    QVector<qint64> itemIds(m_case.blocks.size(), NO_ID); // parallel to the blocks of the files
-    for (const qint64 nId : ids) {
-        if (!m_deleted.contains(nId))
-            continue;
-        const SDeletedItem deleted = m_deleted.take(nId);
-        CItem* const pItem = CreateItem(deleted.nType, deleted.nKind, false, GetItemCount(), nId, 0);
-        pItem->FromBytes(deleted.bytes, -1.0);
-        pItem->SetSimulationId(GetId());
-        if (CItem* const pParent = GetItem(pItem->GetParentId()))
-            pParent->AddChild(nId, true);
-        if (deleted.nType == KindBlock)
+    const QVector<qint64> formerIds = GetItemIds();
+    CByteReader reader(bytes);
+    if (!ReadItems(reader, SESSION_VERSION))
+        return false;
+    const QVector<qint64> ids = GetItemIds();
+    for (const qint64 nId : Missing(formerIds, ids))
+        RemoveData(nId);
+    const QVector<qint64> back = Missing(ids, formerIds);
+    if (back.isEmpty())
+        return true;
+    QVector<qint64> blockIds(m_case.blocks.size(), NO_ID); // parallel to the blocks of the files
+    for (CItem* const pItem : GetItemsFromSelection(back))
+        if (pItem->GetType() == KindBlock)
             if (const int n = m_case.blockIndices.indexOf(static_cast<CBlock*>(pItem)->GetFileIndex());
                 n >= 0)
-                itemIds[n] = nId;
-        restored.append(pItem);
-    }
-    RegisterPlot3DData(GetId(), m_case, itemIds);
-    for (CItem* const pItem : std::as_const(restored))
+                blockIds[n] = pItem->GetId();
+    RegisterPlot3DData(GetId(), m_case, blockIds);
+    for (CItem* const pItem : GetItemsFromSelection(back))
         pItem->CreateSelectable(-1);
+    return true;
 }
 
-/** Makes the items those of an undo state. */
-void CPlot3DSimulation::SyncItems(const QVector<qint64>& ids)
+void CPlot3DSimulation::RemoveData(qint64 nId) const
 {
-    const QSet<qint64> wanted(ids.begin(), ids.end());
-    QVector<qint64> extra;
-    for (const qint64 nId : GetItemIds())
-        if (!wanted.contains(nId))
-            extra.append(nId);
-    QVector<qint64> missing;
-    for (const qint64 nId : ids)
-        if (!GetItem(nId))
-            missing.append(nId);
-    RemoveWithData(extra);
-    if (!missing.isEmpty())
-        RestoreItems(missing);
+    CSolutionManager::Instance().RemoveItem(GetId(), nId);
+    CGridManager::Instance().RemoveItem(GetId(), nId);
 }

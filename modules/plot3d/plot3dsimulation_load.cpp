@@ -163,7 +163,6 @@ QVector<qint64> CPlot3DSimulation::UpdateBlocks(const CCaseRecords& records, con
     stale.erase(std::remove_if(stale.begin(), stale.end(), [&](qint64 nId) { return kept.contains(nId); }),
                 stale.end());
     RemoveWithData(stale);
-    m_deleted.clear(); // what a new choice of files leaves out can't come back by an undo
     return itemIds;
 }
 
@@ -238,7 +237,6 @@ void CPlot3DSimulation::UpdateBoundaries()
         else
             added.append(record);
     RemoveWithData(former.values().toVector());
-    m_deleted.clear();
     QHash<qint64, CItem*> blocks; // by number
     for (CItem* const pItem : GetItems(KindBlock))
         blocks.insert(static_cast<CBlock*>(pItem)->GetFileIndex() + 1, pItem);
