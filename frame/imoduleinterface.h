@@ -75,6 +75,11 @@ public:
     virtual bool Save(const QString& sFile, qint64 nSimulationId) = 0;
     virtual bool CanOpen() const = 0;
     virtual qint64 Open(const QString& sFile, qint64 nViewId) = 0;
+    /**
+     * A second case in another view that starts as the first one is in its own, with a name of its own and no
+     * file.
+     */
+    virtual qint64 OpenCopy(qint64 nSimulationId, qint64 nFromViewId, qint64 nToViewId) = 0;
     virtual bool CanAnalyze() const = 0;
     virtual qint64 Analyze(qint64 nViewId) = 0;
     /**

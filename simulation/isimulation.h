@@ -6,6 +6,7 @@
 #include "simulation/undostack.h"
 
 #include <QJsonObject>
+#include <QMap>
 
 class CProcess;
 class ISelectable;
@@ -52,6 +53,19 @@ public:
     virtual QString LoadDataFiles(const QJsonObject&, const QString& /*sFolder*/) { return {}; }
     /** Opens the data dialog of plain grids; false where there is none. */
     virtual bool EditData() { return false; }
+
+    // What was saved (simulation_saved.cpp).
+    /** SaveViewState without what a user doesn't edit: the selection. */
+    virtual QByteArray SaveViewEdits(qint64 nViewId) const { return SaveViewState(nViewId); }
+    /** The case as it is now, in all of its views, is what was saved or opened. */
+    void NoteSaved();
+    /** What there is was never saved, whatever it may be compared with. */
+    void NoteUnsaved();
+    /**
+     * Whether what a file would hold, camera and selection apart, differs from what was saved or opened. A
+     * case of which neither was noted is judged by its steps of undo.
+     */
+    bool HasUnsavedEdits() const;
 
     // Undo and closing (simulation_undo.cpp).
     virtual bool AllowsSaving() const { return true; }
@@ -151,6 +165,7 @@ private:
     void StepBack(CUndoStack& from, CUndoStack& to);
 
     CTimeTable m_times;
+    QMap<qint64, QByteArray> m_savedViews; // by view: SaveViewEdits as of the last save or open
     qint64 m_nUndoDepth = 0;
     QByteArray m_pendingState; // captured by the outermost BeginUndoStep
     CUndoStack m_undo;

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QObject>
 #include <QProcess>
+#include <QSet>
 #include <QStringList>
 #include <QVector>
 
@@ -91,9 +92,10 @@ public:
 
     // Closing (simulationmanager_closing.cpp).
     /**
-     * Asks all that has to be asked before the simulations may close: first whether what isn't saved or
-     * still runs may go, then, for each with display files, whether to keep its display under another
-     * name. Any refusal leaves everything as it was. After the last answer running processes are killed.
+     * Asks all that has to be asked before the simulations may close: first whether what still runs may go
+     * and what to do with unsaved edits, then, for each with display files that was neither saved nor asked
+     * about, whether to keep its display under another name. Any refusal leaves everything open. After the
+     * last answer running processes are killed.
      *
      * @return true if the caller may remove them from their views; CopyDisplayFiles afterwards
      */
@@ -110,6 +112,8 @@ signals:
     void SignalViewSimulationsChanged(qlonglong nViewId);
     void SignalSimulationTimeChanged(qlonglong nViewId, qlonglong nSimulationId);
     void SignalSimulationNameChanged(qlonglong nSimulationId);
+    /** To its file, which GetFilePath tells. */
+    void SignalSimulationSaved(qlonglong nSimulationId);
     void SignalSimulationTransientChanged(qlonglong nSimulationId);
     void SignalSimulationProcessStateChanged(qlonglong nSimulationId, QProcess::ProcessState eState);
     void SignalSimulationProcessDataChanged(qlonglong nSimulationId);
@@ -178,6 +182,7 @@ private:
     void DeleteRow(qint64 nSimulationId);
     void Collect(qint64 nSimulationId, const QByteArray& bytes);
     void NoteDisplayFile(qint64 nSimulationId);
+    bool AskUnsaved(const QVector<qint64>& simulationIds, QSet<qint64>& askedIds) const;
     bool AskDisplayFile(qint64 nSimulationId, QVector<SDisplayCopy>& copies) const;
 
     std::vector<SSimulationRow> m_simulations; // ascending ids

@@ -1,6 +1,7 @@
 // CSimulationManager: the questions before simulations close, and what they lead to.
 #include "frame/replacefile.h"
 #include "frame/userprompt.h"
+#include "simulation/casesaving.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 
@@ -51,9 +52,12 @@ bool CSimulationManager::CloseSimulations(const QVector<qint64>& simulationIds)
         if (!sWarning.isEmpty() && !UserPrompt::Confirm("Close Simulation", sWarning))
             return false;
     }
+    QSet<qint64> askedIds;
+    if (!AskUnsaved(simulationIds, askedIds))
+        return false;
     QVector<SDisplayCopy> copies;
     for (const qint64 nId : simulationIds)
-        if (!AskDisplayFile(nId, copies))
+        if (!askedIds.contains(nId) && !AskDisplayFile(nId, copies))
             return false;
     m_displayCopies = copies;
     for (const qint64 nId : simulationIds)
@@ -75,13 +79,36 @@ bool CSimulationManager::CloseInView(qint64 nSimulationId, qint64 nViewId)
     return true;
 }
 
-/** False if the user cancelled. */
+/** False if the user cancelled, or wanted to save and couldn't. */
+bool CSimulationManager::AskUnsaved(const QVector<qint64>& simulationIds, QSet<qint64>& askedIds) const
+{
+    enum { SAVE, DISCARD, CANCEL };
+    for (const qint64 nId : simulationIds) {
+        const ISimulation* const pSimulation = GetSimulation(nId);
+        if (!pSimulation || !CaseSaving::CanSave(*pSimulation) || !pSimulation->HasUnsavedEdits())
+            continue;
+        const QString sText = QString("'%1' has changes that are not saved. Would you like to save them?");
+        const int nAnswer = UserPrompt::Ask({PromptQuestion,
+                                             "Close Simulation",
+                                             sText.arg(pSimulation->GetName()),
+                                             {"Save", "Discard", "Cancel"},
+                                             SAVE,
+                                             CANCEL});
+        if (nAnswer == CANCEL || (nAnswer == SAVE && !CaseSaving::Save(*pSimulation)))
+            return false;
+        askedIds.insert(nId);
+    }
+    return true;
+}
+
+/** False if the user cancelled. What is saved in a file of the case isn't asked about. */
 bool CSimulationManager::AskDisplayFile(qint64 nSimulationId, QVector<SDisplayCopy>& copies) const
 {
     enum { SAVE_AS, CLOSE, CANCEL };
     const ISimulation* const pSimulation = GetSimulation(nSimulationId);
     const QString sDirectory = pSimulation ? Get(*pSimulation, SimulationKey::DIRECTORY) : QString();
-    if (sDirectory.isEmpty() || QDir(sDirectory).entryList(DISPLAY_FILES, QDir::Files).isEmpty())
+    if (sDirectory.isEmpty() || !pSimulation->GetFilePath().isEmpty() ||
+        QDir(sDirectory).entryList(DISPLAY_FILES, QDir::Files).isEmpty())
         return true;
     const QString sText = QString("Would you like to save '%1' display file with a different name?");
     const int nAnswer = UserPrompt::Ask({PromptQuestion,

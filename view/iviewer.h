@@ -8,7 +8,7 @@ class QWidget;
 enum ViewSplit_e {
     SplitEmpty,    ///< no case
     SplitInstance, ///< the same cases, whose display settings follow each other
-    SplitCopy,     ///< the same cases, with display settings of their own
+    SplitCopy,     ///< cases of its own that start the same
     SplitPlotter,  ///< an analysis item
 };
 

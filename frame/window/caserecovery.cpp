@@ -121,8 +121,7 @@ bool CCaseRecovery::Recover(const SAutosaveFile& content) const
         return false;
     ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(nId);
     pSimulation->SetFilePath(content.sFilePath);
-    pSimulation->SetSavedData("unsaved"); // unlike all that a case can be
-    pSimulation->SetSavedDisplay({});
+    pSimulation->NoteUnsaved();
     ShowCase::InActiveView(nId);
     return true;
 }

@@ -81,14 +81,18 @@ qint64 CreateCase(const QStringList& sFileList, const QVector<qint64>& formerIds
     return nSimulationId;
 }
 
-/** A new case of data files: the user may want it as it was looked at before. */
-void OfferDisplay(qint64 nSimulationId, const QVector<qint64>& formerIds)
+/**
+ * A new case of data files: the user may want it as it was looked at before. What changes from then on is an
+ * edit.
+ */
+void FinishOpening(qint64 nSimulationId, const QVector<qint64>& formerIds)
 {
     ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(nSimulationId);
     if (!pSimulation || formerIds.contains(nSimulationId))
         return;
     pSimulation->ChooseDisplayFile(CWidgetManager::Instance().GetActiveViewId());
     ShowCase::InActiveView(nSimulationId);
+    pSimulation->NoteSaved();
 }
 
 IModuleInterface* ModuleOf(const QAction* pAction)
@@ -127,8 +131,11 @@ void CFileCommands::FillModuleMenu(QMenu* pMenu, bool (IModuleInterface::*can)()
 
 void CFileCommands::SlotNewSimulation(QAction* pAction)
 {
-    if (IModuleInterface* const pModule = ModuleOf(pAction))
-        ShowCase::InActiveView(pModule->CreateNew());
+    IModuleInterface* const pModule = ModuleOf(pAction);
+    const qint64 nSimulationId = pModule ? pModule->CreateNew() : -1;
+    ShowCase::InActiveView(nSimulationId);
+    if (ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(nSimulationId))
+        pSimulation->NoteSaved();
 }
 
 void CFileCommands::SlotAnalyzeSimulation(QAction* pAction)
@@ -139,7 +146,7 @@ void CFileCommands::SlotAnalyzeSimulation(QAction* pAction)
     const QVector<qint64> openIds = CSimulationManager::Instance().GetSimulationIds();
     const qint64 nSimulationId = pModule->Analyze(-1);
     ShowCase::InActiveView(nSimulationId);
-    OfferDisplay(nSimulationId, openIds);
+    FinishOpening(nSimulationId, openIds);
 }
 
 void CFileCommands::SlotOpenSimulation(const QString& sFileName)
@@ -191,5 +198,5 @@ void CFileCommands::OpenFiles(const QStringList& sFileList)
     if (nSimulationId == -1)
         return;
     m_recentFiles.Add(sDataFileList.first());
-    OfferDisplay(nSimulationId, openIds);
+    FinishOpening(nSimulationId, openIds);
 }

@@ -42,6 +42,8 @@
 
 namespace {
 
+constexpr int UNSAVED_DELAY_MS = 100;
+
 /** Calls the function with each module, in the order of their ids. */
 template <class Function> void ForEachModule(const Function& function)
 {
@@ -81,7 +83,7 @@ CMainWindow::CMainWindow() : m_pUi(new Ui::CMainWindow)
     ApplyFontIncrement(this);
     CWidgetManager::Instance().Register(this, CWidgetManager::MAIN_WINDOW);
     m_defaultLayout = TakeLayout(*this);
-    setWindowTitle(QString("%1 %2").arg(ApplicationInfo::NAME, ApplicationInfo::VERSION));
+    setWindowTitle(QString("%1 %2[*]").arg(ApplicationInfo::NAME, ApplicationInfo::VERSION));
     m_bWasMaximised = RestoreWindow(*this, m_defaultLayout);
     CSimulationManager& manager = CSimulationManager::Instance();
     connect(&manager, &CSimulationManager::SignalSimulationNameChanged, this,
@@ -92,6 +94,11 @@ CMainWindow::CMainWindow() : m_pUi(new Ui::CMainWindow)
     });
     connect(&CSelectableManager::Instance(), &CSelectableManager::SignalSelectionChanged, this,
             &CMainWindow::UpdateActions);
+    m_unsavedTimer.setSingleShot(true);
+    m_unsavedTimer.setInterval(UNSAVED_DELAY_MS);
+    connect(&m_unsavedTimer, &QTimer::timeout, this, &CMainWindow::SlotShowUnsaved);
+    connect(&manager, &CSimulationManager::SignalSimulationTimeChanged, &m_unsavedTimer,
+            qOverload<>(&QTimer::start));
     SlotActiveSimulationChanged();
     StartupTimings::Note("fonts, layout");
     ApplyTheme();
@@ -205,6 +212,14 @@ void CMainWindow::UpdateActions()
     m_pToolBars->ShowSelection();
     const qint64 nSimulationId = state.pSimulation ? state.pSimulation->GetId() : -1;
     ForEachModule([&](IModuleInterface& module) { module.UpdateActions(state.nViewId, nSimulationId); });
+    m_unsavedTimer.start();
+}
+
+void CMainWindow::SlotShowUnsaved()
+{
+    m_pTabs->ShowUnsaved();
+    const ISimulation* const pActive = GetActiveSimulation(GetActiveViewId());
+    setWindowModified(pActive && pActive->HasUnsavedEdits());
 }
 
 void CMainWindow::RefreshDocks(qint64 nViewId, bool, bool)

@@ -7,6 +7,7 @@
 
 #include <QMainWindow>
 #include <QStringList>
+#include <QTimer>
 
 #include <memory>
 
@@ -83,6 +84,8 @@ public slots:
     /** The tab, the view or what stands in the view has changed: all that shows it follows. */
     void SlotActiveSimulationChanged();
     void SlotSimulationNameChanged(qlonglong nSimulationId);
+    /** Tabs and title tell whether there are unsaved edits. */
+    void SlotShowUnsaved();
     void SlotPreferences();
     void SlotExportScreenshot();
     /** Takes over theme, font size and width of the splitters. */
@@ -109,6 +112,7 @@ private:
     void ShowPopupMenu(const QPoint& position, const QList<QAction*>& further);
 
     const std::unique_ptr<Ui::CMainWindow> m_pUi;
+    QTimer m_unsavedTimer;     // looking for edits takes the bytes of the case: once for many changes
     QStringList m_styleSheets; // 4, by the preference "GUI.Theme"
     SWindowLayout m_defaultLayout;
     bool m_bWasMaximised = false;

@@ -110,6 +110,7 @@ void CRestartCommands::Show(const SRestartFile& file, const QString& sFolder, bo
                          "active simulation");
         return;
     }
+    const QVector<qint64> openIds = CSimulationManager::Instance().GetSimulationIds();
     ISimulation* const pSimulation = FindCase(file, sFolder, bData);
     bool bShown = false;
     if (pSimulation) {
@@ -124,4 +125,6 @@ void CRestartCommands::Show(const SRestartFile& file, const QString& sFolder, bo
     }
     ApplyCameraBlock(active.nViewId, file.camera);
     ShowCase::InActiveView(pSimulation->GetId());
+    if (!openIds.contains(pSimulation->GetId()))
+        pSimulation->NoteSaved();
 }

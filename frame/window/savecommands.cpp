@@ -1,6 +1,5 @@
 #include "frame/window/savecommands.h"
 
-#include "frame/moduleregistry.h"
 #include "frame/replacefile.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
@@ -9,24 +8,16 @@
 #include "frame/window/recentfiles.h"
 #include "frame/window/windowactions.h"
 #include "modules/base/displayfile.h"
+#include "simulation/casesaving.h"
 #include "simulation/isimulation.h"
+#include "simulation/simulationmanager.h"
 
 #include <QDateTime>
 #include <QDir>
 
 namespace {
 
-constexpr const char *SAVE_TITLE = "Save Simulation", *EXPORT_TITLE = "Export Display State";
-
-/** The file of the case, or a name for one beside its data. */
-QString StartName(const ISimulation& simulation)
-{
-    if (!simulation.GetFilePath().isEmpty())
-        return simulation.GetFilePath();
-    const QString sDirectory = Get(simulation, SimulationKey::DIRECTORY);
-    const QString sName = simulation.GetName().isEmpty() ? QString("case") : simulation.GetName();
-    return QDir(sDirectory.isEmpty() ? QDir::currentPath() : sDirectory).filePath(sName + ".zento");
-}
+constexpr const char* EXPORT_TITLE = "Export Display State";
 
 } // namespace
 
@@ -35,33 +26,25 @@ CSaveCommands::CSaveCommands(CWindowActions& actions, CRecentFiles& recentFiles)
     actions.Bind(ActionSave, this, &CSaveCommands::SlotSaveSimulation);
     actions.Bind(ActionSaveAs, this, &CSaveCommands::SlotSaveAsSimulation);
     actions.Bind(ActionDisplayState, this, &CSaveCommands::SlotExportDisplayState);
+    connect(&CSimulationManager::Instance(), &CSimulationManager::SignalSimulationSaved, this,
+            &CSaveCommands::SlotSimulationSaved);
 }
 
 void CSaveCommands::SlotSaveSimulation()
 {
-    const SActivePair active;
-    if (active.pSimulation && !active.pSimulation->GetFilePath().isEmpty())
-        Save(*active.pSimulation, active.pSimulation->GetFilePath());
-    else
-        SlotSaveAsSimulation();
+    if (const SActivePair active; active.pSimulation)
+        CaseSaving::Save(*active.pSimulation);
 }
 
 void CSaveCommands::SlotSaveAsSimulation()
 {
-    const SActivePair active;
-    if (!active.pSimulation)
-        return;
-    const QString sFile = UserPrompt::AskFile(
-        {SAVE_TITLE, StartName(*active.pSimulation), "Simulation File (*.zento)", true, ".zento"});
-    if (!sFile.isEmpty())
-        Save(*active.pSimulation, sFile);
+    if (const SActivePair active; active.pSimulation)
+        CaseSaving::SaveAs(*active.pSimulation);
 }
 
-void CSaveCommands::Save(const ISimulation& simulation, const QString& sFile)
+void CSaveCommands::SlotSimulationSaved(qlonglong nSimulationId)
 {
-    IModuleInterface* const pModule = CModuleRegistry::Instance().FindById(simulation.GetModuleId());
-    if (!pModule || !pModule->Save(sFile, simulation.GetId()))
-        return;
+    const QString sFile = CSimulationManager::Instance().GetSimulation(nSimulationId)->GetFilePath();
     emit SignalSaved();
     m_recentFiles.Add(sFile);
     CWidgetManager::Instance().SetStatusText(QString("Saved to %1").arg(sFile));

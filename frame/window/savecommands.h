@@ -4,7 +4,6 @@
 
 class CRecentFiles;
 class CWindowActions;
-class ISimulation;
 
 /** Saving the case on top of the active view, and exporting what that view shows. */
 class CSaveCommands : public QObject
@@ -19,15 +18,14 @@ signals:
     void SignalSaved();
 
 public slots:
-    /** Saves to the file of the case; asks for one if it has none. */
     void SlotSaveSimulation();
-    /** Asks for a file. A name without the ending ".zento" gets it. */
     void SlotSaveAsSimulation();
     /** Asks for a display file and writes it. */
     void SlotExportDisplayState();
 
-private:
-    void Save(const ISimulation& simulation, const QString& sFile);
+private slots:
+    void SlotSimulationSaved(qlonglong nSimulationId);
 
+private:
     CRecentFiles& m_recentFiles;
 };

@@ -6,6 +6,16 @@
 #include <QScopedValueRollback>
 #include <QTabBar>
 
+namespace {
+
+QString TabText(const ISimulation& simulation)
+{
+    const QString sMark = simulation.HasUnsavedEdits() ? QString(" *") : QString();
+    return simulation.GetName().replace('&', "&&") + sMark;
+}
+
+} // namespace
+
 CSimulationTabs::CSimulationTabs(QTabBar* pTabBar) : m_pTabBar(pTabBar) {}
 
 qint64 CSimulationTabs::IdAt(int nIndex) const
@@ -27,7 +37,7 @@ void CSimulationTabs::Fill(qint64 nViewId)
         m_pTabBar->addTab({});
     for (int n = 0; n < ids.size(); ++n) {
         const ISimulation* const pSimulation = manager.GetSimulation(ids[n]);
-        m_pTabBar->setTabText(n, pSimulation->GetName().replace('&', "&&"));
+        m_pTabBar->setTabText(n, TabText(*pSimulation));
         m_pTabBar->setTabToolTip(n, pSimulation->GetToolTip());
         m_pTabBar->setTabIcon(n, pSimulation->GetIcon());
         m_pTabBar->setTabData(n, ids[n]);
@@ -35,6 +45,13 @@ void CSimulationTabs::Fill(qint64 nViewId)
             m_pTabBar->setCurrentIndex(n);
     }
     m_pTabBar->setVisible(!ids.isEmpty());
+}
+
+void CSimulationTabs::ShowUnsaved()
+{
+    for (int n = 0; n < m_pTabBar->count(); ++n)
+        if (const ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(IdAt(n)))
+            m_pTabBar->setTabText(n, TabText(*pSimulation));
 }
 
 void CSimulationTabs::Choose(int nIndex)

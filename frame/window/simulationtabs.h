@@ -14,6 +14,8 @@ public:
 
     /** Lists the simulations of the view. */
     void Fill(qint64 nViewId);
+    /** Each tab tells by a "*" whether its case has unsaved edits. */
+    void ShowUnsaved();
 
     /** The tab at the index comes on top; nothing while the tabs are filled. */
     void Choose(int nIndex);

@@ -1,5 +1,6 @@
 #include "frame/window/viewcommands.h"
 
+#include "frame/moduleregistry.h"
 #include "frame/window/viewarea.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
@@ -10,10 +11,31 @@ namespace {
 
 constexpr double STATE_VERSION = 1.0; // of what this program writes
 
-void CopyDisplay(qint64 nSimulationId, qint64 nFromView, qint64 nToView)
+/** The same case in the other view (an instance), or one of its own that starts the same (a copy). */
+qint64 ShowInOther(qint64 nSimulationId, qint64 nFromView, qint64 nToView, ViewSplit_e eSplit)
 {
-    ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(nSimulationId);
+    CSimulationManager& manager = CSimulationManager::Instance();
+    ISimulation* const pSimulation = manager.GetSimulation(nSimulationId);
+    if (eSplit == SplitCopy) {
+        IModuleInterface* const pModule =
+            CModuleRegistry::Instance().FindById(qint32(pSimulation->GetModuleId()));
+        return pModule ? pModule->OpenCopy(nSimulationId, nFromView, nToView) : -1;
+    }
+    manager.AddSimulationToView(nSimulationId, nToView);
+    pSimulation->CreateDefaultSelectables(nToView);
     pSimulation->LoadViewState(pSimulation->SaveViewState(nFromView), nToView, STATE_VERSION);
+    return nSimulationId;
+}
+
+void ShowCasesOf(qint64 nFromView, qint64 nToView, ViewSplit_e eSplit)
+{
+    CSimulationManager& manager = CSimulationManager::Instance();
+    const ISimulation* const pActive = manager.GetSimulationOfView(nFromView);
+    for (const qint64 nId : manager.GetSimulationIds(nFromView)) {
+        const qint64 nShownId = ShowInOther(nId, nFromView, nToView, eSplit);
+        if (nShownId != -1 && pActive && pActive->GetId() == nId)
+            manager.SetActiveSimulation(nToView, nShownId);
+    }
 }
 
 /** The simulations of the view that stand in no other one. */
@@ -40,19 +62,11 @@ CViewCommands::CViewCommands(CViewArea& area) : m_area(area)
 
 void CViewCommands::SlotViewerSplit(qlonglong nViewIndex, Qt::Orientation eOrientation, ViewSplit_e eSplit)
 {
-    CSimulationManager& manager = CSimulationManager::Instance();
     const qint64 nNewId = m_area.Split(nViewIndex, eOrientation);
     if (nNewId == -1)
         return;
-    if (eSplit == SplitInstance || eSplit == SplitCopy) {
-        for (const qint64 nId : manager.GetSimulationIds(nViewIndex)) {
-            manager.AddSimulationToView(nId, nNewId);
-            manager.GetSimulation(nId)->CreateDefaultSelectables(nNewId);
-            CopyDisplay(nId, nViewIndex, nNewId);
-        }
-        if (const ISimulation* const pActive = manager.GetSimulationOfView(nViewIndex))
-            manager.SetActiveSimulation(nNewId, pActive->GetId());
-    }
+    if (eSplit == SplitInstance || eSplit == SplitCopy)
+        ShowCasesOf(nViewIndex, nNewId, eSplit);
     // The first case of a view is shown as a whole; here it is shown as in the other one.
     m_area.GetOglViewer(nNewId)->SetCamera(m_area.GetOglViewer(nViewIndex)->GetCamera());
     if (eSplit == SplitInstance)

@@ -20,7 +20,7 @@ public:
     void End() { m_folder.Clear(); }
 
 private:
-    bool Keep(const ISimulation& simulation, const QString& sModule);
+    bool Keep(const ISimulation& simulation);
 
     CAutosaveFolder m_folder;
 };

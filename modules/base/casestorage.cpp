@@ -81,7 +81,7 @@ bool SaveCase(ISimulation& simulation, const QString& sModule, const QString& sF
     if (!ReplaceFile(sFileName, file.ToBytes()))
         return false;
     simulation.SetFilePath(sFileName);
-    simulation.SetSavedData(file.data);
+    simulation.NoteSaved();
     simulation.SetSavedDisplay(file.display);
     simulation.SetCameraData(file.camera.ToBytes());
     ApplyCaseGroup(sFileName, simulation.GetGroup());
@@ -95,7 +95,7 @@ bool FillCase(ISimulation& simulation, const SCaseFile& file, qint64 nViewId, bo
     if (bWithDisplay && !simulation.LoadViewState(file.display, nViewId, file.dDisplayVersion))
         return false;
     // The comparison starts from what the objects give now: reading may have brought them up to date.
-    simulation.SetSavedData(simulation.ToBytes());
+    simulation.NoteSaved();
     simulation.SetSavedDisplay(HasWindow() ? simulation.SaveViewState(nViewId) : file.display);
     if (bWithDisplay)
         ShowCamera(file.camera, simulation.GetFilePath(), nViewId);

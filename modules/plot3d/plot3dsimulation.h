@@ -45,6 +45,7 @@ public:
 
     // Display state (plot3dsimulation_display.cpp).
     QByteArray SaveViewState(qint64 nViewId) const override;
+    QByteArray SaveViewEdits(qint64 nViewId) const override;
     bool LoadViewState(const QByteArray& state, qint64 nViewId, double dVersion) override;
     QJsonObject SaveViewJson(qint64 nViewId) const override;
     bool LoadViewJson(const QJsonObject& display, qint64 nViewId, double dVersion) override;

@@ -69,6 +69,14 @@ QByteArray CPlot3DSimulation::SaveViewState(qint64 nViewId) const
     return kept != m_keptDisplays.cend() && kept->shown == bytes ? kept->stored : bytes;
 }
 
+QByteArray CPlot3DSimulation::SaveViewEdits(qint64 nViewId) const
+{
+    SViewState state = TakeViewState(*this, nViewId);
+    for (SViewState::SShown& shown : state.shown)
+        shown.bSelected = false;
+    return state.ToBytes();
+}
+
 bool CPlot3DSimulation::LoadViewState(const QByteArray& bytes, qint64 nViewId, double dVersion)
 {
     SViewState state;

@@ -41,7 +41,7 @@ TEST_F(MainWindow, RegistersItselfAndLeavesWithItsLife)
     {
         CMainWindow window;
         EXPECT_EQ(CWidgetManager::Instance().GetWidget(CWidgetManager::MAIN_WINDOW), &window);
-        EXPECT_EQ(window.windowTitle(), "Zento 2026.1.2-0");
+        EXPECT_EQ(window.windowTitle(), "Zento 2026.1.2-0[*]");
         EXPECT_NE(CModuleRegistry::Instance().FindByName("Plot3D"), nullptr);
     }
     EXPECT_EQ(CWidgetManager::Instance().GetWidget(CWidgetManager::MAIN_WINDOW), nullptr);

@@ -15,6 +15,8 @@
 #include "tests/support/testsettings.h"
 #include "view/ui/oglviewer.h"
 
+#include <QAbstractButton>
+#include <QTabBar>
 #include <QTemporaryDir>
 
 namespace {
@@ -130,6 +132,80 @@ TEST_F(SaveCommands, CasesOfUnknownKindsAndNewerOnesChangeNothingAndShowNoBox)
     Files::Write(Path("grid.x"), "data");
     m_pWindow->SlotOpenSimulation(Path("grid.x"));
     EXPECT_EQ(CSavingModule::s_sDataFileList, QStringList(Path("grid.x")));
+}
+
+TEST_F(SaveCommands, UnsavedEditsAreMarkedAndNoCaseClosesWithThemWithoutAQuestion)
+{
+    CTestSimulation* const pSimulation = AddCase();
+    pSimulation->NoteSaved();
+    const auto* const pTabs = m_pWindow->findChild<QTabBar*>();
+    const auto marks = [&] {
+        m_pWindow->SlotShowUnsaved();
+        return pTabs->tabText(0) + (m_pWindow->isWindowModified() ? " in the title too" : "");
+    };
+    EXPECT_EQ(marks(), "wing");
+    pSimulation->m_viewStates[1] = "edited";
+    EXPECT_EQ(marks(), "wing * in the title too");
+    pSimulation->m_viewStates[1] = "what is shown";
+    EXPECT_EQ(marks(), "wing") << "it is as it was";
+    Set(*pSimulation, SimulationKey::TOOL_TIP, "edited");
+    Files::Write(Path("older.disp"), "{}");
+    {
+        CPromptScript user;
+        user.Press("Cancel");
+        EXPECT_FALSE(m_pWindow->close());
+        EXPECT_EQ(user.Asked()[0].sText,
+                  "'wing' has changes that are not saved. Would you like to save them?");
+        user.Press("Save");
+        user.ChooseFile(""); // cancelled
+        View().findChild<QAbstractButton*>("m_pCloseViewB")->click();
+        EXPECT_EQ(m_manager.GetSimulationIds().size(), 1);
+    }
+    CPromptScript user;
+    user.Press("Save");
+    user.ChooseFile(Path("wing.zento"));
+    EXPECT_TRUE(m_pWindow->close());
+    EXPECT_EQ(user.Asked().size(), 1) << "the display is asked about only where nothing else was";
+    EXPECT_EQ(user.AskedFiles()[0].sStart, Path("wing.zento"));
+    SCaseFile file;
+    ASSERT_EQ(file.FromBytes(Files::Read(Path("wing.zento"))), StoredOk);
+    EXPECT_EQ(Get(CPreferences::Instance(), PreferenceKey::RECENT_FILES).value(0), Path("wing.zento"));
+
+    CTestSimulation* const pAgain = AddCase();
+    pAgain->NoteSaved();
+    Set(*pAgain, SimulationKey::TOOL_TIP, "edited");
+    user.Press("Discard");
+    EXPECT_TRUE(m_pWindow->close());
+    EXPECT_EQ(m_manager.GetSimulationIds().size(), 0);
+}
+
+TEST_F(SaveCommands, ACopiedViewShowsACaseOfItsOwn)
+{
+    CTestSimulation* const pSimulation = AddCase();
+    pSimulation->Make(3)->SetName("Block", 0);
+    CPromptScript user;
+    user.ChooseFile(Path("wing.zento"));
+    Trigger(ActionSave);
+    const QByteArray saved = Files::Read(Path("wing.zento"));
+    View().findChild<QAction*>("actionHCopy")->trigger();
+    auto* const pCopy = static_cast<CTestSimulation*>(m_manager.GetSimulationOfView(2));
+    ASSERT_NE(pCopy, nullptr);
+    ASSERT_NE(pCopy, pSimulation);
+    EXPECT_EQ(pCopy->GetName(), "wing (2)");
+    EXPECT_EQ(pCopy->GetFilePath(), "");
+    EXPECT_EQ(pCopy->GetItem(1)->GetName(), "Block");
+    EXPECT_EQ(pCopy->m_viewStates[2], "what is shown");
+    EXPECT_FALSE(pCopy->HasUnsavedEdits());
+    pCopy->m_viewStates[2] = "its own";
+    user.ChooseFile(Path("copy.zento"));
+    Trigger(ActionSave);
+    EXPECT_EQ(user.AskedFiles().last().sStart, Path("wing (2).zento"));
+    EXPECT_EQ(Files::Read(Path("wing.zento")), saved);
+    pSimulation->m_viewStates[1] = "edited";
+    View().findChild<QAction*>("actionVCopy")->trigger();
+    const ISimulation* const pThird = m_manager.GetSimulationOfView(3);
+    EXPECT_EQ(pThird->GetName(), "wing (3)");
+    EXPECT_TRUE(pThird->HasUnsavedEdits()) << "so had the case that it is a copy of";
 }
 
 TEST_F(SaveCommands, TheDisplayStateIsExported)

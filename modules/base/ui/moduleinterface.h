@@ -55,6 +55,7 @@ public:
      * @return the simulation's id; -1, and nothing has changed, if it can't be opened, which is told
      */
     qint64 Open(const QString& sFile, qint64 nViewId) override;
+    qint64 OpenCopy(qint64 nSimulationId, qint64 nFromViewId, qint64 nToViewId) override;
     /** Opens the case file that the key names. */
     qint64 OpenFromKey(const QByteArray& key, qint64 nViewId, const QString& sFolder = {}) override;
 

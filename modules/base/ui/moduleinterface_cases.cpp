@@ -10,11 +10,43 @@
 #include "simulation/simulationmanager.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace {
 
 constexpr const char *OPEN_TITLE = "Open Simulation", *SAVE_TITLE = "Save Simulation";
 constexpr const char* FAILED = "Failed to open the selected file";
+
+/** "NAME (2)", or the next number that no open case has. */
+QString NameOfCopy(const QString& sName)
+{
+    const CSimulationManager& manager = CSimulationManager::Instance();
+    QSet<QString> taken;
+    for (const qint64 nId : manager.GetSimulationIds())
+        taken.insert(manager.GetSimulation(nId)->GetName());
+    const QString sStem = QString(sName).remove(QRegularExpression(R"( \(\d+\)$)"));
+    int nNumber = 2;
+    while (taken.contains(QString("%1 (%2)").arg(sStem).arg(nNumber)))
+        ++nNumber;
+    return QString("%1 (%2)").arg(sStem).arg(nNumber);
+}
+
+/** The id of the case that stands in the view now; -1 if the content can't be read, and nothing stands there.
+ */
+qint64 AddFilled(ISimulation* pSimulation, const SCaseFile& file, qint64 nViewId, bool bWithDisplay)
+{
+    CSimulationManager& manager = CSimulationManager::Instance();
+    manager.AddSimulation(pSimulation, nViewId);
+    const qint64 nId = pSimulation->GetId();
+    {
+        const CUpdateBlock block(nId);
+        if (FillCase(*pSimulation, file, nViewId, bWithDisplay))
+            return nId;
+    }
+    pSimulation->DeleteAllItems(); // with nothing to show it leaves no display file
+    manager.RemoveSimulationFromView(nId, nViewId);
+    return -1;
+}
 
 } // namespace
 
@@ -54,22 +86,31 @@ qint64 CModuleInterface::Open(const QString& sFile, qint64 nView)
     ISimulation* const pSimulation = ReadCase(sFile, file) ? MakeSimulation() : nullptr;
     if (!pSimulation)
         return -1;
-    CSimulationManager& manager = CSimulationManager::Instance();
-    const qint64 nViewId = nView == -1 ? GetActiveViewId() : nView;
     pSimulation->SetFilePath(QFileInfo(sFile).absoluteFilePath());
-    manager.AddSimulation(pSimulation, nViewId);
-    const qint64 nId = pSimulation->GetId();
-    bool bFilled = false;
-    {
-        const CUpdateBlock block(nId);
-        bFilled = FillCase(*pSimulation, file, nViewId, nView == -1);
-    }
-    if (bFilled)
-        return nId;
-    pSimulation->DeleteAllItems(); // with nothing to show it leaves no display file
-    manager.RemoveSimulationFromView(nId, nViewId);
-    UserPrompt::Tell(PromptCritical, OPEN_TITLE, FAILED);
-    return -1;
+    const qint64 nId = AddFilled(pSimulation, file, nView == -1 ? GetActiveViewId() : nView, nView == -1);
+    if (nId == -1)
+        UserPrompt::Tell(PromptCritical, OPEN_TITLE, FAILED);
+    return nId;
+}
+
+qint64 CModuleInterface::OpenCopy(qint64 nSimulationId, qint64 nFromViewId, qint64 nToViewId)
+{
+    const ISimulation* const pOriginal = CSimulationManager::Instance().GetSimulation(nSimulationId);
+    ISimulation* const pCopy = pOriginal ? MakeSimulation() : nullptr;
+    if (!pCopy)
+        return -1;
+    SCaseFile file;
+    file.data = pOriginal->ToBytes();
+    file.display = pOriginal->SaveViewState(nFromViewId);
+    const QString sName = NameOfCopy(pOriginal->GetName());
+    if (AddFilled(pCopy, file, nToViewId, true) == -1)
+        return -1;
+    pCopy->SetName(sName);
+    if (pOriginal->HasUnsavedEdits())
+        pCopy->NoteUnsaved();
+    else
+        pCopy->NoteSaved();
+    return pCopy->GetId();
 }
 
 qint64 CModuleInterface::OpenFromKey(const QByteArray& key, qint64 nViewId, const QString& sFolder)
