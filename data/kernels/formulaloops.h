@@ -192,8 +192,10 @@ FormulaLoop PairLoop(FormulaOperation_e eFirst, FormulaPair_e eSecond, FormulaFl
 template <class Real, class Flag> bool AreOperands(const Real* __restrict pValues, qint64 nCount)
 {
     Flag nMisfit = 0;
-    for (qint64 n = 0; n < nCount; ++n)
-        nMisfit |= pValues[n] - pValues[n] == Real(0) && pValues[n] != Real(NO_VALUE) ? Flag(0) : Flag(-1);
+    for (qint64 n = 0; n < nCount; ++n) {
+        const Real value = pValues[n];
+        nMisfit |= Flag(value - value != Real(0)) | Flag(value == Real(NO_VALUE));
+    }
     return nMisfit == 0;
 }
 
