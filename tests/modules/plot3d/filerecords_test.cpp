@@ -101,12 +101,14 @@ TEST_F(FileRecords, FilesAreReadInTheLayoutInWhichTheyGoTogether)
                   sFunction = Write("flat.f", 88, KindFunction, blocks);
     for (const bool bGridFirst : {true, false}) {
         CCaseRecords records;
-        if (bGridFirst)
+        if (bGridFirst) {
             EXPECT_TRUE(records.SetFile(sGrid, RoleGrid).IsNone());
+        }
         EXPECT_TRUE(records.SetFile(sQ, RoleQ).IsNone());
         EXPECT_TRUE(records.SetFunction(sFunction).IsNone());
-        if (!bGridFirst)
+        if (!bGridFirst) {
             EXPECT_TRUE(records.SetFile(sGrid, RoleGrid).IsNone());
+        }
         EXPECT_EQ(records.Validate().sText, "");
         EXPECT_EQ(records.q.Kind(), KindQ);
         EXPECT_EQ(records.functions.first().Kind(), KindFunction);

@@ -9,6 +9,8 @@
 #include "tests/support/logcapture.h"
 #include "tests/support/promptscript.h"
 
+#include <cstring>
+
 using Plot3DFixture::HeaderReal;
 using Plot3DFixture::Value;
 
@@ -73,7 +75,7 @@ TEST_F(Plot3DSimulation, AMachNumberOf100IsNoneAndWithoutQItIsAssumed)
 
 namespace {
 
-/** The file with another Mach number in the header of its first block, and an angle that a wing may have. */
+/** Puts another Mach number into the header of the file's first block. */
 void SetMach(const QString& sFileName, double dMach)
 {
     const SPlot3DFile file = DetectPlot3DSolution(sFileName);
