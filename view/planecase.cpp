@@ -20,7 +20,7 @@ int AxisAcrossPlaneCase(qint64 nViewId)
     const CSimulationManager& manager = CSimulationManager::Instance();
     for (const qint64 nSimulationId : manager.GetSimulationIds(nViewId)) {
         const QVector<CItem*> blocks = manager.GetSimulation(nSimulationId)->GetItems(KindBlock);
-        if (!std::all_of(blocks.begin(), blocks.end(), IsThin))
+        if (blocks.isEmpty() || !std::all_of(blocks.begin(), blocks.end(), IsThin))
             return -1;
     }
     const SViewBounds bounds = ViewBounds::OfVisible(nViewId, DMatrix4x4());

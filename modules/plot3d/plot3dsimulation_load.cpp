@@ -61,7 +61,7 @@ QString CPlot3DSimulation::Load(const CCaseRecords& records)
     DescribeFiles(records);
     if (GetName().isEmpty())
         SetName(QFileInfo(records.grid.FileName()).completeBaseName());
-    m_bDataMissing = false;
+    m_sDataProblemList.clear();
     TellViews();
     ShowKeptDisplays();
     return {};
@@ -104,11 +104,11 @@ void CPlot3DSimulation::RegisterStoredCase()
         sProblemList = QStringList(examined.sError);
     for (const QString& sProblem : std::as_const(sProblemList))
         CMessageSink::Instance().Log(QString("%1 opens without data: %2").arg(GetName(), sProblem));
-    m_bDataMissing = !sProblemList.isEmpty();
+    m_sDataProblemList = sProblemList;
     if (!examined.sError.isEmpty())
         return;
     // The files may have moved along with the case. What is missing stays named.
-    if (m_bDataMissing)
+    if (!m_sDataProblemList.isEmpty())
         WriteFileNames(*this, records);
     else
         WriteCaseFiles(*this, records, examined);

@@ -153,7 +153,8 @@ void COpenGLDrawer::PaintScene(bool bInteracting)
     if (m_bFitNext) {
         CSceneRenderer::Build(m_nViewId);
         if (!BoundsInView(false).IsEmpty()) {
-            if (const int nAxis = AxisAcrossPlaneCase(m_nViewId); nAxis >= 0)
+            const bool bTurned = !m_camera.FloatView().isIdentity();
+            if (const int nAxis = bTurned ? -1 : AxisAcrossPlaneCase(m_nViewId); nAxis >= 0)
                 m_camera.LookAlong(nAxis, LooksAlongPositive(nAxis));
             m_camera.ZoomToBounds(BoundsInView(false));
             m_bFitNext = false;
