@@ -2,29 +2,43 @@
 
 #include "data/io/plot3dfile.h"
 
+#include <QDateTime>
+#include <QFileInfo>
 #include <QHash>
 #include <QString>
 
 #include <mutex>
-#include <optional>
 
 /**
- * What was detected of each file, so that it isn't probed once a block. Emptied at every registration, since
- * a solver may have rewritten a file. May be used from any thread.
+ * What was detected of each file, so that it isn't probed once a block. A file that has changed on disk is
+ * looked at anew. May be used from any thread.
  */
 class CFileCache
 {
 public:
-    std::optional<SPlot3DFile> Find(const QString& sFileName) const
+    /**
+     * What was found of the file before, otherwise what detect() finds now.
+     *
+     * @param like  what the file was to be like; it may be known as several things
+     */
+    template <class Detect>
+    SPlot3DFile Find(const QString& sFileName, const SPlot3DFile& like, const Detect& detect)
     {
-        const std::lock_guard lock(m_mutex);
-        const auto found = m_files.constFind(sFileName);
-        return found == m_files.cend() ? std::nullopt : std::optional(*found);
-    }
-    void Store(const QString& sFileName, const SPlot3DFile& file)
-    {
-        const std::lock_guard lock(m_mutex);
-        m_files.insert(sFileName, file);
+        const SKey key{sFileName, like.nCode, like.layout};
+        const QFileInfo info(sFileName);
+        const SStamp stamp{info.size(), info.lastModified().toMSecsSinceEpoch()};
+        {
+            const std::lock_guard lock(m_mutex);
+            const auto found = m_files.constFind(key);
+            if (found != m_files.cend() && found->stamp == stamp)
+                return found->file;
+        }
+        const SPlot3DFile file = detect();
+        if (file.IsDetected()) {
+            const std::lock_guard lock(m_mutex);
+            m_files.insert(key, {stamp, file});
+        }
+        return file;
     }
     void Clear()
     {
@@ -33,6 +47,31 @@ public:
     }
 
 private:
-    mutable std::mutex m_mutex; // guards m_files; nothing is called under it
-    QHash<QString, SPlot3DFile> m_files;
+    struct SKey
+    {
+        QString sFileName;
+        int nCode;
+        SFileLayout layout;
+
+        friend bool operator==(const SKey&, const SKey&) = default;
+        friend uint qHash(const SKey& key, uint nSeed = 0)
+        {
+            return ::qHash(key.sFileName, nSeed) ^ uint(key.nCode);
+        }
+    };
+    struct SStamp
+    {
+        qint64 nSize;    // [bytes]
+        qint64 nChanged; // [ms]
+
+        friend bool operator==(const SStamp&, const SStamp&) = default;
+    };
+    struct SEntry
+    {
+        SStamp stamp;
+        SPlot3DFile file;
+    };
+
+    std::mutex m_mutex; // guards m_files; nothing is called under it
+    QHash<SKey, SEntry> m_files;
 };

@@ -9,25 +9,32 @@
 
 namespace {
 
-/** The storage grid that a mask's file asks for. */
-std::unique_ptr<CGrid> MakeStorage(const CGridMask& mask)
+template <class Storage> std::unique_ptr<CGrid> MakeStorageOf(const SPlot3DFile& known)
 {
-    const QString sFileName = mask.CGrid::GetFileName();
-    const int nCode = CGridIO().DetectGridFormat(sFileName, mask.IsStructured(), !mask.IsStructured());
-    if (!mask.IsStructured() || nCode == CODE_UNKNOWN)
-        return nullptr;
-    std::unique_ptr<CGrid> pGrid;
-    if (IsDoublePrecisionFormat(nCode))
-        pGrid = std::make_unique<CGridDoublePrecision>();
-    else
-        pGrid = std::make_unique<CGridSinglePrecision>();
+    auto pGrid = std::make_unique<Storage>();
+    pGrid->SetKnownFile(known);
     pGrid->SetOwner(&CGridManager::Instance());
     return pGrid;
 }
 
+/** The storage grid that a mask's file asks for. */
+std::unique_ptr<CGrid> MakeStorage(const CGridMask& mask, const SPlot3DFile& known)
+{
+    int nCode = CGridIO().DetectGridFormat(mask.CGrid::GetFileName(), mask.IsStructured(),
+                                           !mask.IsStructured(), known);
+    if (nCode == CODE_UNKNOWN)
+        nCode = known.nCode; // the file is gone: a load says so, and may find it again
+    if (!mask.IsStructured() || nCode == CODE_UNKNOWN)
+        return nullptr;
+    return IsDoublePrecisionFormat(nCode) ? MakeStorageOf<CGridDoublePrecision>(known)
+                                          : MakeStorageOf<CGridSinglePrecision>(known);
+}
+
 } // namespace
 
-CGridManager::SChain::SChain() : mask(MakeStorage) {}
+CGridManager::SChain::SChain(const SPlot3DFile& known)
+    : mask([known](const CGridMask& mask) { return MakeStorage(mask, known); })
+{}
 
 CGridManager& CGridManager::Instance()
 {
@@ -41,7 +48,7 @@ qint64 CGridManager::AddGrid(qint64 nSimulationId, qint64 nItemId, qint64 nSubId
                              double dTime)
 {
     m_fileCache.Clear();
-    const ChainPointer pChain = std::make_shared<SChain>();
+    const ChainPointer pChain = std::make_shared<SChain>(file.known);
     pChain->mask.SetOwner(this);
     pChain->mask.Init(file.sFileName, file.nBlock, file.dimensions, file.start, true);
     qint64 nReplaced = NO_ID;

@@ -31,6 +31,7 @@ public:
         qint64 nBlock = 0; ///< from 0
         IVector3D dimensions;
         IVector3D start{1, 1, 1};
+        SPlot3DFile known{}; ///< as which the file was detected; else it is detected by itself
     };
 
     /**
@@ -75,7 +76,7 @@ private:
     /** One registered block: the mask that makes the storage, seen flipped, seen moved. */
     struct SChain
     {
-        SChain();
+        explicit SChain(const SPlot3DFile& known);
         CGridMask mask;
         CFlippedGrid flipped{&mask};
         CTransformGrid transformed{&flipped};

@@ -1,8 +1,10 @@
 #include "data/plot3dcase.h"
 
 #include "data/gridmanager.h"
+#include "data/io/filefaults.h"
 #include "data/io/gridio.h"
 #include "data/io/solutionio.h"
+#include "data/plot3dmatch.h"
 #include "data/solutionmanager.h"
 #include "data/variables/variablemanager.h"
 
@@ -72,6 +74,7 @@ void RegisterLevel(qint64 nSimulationId, const SPlot3DFieldFile& field, const SF
             part.nBlock = nPlace;
             part.nVariable = nVariable;
             part.dimensions = field.file.blocks[int(nPlace)].size;
+            part.known = field.file;
             CSolutionManager::Instance().AddSolution(nSimulationId, itemIds[n], nId, -1, part, level.dTime);
         }
     }
@@ -82,24 +85,27 @@ void RegisterGrids(qint64 nSimulationId, const SPlot3DCase& plot3DCase, const QV
     for (const SFileSeries::SLevel& level : plot3DCase.grid.Levels())
         for (int n = 0; n < itemIds.size(); ++n)
             if (itemIds[n] != NO_ID)
-                CGridManager::Instance().AddGrid(
-                    nSimulationId, itemIds[n], -1,
-                    {level.sFileName, plot3DCase.blockIndices[n], plot3DCase.blocks[n]}, level.dTime);
+                CGridManager::Instance().AddGrid(nSimulationId, itemIds[n], -1,
+                                                 {.sFileName = level.sFileName,
+                                                  .nBlock = plot3DCase.blockIndices[n],
+                                                  .dimensions = plot3DCase.blocks[n],
+                                                  .known = plot3DCase.gridFile},
+                                                 level.dTime);
 }
 
-QString CheckLevels(const SFileSeries& series, bool bGrid, const char* sMismatch)
+QString CheckLevels(const SFileSeries& series, const SPlot3DFile& file, const char* sMismatch)
 {
     for (const SFileSeries::SLevel& level : series.levels)
-        if (!IsLevelOf(level.sFileName, series.sFileName, bGrid))
+        if (!IsLevelOf(level.sFileName, series.sFileName, file))
             return QString(sMismatch).arg(level.sFileName);
     return {};
 }
 
-/** Detects the grid and takes the chosen blocks; otherwise the error. */
-QString ExamineGrid(const SPlot3DCaseFiles& files, SPlot3DCase& result)
+/** Takes the chosen blocks of the grid; otherwise the error. */
+QString ExamineGrid(const SPlot3DCaseFiles& files, const SPlot3DFile& grid, SPlot3DCase& result)
 {
     result.grid = files.grid;
-    result.gridFile = CGridIO().Detect(files.grid.sFileName);
+    result.gridFile = grid;
     if (!result.gridFile.IsDetected() || result.gridFile.layout.nIsFormatted)
         return QString("The file %1 is not valid").arg(files.grid.sFileName);
     const QVector<IVector3D> blocks = BlockDimensions(result.gridFile);
@@ -113,15 +119,16 @@ QString ExamineGrid(const SPlot3DCaseFiles& files, SPlot3DCase& result)
             return QString("Block index exceeds grid size in %1").arg(files.grid.sFileName);
         result.blocks.append(blocks[int(nBlock)]);
     }
-    return CheckLevels(files.grid, true, "Grid file %1 does not match the other levels");
+    return CheckLevels(files.grid, grid, "Grid file %1 does not match the other levels");
 }
 
-/** Detects a file of fields and adds it; otherwise the error. */
-QString ExamineFields(const SFileSeries& series, const char* sMismatch, SPlot3DCase& result)
+/** Adds a file of fields; otherwise the error. */
+QString ExamineFields(const SFileSeries& series, const SPlot3DFile& file, const char* sMismatch,
+                      SPlot3DCase& result)
 {
     SPlot3DFieldFile field;
     field.series = series;
-    field.file = CSolutionIO().Detect(series.sFileName);
+    field.file = file;
     if (!QFileInfo(series.sFileName).isFile() || !field.file.IsDetected())
         return QString("The file %1 is not valid").arg(series.sFileName);
     field.places =
@@ -129,7 +136,7 @@ QString ExamineFields(const SFileSeries& series, const char* sMismatch, SPlot3DC
     if (field.places.isEmpty())
         return QString(sMismatch).arg(series.sFileName);
     result.fields.push_back(field);
-    return CheckLevels(series, false, sMismatch);
+    return CheckLevels(series, file, sMismatch);
 }
 
 SReferenceState ReferenceOf(double dMach)
@@ -142,20 +149,21 @@ SReferenceState ReferenceOf(double dMach)
 }
 
 /** The free stream, of the header of the first Q block. */
-void ExamineHeader(const SFileSeries& q, SPlot3DCase& result)
+void ExamineHeader(const SFileSeries& q, const SPlot3DFile& file, SPlot3DCase& result)
 {
-    const auto header = CSolutionIO().GetSolutionHeader(q.Levels().first().sFileName, 0);
+    const auto header = CSolutionIO().GetSolutionHeader(q.Levels().first().sFileName, 0, file);
     if (header && (*header)[0] > 0.0) {
         result.dFreeStreamMach = (*header)[0];
         result.dAngleOfAttack = (*header)[1];
     }
 }
 
-QString ExamineFunctions(const SPlot3DCaseFiles& files, SPlot3DCase& result)
+QString ExamineFunctions(const SPlot3DCaseFiles& files, const SMatchedFiles& matched, SPlot3DCase& result)
 {
     for (int n = 0; n < files.functions.size(); ++n) {
         const auto& [series, sNameList] = files.functions[n];
-        QString sError = ExamineFields(series, "Function file %1 does not match its grid file", result);
+        QString sError = ExamineFields(series, matched.functions[n],
+                                       "Function file %1 does not match its grid file", result);
         if (!sError.isEmpty())
             return sError;
         SPlot3DFieldFile& field = result.fields.back();
@@ -168,26 +176,26 @@ QString ExamineFunctions(const SPlot3DCaseFiles& files, SPlot3DCase& result)
 
 QString ExamineFiles(const SPlot3DCaseFiles& files, SPlot3DCase& result)
 {
-    if (const QString sError = ExamineGrid(files, result); !sError.isEmpty())
+    const SMatchedFiles matched = DetectCaseFiles(files);
+    if (const QString sError = ExamineGrid(files, matched.grid, result); !sError.isEmpty())
         return sError;
     SPlot3DFieldFile coordinates;
     coordinates.series = files.grid;
-    coordinates.file = CSolutionIO().Detect(files.grid.sFileName);
+    coordinates.file = AsFields(matched.grid);
     coordinates.places = result.blockIndices;
-    if (IsCoordinates(coordinates.file) && coordinates.file.blocks.size() == result.gridFile.blocks.size()) {
-        coordinates.sNameList = VariableNames(coordinates.file, files.bHole);
-        result.fields.push_back(coordinates);
-    }
+    coordinates.sNameList = VariableNames(coordinates.file, files.bHole);
+    result.fields.push_back(coordinates);
     if (!files.q.sFileName.isEmpty()) {
-        if (const QString sError = ExamineFields(files.q, "Q file %1 does not match its grid file", result);
+        if (const QString sError =
+                ExamineFields(files.q, matched.q, "Q file %1 does not match its grid file", result);
             !sError.isEmpty())
             return sError;
         SPlot3DFieldFile& field = result.fields.back();
         field.sNameList = field.file.eKind == KindFunction ? FunctionNames({}, 0, VariableCount(field.file))
                                                            : VariableNames(field.file, files.bHole);
-        ExamineHeader(files.q, result);
+        ExamineHeader(files.q, matched.q, result);
     }
-    return ExamineFunctions(files, result);
+    return ExamineFunctions(files, matched, result);
 }
 
 } // namespace
@@ -226,35 +234,15 @@ double TimeOfFile(const QString& sFileName, double dFallback)
     return match.hasMatch() ? match.captured(1).toDouble() : dFallback;
 }
 
-QVector<qint64> PlacesOfBlocks(const QVector<IVector3D>& fieldBlocks, const QVector<IVector3D>& gridBlocks,
-                               const QVector<qint64>& chosen)
-{
-    const bool bSamePlaces = fieldBlocks.size() == gridBlocks.size();
-    if (!bSamePlaces && fieldBlocks.size() != chosen.size())
-        return {};
-    QVector<qint64> places;
-    places.reserve(chosen.size());
-    for (int n = 0; n < chosen.size(); ++n) {
-        const qint64 nPlace = bSamePlaces ? chosen[n] : n;
-        if (fieldBlocks.value(int(nPlace)) != gridBlocks.value(int(chosen[n])))
-            return {};
-        places.append(nPlace);
-    }
-    return places;
-}
-
-bool IsLevelOf(const QString& sFileName, const QString& sSeriesFile, bool bGrid)
+bool IsLevelOf(const QString& sFileName, const QString& sSeriesFile, const SPlot3DFile& ofSeries)
 {
     const QFileInfo level(sFileName);
     if (!level.isFile())
         return false;
     if (sFileName == sSeriesFile || level.size() == QFileInfo(sSeriesFile).size())
         return true;
-    const auto detect = [bGrid](const QString& sName) {
-        return bGrid ? CGridIO().Detect(sName) : CSolutionIO().Detect(sName);
-    };
-    const SPlot3DFile file = detect(sFileName);
-    const SPlot3DFile ofSeries = detect(sSeriesFile);
+    const SPlot3DFile file = ofSeries.eKind == KindGrid ? CGridIO().Detect(sFileName, ofSeries)
+                                                        : CSolutionIO().Detect(sFileName, ofSeries);
     return file.IsDetected() && file.eKind == ofSeries.eKind &&
            BlockDimensions(file) == BlockDimensions(ofSeries) &&
            VariableCount(file) >= VariableCount(ofSeries);
@@ -271,6 +259,7 @@ SPlot3DCase ExaminePlot3DCase(const SPlot3DCaseFiles& files)
 void RegisterPlot3DData(qint64 nSimulationId, const SPlot3DCase& plot3DCase, const QVector<qint64>& itemIds)
 {
     Q_ASSERT(itemIds.size() == plot3DCase.blocks.size());
+    FileFaults::Forget();
     RegisterGrids(nSimulationId, plot3DCase, itemIds);
     for (const SPlot3DFieldFile& field : plot3DCase.fields)
         for (const SFileSeries::SLevel& level : field.series.Levels())

@@ -93,19 +93,12 @@ void RegisterPlot3DData(qint64 nSimulationId, const SPlot3DCase& plot3DCase, con
 SPlot3DCase RegisterPlot3DCase(qint64 nSimulationId, const SPlot3DCaseFiles& files);
 
 /**
- * Where a file of fields has the chosen blocks of a grid: at the same places if it has as many blocks as the
- * grid, one after the other if it has as many as are chosen.
- *
- * @return for each of the chosen its index in the file; empty if the file doesn't fit
- */
-QVector<qint64> PlacesOfBlocks(const QVector<IVector3D>& fieldBlocks, const QVector<IVector3D>& gridBlocks,
-                               const QVector<qint64>& chosen);
-
-/**
  * Whether a file may be a level of the series that the other is of. Only files of another size are opened:
  * they fit if kind and blocks are the same.
+ *
+ * @param ofSeries  what the other one was detected as
  */
-bool IsLevelOf(const QString& sFileName, const QString& sSeriesFile, bool bGrid);
+bool IsLevelOf(const QString& sFileName, const QString& sSeriesFile, const SPlot3DFile& ofSeries);
 
 /** The last number in a file's name, by which a series of files counts; nFallback if there is none. */
 double TimeOfFile(const QString& sFileName, double dFallback);

@@ -13,28 +13,34 @@
 
 namespace {
 
-/** The storage that a mask's file asks for. */
-std::unique_ptr<CSolution> MakeStorage(const CSolutionMask& mask)
+template <class Storage> std::unique_ptr<CSolution> MakeStorageOf(const SPlot3DFile& known)
 {
-    const int nCode = CSolutionIO().DetectSolutionFormat(mask.GetFileName());
-    if (nCode == CODE_UNKNOWN)
-        return nullptr;
-    std::unique_ptr<CSolution> pSolution;
-    if (IsDoublePrecisionFormat(nCode) && mask.IsIntegerData())
-        pSolution = std::make_unique<CSolutionByteDoublePrecision>();
-    else if (IsDoublePrecisionFormat(nCode))
-        pSolution = std::make_unique<CSolutionDoublePrecision>();
-    else if (mask.IsIntegerData())
-        pSolution = std::make_unique<CSolutionByteSinglePrecision>();
-    else
-        pSolution = std::make_unique<CSolutionSinglePrecision>();
+    auto pSolution = std::make_unique<Storage>();
+    pSolution->SetKnownFile(known);
     pSolution->SetOwner(&CSolutionManager::Instance());
     return pSolution;
 }
 
+/** The storage that a mask's file asks for. */
+std::unique_ptr<CSolution> MakeStorage(const CSolutionMask& mask, const SPlot3DFile& known)
+{
+    int nCode = CSolutionIO().DetectSolutionFormat(mask.GetFileName(), known);
+    if (nCode == CODE_UNKNOWN)
+        nCode = known.nCode; // the file is gone: a load says so, and may find it again
+    if (nCode == CODE_UNKNOWN)
+        return nullptr;
+    if (IsDoublePrecisionFormat(nCode))
+        return mask.IsIntegerData() ? MakeStorageOf<CSolutionByteDoublePrecision>(known)
+                                    : MakeStorageOf<CSolutionDoublePrecision>(known);
+    return mask.IsIntegerData() ? MakeStorageOf<CSolutionByteSinglePrecision>(known)
+                                : MakeStorageOf<CSolutionSinglePrecision>(known);
+}
+
 } // namespace
 
-CSolutionManager::SEntry::SEntry() : mask(MakeStorage) {}
+CSolutionManager::SEntry::SEntry(const SPlot3DFile& known)
+    : mask([known](const CSolutionMask& mask) { return MakeStorage(mask, known); })
+{}
 
 CSolutionManager& CSolutionManager::Instance()
 {
@@ -51,7 +57,7 @@ qint64 CSolutionManager::AddSolution(qint64 nSimulationId, qint64 nItemId, qint6
     if (!pVariable || !pVariable->IsFileVariable())
         return NO_ID;
     m_fileCache.Clear();
-    const EntryPointer pEntry = std::make_shared<SEntry>();
+    const EntryPointer pEntry = std::make_shared<SEntry>(file.known);
     pEntry->mask.SetOwner(this);
     pEntry->mask.SetIntegerData(file.bIntegerData);
     pEntry->mask.Init(file.sFileName, file.nBlock, file.nVariable, file.dimensions, file.start);

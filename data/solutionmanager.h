@@ -34,6 +34,7 @@ public:
         IVector3D dimensions;
         IVector3D start{1, 1, 1};
         bool bIntegerData = false; ///< integers in places of the size of reals
+        SPlot3DFile known{};       ///< as which the file was detected; else it is detected by itself
     };
 
     /**
@@ -66,7 +67,7 @@ public:
 private:
     struct SEntry
     {
-        SEntry();
+        explicit SEntry(const SPlot3DFile& known);
         CSolutionMask mask;
         std::mutex prepareMutex; // one thread makes the storage
         qint64 nHolders = 0;     // guarded by the manager's lock, as the next

@@ -81,6 +81,7 @@ void CDrawable::setShowHoles(bool bShow)
     if (bShow == m_bShowHoles)
         return;
     m_bShowHoles = bShow;
+    invalidateValues();     // their range counts what is shown
     invalidateThresholds(); // the mask travels with them
     invalidateVectors();
     invalidateContours();

@@ -5,6 +5,7 @@
 #include "app/batch/nearnames.h"
 #include "app/batch/timings.h"
 #include "data/casedata.h"
+#include "data/io/filefaults.h"
 #include "data/variables/expressionvariable.h"
 #include "data/variables/variablemanager.h"
 
@@ -142,7 +143,10 @@ int RunOnCase(const SCaseCommand& command, const QStringList& sArgumentList)
         return ListVariableNames(batchCase);
     CJsonWriter json;
     json.BeginObject();
-    if (sProblem = command.write(json, batchCase, options); !sProblem.isEmpty())
+    sProblem = command.write(json, batchCase, options);
+    if (sProblem.isEmpty())
+        sProblem = FileFaults::Last(); // what can't be read reads as zeros
+    if (!sProblem.isEmpty())
         return BatchError(BatchFailed, sProblem);
     json.EndObject();
     timings.EndStage("evaluate");

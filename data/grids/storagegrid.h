@@ -19,6 +19,9 @@ template <class Real> class CStorageGrid : public CGrid
 public:
     CStorageGrid();
 
+    /** What the file was when it was chosen: it is read as that while it fits. */
+    void SetKnownFile(const SPlot3DFile& file) { m_knownFile = file; }
+    const SPlot3DFile& GetKnownFile() const { return m_knownFile; }
     bool Allocate(qint64 nPointCount) override;
     void SetDimensions(const IVector3D& dimensions) override;
     void Init(const QString& sFileName, qint64 nFileIndex, const IVector3D& dimensions,
@@ -42,6 +45,7 @@ private:
     /** The range alone, from the file; false where all is there or had better be. */
     bool FillFromFile(const SIJKRange& range, const SPointBuffers& out) const;
 
+    SPlot3DFile m_knownFile;
     mutable std::mutex m_mutex; // serialises loads
     // The arrays are filled, not only allocated: another thread may be loading them now.
     std::atomic<bool> m_bFilled = false;

@@ -13,5 +13,6 @@ struct SLoadResult
 
     bool IsOk() const { return eStatus == LoadOk; }
 
+    static SLoadResult NoMemory() { return {LoadNoMemory, {}, 0}; }
     static SLoadResult Failed(const QString& sMessage = {}) { return {LoadFailed, sMessage, 0}; }
 };

@@ -1,5 +1,21 @@
 #include "data/io/plot3dfile.h"
 
+#include <algorithm>
+
+SPlot3DFile AsFields(const SPlot3DFile& grid)
+{
+    const SPlot3DFormat format = FindFormat(grid.nCode);
+    const FileKind_e eKind = format.bBlank ? KindXyzb : KindXyz;
+    const std::span<const SPlot3DFormat> formats = SolutionFormats();
+    const auto found = std::ranges::find_if(formats, [&](const SPlot3DFormat& other) {
+        return other.eKind == eKind && other.bDouble == format.bDouble && other.bFortran == format.bFortran &&
+               other.bMultiBlock == format.bMultiBlock && other.b3D == format.b3D;
+    });
+    if (grid.eKind != KindGrid || format.bFormatted || found == formats.end())
+        return {};
+    return {found->nCode, eKind, grid.layout, grid.blocks};
+}
+
 QVector<IVector3D> BlockDimensions(const SPlot3DFile& file)
 {
     QVector<IVector3D> sizes;

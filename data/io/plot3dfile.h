@@ -36,6 +36,12 @@ struct SPlot3DFile
     bool IsDetected() const { return nCode != CODE_UNKNOWN; }
 };
 
+/**
+ * A grid file as a file of fields, in the layout that the grid has: "X", "Y", "Z", and "Hole" of its IBlank.
+ * Not detected for text.
+ */
+SPlot3DFile AsFields(const SPlot3DFile& grid);
+
 /** The size of each block. */
 QVector<IVector3D> BlockDimensions(const SPlot3DFile& file);
 

@@ -160,25 +160,41 @@ std::vector<SFileLayout> LayoutsOf(const SPlot3DFormat& format)
     return layouts;
 }
 
-SPlot3DFile ProbeBinary(CFileHeader& header, const SPlot3DFormat& format, Fit_e eFit)
+/** The file in one layout; not detected if it doesn't fit. */
+SPlot3DFile ProbeLayout(CFileHeader& header, const SPlot3DFormat& format, const SFileLayout& layout,
+                        Fit_e eFit)
 {
-    for (const SFileLayout& layout : LayoutsOf(format)) {
-        QVector<SPlot3DBlock> blocks = CLayoutProbe(header, format.eKind, layout, eFit).Run();
-        if (!blocks.isEmpty())
-            return MakeFile(format, layout, std::move(blocks));
-    }
+    QVector<SPlot3DBlock> blocks = CLayoutProbe(header, format.eKind, layout, eFit).Run();
+    return blocks.isEmpty() ? SPlot3DFile() : MakeFile(format, layout, std::move(blocks));
+}
+
+bool IsFound(const SPlot3DFile& file, const FileTest& isWanted)
+{
+    return file.IsDetected() && (!isWanted || isWanted(file));
+}
+
+SPlot3DFile ProbeBinary(CFileHeader& header, const SPlot3DFormat& format, Fit_e eFit,
+                        const FileTest& isWanted)
+{
+    for (const SFileLayout& layout : LayoutsOf(format))
+        if (SPlot3DFile file = ProbeLayout(header, format, layout, eFit); IsFound(file, isWanted))
+            return file;
     return {};
 }
 
-SPlot3DFile ProbeText(const CReadFile& file, const SPlot3DFormat& format)
+SPlot3DFile ProbeText(const CReadFile& file, const SPlot3DFormat& format, const FileTest& isWanted)
 {
     if (!format.bDouble) // text tells no precision: what fits was taken under the code of doubles already
         return {};
     QVector<SPlot3DBlock> blocks = ScanTextGrid(file, format.bMultiBlock, format.b3D);
-    return blocks.isEmpty() ? SPlot3DFile() : MakeFile(format, LayoutOfCode(format.nCode), std::move(blocks));
+    if (blocks.isEmpty())
+        return {};
+    SPlot3DFile found = MakeFile(format, LayoutOfCode(format.nCode), std::move(blocks));
+    return IsFound(found, isWanted) ? found : SPlot3DFile();
 }
 
-SPlot3DFile Probe(const CReadFile& file, std::span<const SPlot3DFormat> formats, Fit_e eFit)
+SPlot3DFile Probe(const CReadFile& file, std::span<const SPlot3DFormat> formats, Fit_e eFit,
+                  const FileTest& isWanted = {})
 {
     if (!file.IsOpen() || file.Size() == 0)
         return {};
@@ -186,19 +202,20 @@ SPlot3DFile Probe(const CReadFile& file, std::span<const SPlot3DFormat> formats,
     for (const SPlot3DFormat& format : formats) {
         if (format.bFormatted && eFit == FitPadded)
             continue;
-        SPlot3DFile found = format.bFormatted ? ProbeText(file, format) : ProbeBinary(header, format, eFit);
+        SPlot3DFile found = format.bFormatted ? ProbeText(file, format, isWanted)
+                                              : ProbeBinary(header, format, eFit, isWanted);
         if (found.IsDetected())
             return found;
     }
     return {};
 }
 
-SPlot3DFile Detect(const QString& sFileName, std::span<const SPlot3DFormat> formats)
+SPlot3DFile Detect(const QString& sFileName, std::span<const SPlot3DFormat> formats, const FileTest& isWanted)
 {
     CReadFile file;
     file.Open(sFileName);
-    const SPlot3DFile found = Probe(file, formats, FitExact);
-    return found.IsDetected() ? found : Probe(file, formats, FitPadded);
+    const SPlot3DFile found = Probe(file, formats, FitExact, isWanted);
+    return found.IsDetected() ? found : Probe(file, formats, FitPadded, isWanted);
 }
 
 } // namespace
@@ -207,6 +224,32 @@ SPlot3DFile ProbeGrid(const CReadFile& file, Fit_e eFit) { return Probe(file, Gr
 
 SPlot3DFile ProbeSolution(const CReadFile& file, Fit_e eFit) { return Probe(file, SolutionFormats(), eFit); }
 
-SPlot3DFile DetectPlot3DGrid(const QString& sFileName) { return Detect(sFileName, GridFormats()); }
+SPlot3DFile DetectPlot3DGrid(const QString& sFileName, const FileTest& isWanted)
+{
+    return Detect(sFileName, GridFormats(), isWanted);
+}
 
-SPlot3DFile DetectPlot3DSolution(const QString& sFileName) { return Detect(sFileName, SolutionFormats()); }
+SPlot3DFile DetectPlot3DSolution(const QString& sFileName, const FileTest& isWanted)
+{
+    return Detect(sFileName, SolutionFormats(), isWanted);
+}
+
+FileTest HasBlocksOf(const SPlot3DFile& like)
+{
+    if (!like.IsDetected())
+        return {};
+    return [like](const SPlot3DFile& file) {
+        return file.eKind == like.eKind && BlockDimensions(file) == BlockDimensions(like);
+    };
+}
+
+SPlot3DFile DetectPlot3DLike(const QString& sFileName, const SPlot3DFile& like)
+{
+    CReadFile file;
+    const SPlot3DFormat format = FindFormat(like.nCode);
+    if (format.eKind == KindNone || format.bFormatted || !file.Open(sFileName) || file.Size() == 0)
+        return {};
+    CFileHeader header(file);
+    const SPlot3DFile found = ProbeLayout(header, format, like.layout, FitExact);
+    return found.IsDetected() ? found : ProbeLayout(header, format, like.layout, FitPadded);
+}

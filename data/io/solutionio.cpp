@@ -1,5 +1,6 @@
 #include "data/io/solutionio.h"
 
+#include "data/io/filefaults.h"
 #include "data/io/partialreads.h"
 #include "data/io/plot3dprobe.h"
 #include "data/io/plot3dread.h"
@@ -10,39 +11,47 @@
 
 namespace {
 
-int Report(const SLoadResult& result)
-{
-    if (!result.sMessage.isEmpty())
-        CMessageSink::Instance().Log(result.sMessage, result.nLevel);
-    return result.eStatus;
-}
-
 /** IBlank as the field "Hole": the solution decides how it keeps integers. */
 template <class Real>
-int LoadHoles(const CReadFile& device, const SPlot3DFile& file, CStorageSolution<Real>& solution)
+SLoadResult LoadHoles(const CReadFile& device, const SPlot3DFile& file, CStorageSolution<Real>& solution)
 {
     const SPlot3DBlock& block = file.blocks[int(solution.GetFileIndex())];
     CLargeArray<qint32> holes(block.PointCount());
     if (holes.IsEmpty())
-        return LoadNoMemory;
+        return SLoadResult::NoMemory();
     const SLoadResult result =
         ReadHoles(device, file, solution.GetFileIndex(), holes.Span(), WholeRun(block));
     if (result.IsOk())
         solution.StoreIntegers(holes.Data(), holes.Size());
-    return Report(result);
+    return result;
+}
+
+template <class Real> SLoadResult Load(const SPlot3DFile& file, CStorageSolution<Real>& solution)
+{
+    const qint64 nBlock = solution.GetFileIndex();
+    const int nVariable = int(solution.GetVariableIndex());
+    const SBlockRequest request{solution.IsDoublePrecision(), nBlock, solution.GetDimensions()};
+    if (const SLoadResult check = CheckSolution(file, request); !check.IsOk())
+        return check;
+    CReadFile device;
+    if (const SLoadResult opened = OpenForLoad(solution.GetFileName(), device); !opened.IsOk())
+        return opened;
+    const SPlot3DBlock& block = file.blocks[int(nBlock)];
+    if (!solution.Allocate(block.PointCount()))
+        return SLoadResult::NoMemory();
+    if (IsIntegerVariable(file, nVariable))
+        return LoadHoles(device, file, solution);
+    return ReadVariable(device, file, nBlock, nVariable, solution.Values(), WholeRun(block));
 }
 
 } // namespace
 
-SPlot3DFile CSolutionIO::Detect(const QString& sFileName) const
+SPlot3DFile CSolutionIO::Detect(const QString& sFileName, const SPlot3DFile& like) const
 {
-    CFileCache& cache = CSolutionManager::Instance().GetFileCache();
-    if (const std::optional<SPlot3DFile> known = cache.Find(sFileName))
-        return *known;
-    const SPlot3DFile file = DetectPlot3DSolution(sFileName);
-    if (file.IsDetected())
-        cache.Store(sFileName, file);
-    return file;
+    return CSolutionManager::Instance().GetFileCache().Find(sFileName, like, [&] {
+        const SPlot3DFile file = DetectPlot3DLike(sFileName, like);
+        return file.IsDetected() ? file : DetectPlot3DSolution(sFileName, HasBlocksOf(like));
+    });
 }
 
 QVector<IVector3D> CSolutionIO::GetSolutionBlockDimensions(const QString& sFileName) const
@@ -55,38 +64,29 @@ int CSolutionIO::GetSolutionVariableCount(const QString& sFileName) const
     return VariableCount(Detect(sFileName));
 }
 
-std::optional<std::array<double, 4>> CSolutionIO::GetSolutionHeader(const QString& sFileName,
-                                                                    qint64 nBlock) const
+std::optional<std::array<double, 4>> CSolutionIO::GetSolutionHeader(const QString& sFileName, qint64 nBlock,
+                                                                    const SPlot3DFile& like) const
 {
     CReadFile device;
-    return device.Open(sFileName) ? ReadQHeader(device, Detect(sFileName), nBlock) : std::nullopt;
+    return device.Open(sFileName) ? ReadQHeader(device, Detect(sFileName, like), nBlock) : std::nullopt;
 }
 
 template <class Real> int CSolutionIO::LoadSolution(CStorageSolution<Real>& solution) const
 {
     const QString sFileName = solution.GetFileName();
-    const SPlot3DFile file = Detect(sFileName);
-    const qint64 nBlock = solution.GetFileIndex();
-    const int nVariable = int(solution.GetVariableIndex());
-    const SBlockRequest request{solution.IsDoublePrecision(), nBlock, solution.GetDimensions()};
-    if (const SLoadResult check = CheckSolution(file, request); !check.IsOk())
-        return Report(check);
-    CReadFile device;
-    if (const SLoadResult opened = OpenForLoad(sFileName, device); !opened.IsOk())
-        return Report(opened);
-    const SPlot3DBlock& block = file.blocks[int(nBlock)];
-    if (!solution.Allocate(block.PointCount()))
-        return LoadNoMemory;
-    if (IsIntegerVariable(file, nVariable))
-        return LoadHoles(device, file, solution);
-    return Report(ReadVariable(device, file, nBlock, nVariable, solution.Values(), WholeRun(block)));
+    const SPlot3DFile file = Detect(sFileName, solution.GetKnownFile());
+    const SLoadResult result = Load(file, solution);
+    if (!result.sMessage.isEmpty())
+        CMessageSink::Instance().Log(result.sMessage, result.nLevel);
+    FileFaults::Report(sFileName, file, result);
+    return result.eStatus;
 }
 
 template <class Real>
 bool CSolutionIO::ReadValues(const CStorageSolution<Real>& solution, const SIJKRange& range,
                              std::span<double> out) const
 {
-    const SPlot3DFile file = Detect(solution.GetFileName());
+    const SPlot3DFile file = Detect(solution.GetFileName(), solution.GetKnownFile());
     const qint64 nBlock = solution.GetFileIndex();
     const int nVariable = int(solution.GetVariableIndex());
     const SBlockRequest request{solution.IsDoublePrecision(), nBlock, solution.GetDimensions()};

@@ -15,12 +15,17 @@ template <class Real> class CStorageSolution;
 class CSolutionIO : public CTaskCreator
 {
 public:
-    int DetectSolutionFormat(const QString& sFileName) const { return Detect(sFileName).nCode; }
-    SPlot3DFile Detect(const QString& sFileName) const;
+    int DetectSolutionFormat(const QString& sFileName, const SPlot3DFile& like = {}) const
+    {
+        return Detect(sFileName, like).nCode;
+    }
+    /** @param like  as CGridIO::Detect */
+    SPlot3DFile Detect(const QString& sFileName, const SPlot3DFile& like = {}) const;
     QVector<IVector3D> GetSolutionBlockDimensions(const QString& sFileName) const;
     int GetSolutionVariableCount(const QString& sFileName) const;
     /** Mach number, angle of attack [degrees], Reynolds number, time; nothing for other kinds than Q. */
-    std::optional<std::array<double, 4>> GetSolutionHeader(const QString& sFileName, qint64 nBlock) const;
+    std::optional<std::array<double, 4>> GetSolutionHeader(const QString& sFileName, qint64 nBlock,
+                                                           const SPlot3DFile& like = {}) const;
     /** Allocates and fills the solution with its variable of its block. Gives a LoadStatus_e. */
     template <class Real> int LoadSolution(CStorageSolution<Real>& solution) const;
     /**

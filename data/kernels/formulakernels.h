@@ -33,7 +33,8 @@ enum FormulaPair_e : quint8 {
     PairSqrt,         ///< of v; this and the rest have no c
     PairAbs,
     PairNegate,
-    PairMarker
+    PairMarker,
+    PairValue
 };
 
 /** What a loop reads and writes. The target overlaps no argument. */
@@ -60,6 +61,9 @@ struct SFormulaKernels
     FormulaLoop (*Single)(FormulaOperation_e eOperation, FormulaFloats floats);
     /** Two operations in one loop, both rounded: half the traffic. eFirst is OpAdd to OpDivide. */
     FormulaLoop (*Pair)(FormulaOperation_e eFirst, FormulaPair_e eSecond, FormulaFloats floats);
+    /** Whether stored values are operands as they stand: OpValue changes none of them. */
+    bool (*AreFloatOperands)(const float* pValues, qint64 nCount);
+    bool (*AreDoubleOperands)(const double* pValues, qint64 nCount);
 };
 
 /** One value at a time. */

@@ -10,12 +10,17 @@
 
 namespace {
 
+// Only a finite number less itself is 0.
+double ToStored(double a) { return a - a == 0.0 ? a : NO_VALUE; }
+double ToOperand(double a) { return a - a == 0.0 && a != NO_VALUE ? a : __builtin_nan(""); }
+
 /** Calls run with the operation as a function of one double. */
 template <class Run> void VisitUnary(FormulaOperation_e eOperation, const Run& run)
 {
     // clang-format off
     switch (eOperation) {
-    case OpMarker: return run([](double a) { return a == a ? a : NO_VALUE; });
+    case OpMarker: return run([](double a) { return ToStored(a); });
+    case OpValue:  return run([](double a) { return ToOperand(a); });
     case OpNegate: return run([](double a) { return -a; });
     case OpAbs:    return run([](double a) { return ::fabs(a); });
     case OpAcos:   return run([](double a) { return ::acos(a); });
@@ -50,10 +55,10 @@ template <class Run> void VisitBinary(FormulaOperation_e eOperation, const Run& 
     case OpMultiply: return run([](double a, double b) { return a * b; });
     case OpDivide:   return run([](double a, double b) { return a / b; });
     case OpModulo:   return run([](double a, double b) { return ::fmod(a, b); });
-    case OpPow:      return run([](double a, double b) { return b == 2.0 ? a * a : ::pow(a, b); });
+    case OpPow:      return run([](double a, double b) { return a != a || b != b ? a + b : b == 2.0 ? a * a : ::pow(a, b); });
     case OpAtan2:    return run([](double a, double b) { return ::atan2(a, b); });
-    case OpMax:      return run([](double a, double b) { return a > b || b != b ? a : b; });
-    case OpMin:      return run([](double a, double b) { return a < b || b != b ? a : b; });
+    case OpMax:      return run([](double a, double b) { return a > b || a != a ? a : b; });
+    case OpMin:      return run([](double a, double b) { return a < b || a != a ? a : b; });
     case OpNcr:      return run([](double a, double b) { return Combinations(a, b); });
     case OpNpr:      return run([](double a, double b) { return Permutations(a, b); });
     default:         Q_ASSERT(false);
@@ -89,7 +94,8 @@ template <class Run> void VisitSecondOfPair(FormulaPair_e ePair, const Run& run)
     case PairSqrt:         return run([](double v, double) { return ::sqrt(v); });
     case PairAbs:          return run([](double v, double) { return ::fabs(v); });
     case PairNegate:       return run([](double v, double) { return -v; });
-    case PairMarker:       return run([](double v, double) { return v == v ? v : NO_VALUE; });
+    case PairMarker:       return run([](double v, double) { return ToStored(v); });
+    case PairValue:        return run([](double v, double) { return ToOperand(v); });
     }
     // clang-format on
 }
@@ -182,6 +188,26 @@ FormulaLoop PairLoop(FormulaOperation_e eFirst, FormulaPair_e eSecond, FormulaFl
     return pLoop;
 }
 
-constexpr SFormulaKernels KERNELS = {SingleLoop, PairLoop};
+/** Flag is an integer of the size of Real, so that a comparison of a vector is one of flags. */
+template <class Real, class Flag> bool AreOperands(const Real* __restrict pValues, qint64 nCount)
+{
+    Flag nMisfit = 0;
+    for (qint64 n = 0; n < nCount; ++n) {
+        const Real value = pValues[n];
+        nMisfit |= Flag(value - value != Real(0)) | Flag(value == Real(NO_VALUE));
+    }
+    return nMisfit == 0;
+}
+
+bool AreFloatOperands(const float* pValues, qint64 nCount)
+{
+    return AreOperands<float, qint32>(pValues, nCount);
+}
+bool AreDoubleOperands(const double* pValues, qint64 nCount)
+{
+    return AreOperands<double, qint64>(pValues, nCount);
+}
+
+constexpr SFormulaKernels KERNELS = {SingleLoop, PairLoop, AreFloatOperands, AreDoubleOperands};
 
 } // namespace

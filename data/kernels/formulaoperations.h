@@ -5,7 +5,8 @@
 /** What a step of a formula does; doubles in, a double out. */
 enum FormulaOperation_e : quint8 {
     // one argument
-    OpMarker, ///< NaN becomes NO_VALUE: ends every formula
+    OpMarker, ///< NO_VALUE for what is NaN or infinite: ends every formula
+    OpValue,  ///< NaN for what is NO_VALUE or infinite: makes a stored value an operand
     OpNegate,
     OpAbs,
     OpAcos,
@@ -31,10 +32,10 @@ enum FormulaOperation_e : quint8 {
     OpMultiply,
     OpDivide,
     OpModulo, ///< fmod: the sign of the first argument
-    OpPow,    ///< with the exponent 2 the exact product, rounded once
+    OpPow,    ///< with the exponent 2 the exact product, rounded once; NaN where an argument is, unlike pow
     OpAtan2,
-    OpMax, ///< the other argument where one is NaN, like fmax
-    OpMin, ///< the other argument where one is NaN, like fmin
+    OpMax, ///< NaN where an argument is, unlike fmax
+    OpMin, ///< NaN where an argument is, unlike fmin
     OpNcr,
     OpNpr
 };

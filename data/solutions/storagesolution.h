@@ -22,6 +22,9 @@ public:
     void Init(const QString& sFileName, qint64 nFileIndex, qint64 nVariableIndex, const IVector3D& dimensions,
               const IVector3D& start) override;
     void SetDimensions(const IVector3D& dimensions) override;
+    /** What the file was when it was chosen: it is read as that while it fits. */
+    void SetKnownFile(const SPlot3DFile& file) { m_knownFile = file; }
+    const SPlot3DFile& GetKnownFile() const { return m_knownFile; }
     bool Allocate(qint64 nCount) override;
     void StoreIntegers(const qint32* pValues, qint64 nCount) override;
     /** Where a reader puts the values; empty while nothing is allocated. */
@@ -51,6 +54,7 @@ protected:
     CLargeArray<Real> m_values;
 
 private:
+    SPlot3DFile m_knownFile;
     mutable std::mutex m_mutex; // serialises loads
     // The array is filled, not only allocated: another thread may be loading it now.
     std::atomic<bool> m_bFilled = false;

@@ -15,6 +15,9 @@ constexpr const char* GAS_COMMENT =
 constexpr const char* FREE_STREAM_COMMENT = "Seeded with an assumed free-stream reference value because the "
                                             "solver setup did not report a valid one for "
                                             "this run. Edit this constant if you know the actual value.";
+constexpr const char* EDITED_COMMENT = "Edited: differs from %1, the value of the case's files.";
+constexpr const char* EDITED_ASSUMED_COMMENT =
+    "Edited: differs from %1, the value assumed because the case's files have none.";
 constexpr const char* ASSUMES_COMMENT = "Assumes %1 because the solver did not report valid values for this "
                                         "run. Review or edit the assumed constants "
                                         "in the Variables dialog.";
@@ -94,12 +97,15 @@ public:
 
     void DefineVector(const QString& sName, const std::array<QString, 3>& components)
     {
-        if (Find(m_sPrefix + sName) != -1)
-            return; // displays may know it by its id
         std::array<qint64, 3> ids = {-1, -1, -1};
         for (int n = 0; n < 3; ++n)
             if (!components[n].isEmpty() && (n < 2 || m_b3D))
                 ids[n] = Find(m_sPrefix + components[n]);
+        if (IVariable* const pExisting = CVariableManager::Instance().GetVariable(Find(m_sPrefix + sName))) {
+            if (auto* const pVector = dynamic_cast<CVectorVariable*>(pExisting))
+                pVector->SetComponents(ids); // displays may know it by its id
+            return;
+        }
         auto* const pVector = new CVectorVariable(m_nSimulationId, ids, true);
         pVector->SetName(m_sPrefix + sName);
         pVector->SetLocation(m_eLocation);
@@ -148,14 +154,25 @@ QString CommentOf(const SReferenceState& reference)
     return assumed.isEmpty() ? QString() : QString(ASSUMES_COMMENT).arg(assumed.join(" and "));
 }
 
-/** A constant of the case; one that exists (the user may have edited it) stays. */
+/** A constant of the case, with the value that it has now; one that the user has edited stays and says so. */
 void DefineConstant(qint64 nSimulationId, const QString& sName, double dValue, const QString& sComment)
 {
-    if (CVariableManager::Instance().FindByName(nSimulationId, sName, LocationNone) != -1)
+    CVariableManager& manager = CVariableManager::Instance();
+    const QString sValue = QString::number(dValue, 'g', 12);
+    IVariable* const pExisting = manager.GetVariable(manager.FindByName(nSimulationId, sName, LocationNone));
+    if (pExisting && !pExisting->IsExpression())
+        return; // the solution supplies it
+    auto* pConstant = static_cast<CExpressionVariable*>(pExisting);
+    if (pConstant && !pConstant->IsAsGiven() && pConstant->GetRawExpression() != sValue) {
+        pConstant->SetComment(
+            QString(sComment.isEmpty() ? EDITED_COMMENT : EDITED_ASSUMED_COMMENT).arg(sValue));
         return;
-    auto* const pConstant = new CExpressionVariable(nSimulationId, true);
-    pConstant->SetName(sName);
-    pConstant->SetExpression(QString::number(dValue, 'g', 12), false, false);
+    }
+    if (!pConstant) {
+        pConstant = new CExpressionVariable(nSimulationId, true);
+        pConstant->SetName(sName);
+    }
+    pConstant->SetGivenExpression(sValue);
     pConstant->SetComment(sComment);
 }
 

@@ -83,6 +83,12 @@ bool CExpressionVariable::SetExpression(const QString& sText, bool bSimulations,
     return bCompiled;
 }
 
+bool CExpressionVariable::SetGivenExpression(const QString& sText)
+{
+    m_sGivenText = sText;
+    return SetExpression(sText, false, false);
+}
+
 bool CExpressionVariable::Compile()
 {
     const SCompiledFormula compiled = CFormula::Compile(m_sText, FormulaText::Placeholders(GetInputs()));

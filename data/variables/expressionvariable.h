@@ -33,6 +33,10 @@ public:
      */
     bool SetExpression(const QString& sText, bool bSimulations, bool bTimes) override;
     QString GetExpressionText(bool bSimulations, bool bTimes) const override;
+    /** As SetExpression; a later edit can be told from what the case itself gave. Without references. */
+    bool SetGivenExpression(const QString& sText);
+    /** The text stands as the case gave it. */
+    bool IsAsGiven() const { return !m_sGivenText.isEmpty() && m_sText == m_sGivenText; }
     /** The stored text, with placeholders. */
     QString GetRawExpression() const { return m_sText; }
     /** First character of the given text that doesn't fit, from 1; 0 if it compiled. */
@@ -51,6 +55,7 @@ private:
 
     QVector<qint64> m_scope;
     QString m_sText;
+    QString m_sGivenText; // of the case's own; empty for one of the user
     int m_nErrorPosition = 0;
     std::shared_ptr<const CFormula> m_pFormula;
 };

@@ -20,7 +20,7 @@ double EvaluatePoint(const SFormulaProgram& program, std::span<const double> val
     const auto at = [&](int nPlace) {
         if (nPlace >= nFirstRegister)
             return pRegisters[nPlace - nFirstRegister];
-        return nPlace < program.nInputCount ? values[nPlace]
+        return nPlace < program.nInputCount ? AsOperand(values[nPlace])
                                             : program.constants[nPlace - program.nInputCount];
     };
     for (const SFormulaStep& step : program.steps) {

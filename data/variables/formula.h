@@ -25,7 +25,8 @@ struct SFormulaBinding
 
 /**
  * A compiled formula: the doubles of its inputs in, a double out. Evaluation is IEEE arithmetic in double
- * without contraction, and a NaN result reads as NO_VALUE; at a point, over a range, on any number of
+ * without contraction. An input that is NO_VALUE, NaN or infinite has no value, and neither has anything that
+ * rests on it; a result that is NaN or infinite reads as NO_VALUE. At a point, over a range, on any number of
  * threads and with any instruction set it gives the same bits. Never changes, so it is shared between
  * threads without a lock.
  */
@@ -42,12 +43,12 @@ public:
      */
     static SCompiledFormula Compile(const QString& sText, const QStringList& sInputs);
 
-    /** A formula without inputs; NaN reads as NO_VALUE. */
+    /** A formula without inputs. */
     static std::shared_ptr<const CFormula> Constant(double dValue);
 
     /**
      * One formula over leaves in place of a formula over computed inputs. Gives the bits of evaluating each
-     * computed input by itself first, NaN as NO_VALUE, and then outer; what inputs share is computed once.
+     * computed input by itself first, and then outer; what inputs share is computed once.
      *
      * @param inputs     one for each input of outer
      * @param nLeafCount inputs of the result

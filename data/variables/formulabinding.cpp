@@ -58,6 +58,8 @@ std::optional<FormulaPair_e> PairEndingWith(FormulaOperation_e eOperation, int n
         return PairNegate;
     case OpMarker:
         return PairMarker;
+    case OpValue:
+        return PairValue;
     default:
         return {};
     }
@@ -101,8 +103,9 @@ void CBinder::AddSteps(const SFormulaProgram& program)
 {
     std::vector<SValue> values(program.PlaceCount());
     for (int n = 0; n < program.nInputCount; ++n)
-        values[n] = m_columns[n].IsUniform() ? SValue{SValue::Uniform, 0, m_columns[n].GetUniform()}
-                                             : SValue{SValue::Input, n, 0.0};
+        values[n] = m_columns[n].IsUniform()
+                        ? SValue{SValue::Uniform, 0, AsOperand(m_columns[n].GetUniform())}
+                        : SValue{SValue::Input, n, 0.0};
     for (size_t n = 0; n < program.constants.size(); ++n)
         values[program.nInputCount + n].dValue = program.constants[n];
     for (const SFormulaStep& step : program.steps) {

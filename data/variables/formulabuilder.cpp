@@ -44,8 +44,10 @@ int CFormulaBuilder::Unary(FormulaOperation_e eOperation, int nA)
 {
     if (IsConstant(nA))
         return Constant(ApplyUnary(eOperation, m_values[nA].dConstant));
-    if (eOperation == OpMarker && IsStep(nA) && m_values[nA].eOperation == OpMarker)
+    if (eOperation == OpValue && (IsInput(nA) || m_values[nA].eOperation == OpValue))
         return nA;
+    if (eOperation == OpMarker && IsStep(nA) && m_values[nA].eOperation == OpValue)
+        nA = m_values[nA].nA; // what becomes NaN there becomes NO_VALUE here
     return Add({eOperation, nA, nA, 0.0});
 }
 
@@ -66,11 +68,15 @@ int CFormulaBuilder::Import(const SFormulaProgram& program, std::span<const int>
     for (const double dConstant : program.constants)
         values.push_back(Constant(dConstant));
     values.resize(program.PlaceCount());
-    for (const SFormulaStep& step : program.steps)
-        values[step.nTarget] = IsBinary(step.eOperation)
-                                   ? Binary(step.eOperation, values[step.nA], values[step.nB])
-                                   : Unary(step.eOperation, values[step.nA]);
-    return values[program.nResult];
+    for (const SFormulaStep& step : program.steps) {
+        const int nA = values[step.nA];
+        if (step.eOperation == OpMarker) // stands last, and what is stored becomes an operand at once
+            values[step.nTarget] = nA;
+        else
+            values[step.nTarget] = IsBinary(step.eOperation) ? Binary(step.eOperation, nA, values[step.nB])
+                                                             : Unary(step.eOperation, nA);
+    }
+    return Unary(OpValue, values[program.nResult]);
 }
 
 SFormulaProgram CFormulaBuilder::Finish(int nValue)

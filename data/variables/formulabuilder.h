@@ -6,9 +6,9 @@
 #include <unordered_map>
 
 /**
- * Builds a program value by value. A value is known by a number; equal operations on equal values are one
- * value, and operations on constants are done at once, since they give the same bits now as later. Not for
- * several threads.
+ * Builds a program value by value. Inputs are operands (OpValue) when a program runs. A value is known by a
+ * number; equal operations on equal values are one value, and operations on constants are done at once, since
+ * they give the same bits now as later. Not for several threads.
  */
 class CFormulaBuilder
 {
@@ -20,10 +20,10 @@ public:
     int Unary(FormulaOperation_e eOperation, int nA);
     int Binary(FormulaOperation_e eOperation, int nA, int nB);
 
-    /** The result of another program, whose input n is the value inputs[n]. */
+    /** The result of another program, whose input n is the value inputs[n], as an operand. */
     int Import(const SFormulaProgram& program, std::span<const int> inputs);
 
-    /** The program that gives the value, with NaN turned into NO_VALUE. */
+    /** The program that gives the value, NO_VALUE where it is NaN or infinite. */
     SFormulaProgram Finish(int nValue);
 
 private:

@@ -1,8 +1,16 @@
 #pragma once
 
+#include "data/valuerange.h"
+
 #include <QtGlobal>
 
 #include <span>
+
+/** A stored value as formulas calculate with it: NaN where there is none. */
+inline double AsOperand(double dValue)
+{
+    return IsFieldValue(dValue) ? dValue : std::numeric_limits<double>::quiet_NaN();
+}
 
 /**
  * The values of one input at the points of a range: an array of floats or doubles, or one value for all

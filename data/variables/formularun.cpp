@@ -23,6 +23,13 @@ void CopyStrided(const Real* pFrom, qint64 nFromStride, double* pTo, qint64 nToS
         pTo[n * nToStride] = double(pFrom[n * nFromStride]);
 }
 
+/** The same of stored values, as operands. */
+template <class Real> void GatherOperands(const Real* pFrom, qint64 nFromStride, double* pTo, qint64 nCount)
+{
+    for (qint64 n = 0; n < nCount; ++n)
+        pTo[n] = AsOperand(double(pFrom[n * nFromStride]));
+}
+
 void Fill(double dValue, qint64 nCount, double* pOut, qint64 nStride)
 {
     for (qint64 n = 0; n < nCount; ++n)
@@ -38,8 +45,8 @@ public:
 
     /** Whole blocks: arrays without a stride are read and written where they stand. */
     void EvaluateBlocks(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStride);
-    /** Less than a run, of any length: everything goes through the scratch. */
-    void EvaluateRest(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStride);
+    /** Up to a run, of any length: everything goes through the scratch, and becomes an operand there. */
+    void EvaluateInScratch(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStride);
 
 private:
     /** A call, and by how many bytes its arrays move on from run to run. */
@@ -55,20 +62,22 @@ private:
     const CFormulaColumn& Column(size_t nInput) const { return m_run.m_columns[m_loops.inputs[nInput]]; }
     double* InputArray(size_t nInput) { return m_pFirst + nInput * m_nDistance; }
     double* Buffer(int nBuffer) { return InputArray(m_loops.inputs.size() + nBuffer); }
-    void MakeCalls();
+    std::vector<SCall> MakeCalls();
     void LendInputs(qint64 nBegin);
     void BringAhead(const char* pAhead, qint64 nSize);
     void Gather(size_t nInput, qint64 nBegin, qint64 nCount);
-    void Call(qint64 nCount);
+    bool AreOperands(qint64 nBegin, qint64 nCount) const;
+    static void Call(std::vector<SCall>& calls, qint64 nCount);
 
     const CFormulaRun& m_run;
     const SFormulaLoops& m_loops;
     const qint64
         m_nDistance; // between arrays: a line more than they need, to spread them over the cache's sets
     std::vector<double> m_values;
-    double* m_pFirst; // in m_values, at the start of a line
-    std::vector<SCall> m_calls;
-    size_t m_nCallsAhead = 0; // how many bring something in
+    double* m_pFirst;                  // in m_values, at the start of a line
+    std::vector<SCall> m_calls;        // on arrays where they stand
+    std::vector<SCall> m_scratchCalls; // made when needed
+    size_t m_nCallsAhead = 0;          // how many bring something in
 };
 
 CFormulaRun::CPass::CPass(const CFormulaRun& run)
@@ -90,9 +99,9 @@ void CFormulaRun::CPass::SCall::MoveOn()
 }
 
 /** The calls when all arrays are the scratch's. */
-void CFormulaRun::CPass::MakeCalls()
+std::vector<CFormulaRun::CPass::SCall> CFormulaRun::CPass::MakeCalls()
 {
-    m_calls.clear();
+    std::vector<SCall> calls;
     for (const SFormulaLoop& loop : m_loops.loops) {
         SCall call{};
         call.pLoop = loop.pRestLoop;
@@ -106,8 +115,9 @@ void CFormulaRun::CPass::MakeCalls()
                 call.arguments[k] = {eSource == SFormulaArgument::Input ? InputArray(nIndex) : Buffer(nIndex),
                                      FORMULA_BLOCK};
         }
-        m_calls.push_back(call);
+        calls.push_back(call);
     }
+    return calls;
 }
 
 /** Lets the calls read arrays without a stride where they stand, and bring in what comes next of them. */
@@ -145,7 +155,7 @@ void CFormulaRun::CPass::BringAhead(const char* pAhead, qint64 nSize)
 
 void CFormulaRun::CPass::EvaluateBlocks(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStride)
 {
-    MakeCalls();
+    m_calls = MakeCalls();
     const bool bInPlace = nStride == 1;
     const double* const pBuffer = m_calls.back().pTarget;
     if (bInPlace) {
@@ -156,49 +166,71 @@ void CFormulaRun::CPass::EvaluateBlocks(qint64 nBegin, qint64 nEnd, double* pOut
     LendInputs(nBegin);
     for (qint64 n = nBegin; n < nEnd; n += m_run.m_nRunPoints) {
         const qint64 nCount = std::min(m_run.m_nRunPoints, nEnd - n);
-        for (size_t k = 0; k < m_loops.inputs.size(); ++k)
-            if (!Column(k).IsPlain())
-                Gather(k, n, nCount);
-        Call(nCount);
-        if (!bInPlace)
-            CopyStrided(pBuffer, 1, pOut + (n - nBegin) * nStride, nStride, nCount);
+        double* const pRunOut = pOut + (n - nBegin) * nStride;
+        if (!AreOperands(n, nCount)) {
+            EvaluateInScratch(n, n + nCount, pRunOut, nStride);
+        } else {
+            for (size_t k = 0; k < m_loops.inputs.size(); ++k)
+                if (!Column(k).IsPlain())
+                    Gather(k, n, nCount);
+            Call(m_calls, nCount);
+            if (!bInPlace)
+                CopyStrided(pBuffer, 1, pRunOut, nStride, nCount);
+        }
+        for (SCall& call : m_calls)
+            call.MoveOn();
     }
 }
 
-void CFormulaRun::CPass::EvaluateRest(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStride)
+void CFormulaRun::CPass::EvaluateInScratch(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStride)
 {
-    MakeCalls();
+    if (m_scratchCalls.empty())
+        m_scratchCalls = MakeCalls();
     for (size_t k = 0; k < m_loops.inputs.size(); ++k)
         Gather(k, nBegin, nEnd - nBegin);
-    const double* const pBuffer = m_calls.back().pTarget;
-    Call(nEnd - nBegin);
-    CopyStrided(pBuffer, 1, pOut, nStride, nEnd - nBegin);
+    Call(m_scratchCalls, nEnd - nBegin);
+    CopyStrided(m_scratchCalls.back().pTarget, 1, pOut, nStride, nEnd - nBegin);
+}
+
+/** Whether loops may read the plain arrays where they stand. */
+bool CFormulaRun::CPass::AreOperands(qint64 nBegin, qint64 nCount) const
+{
+    const SFormulaKernels& kernels = m_run.m_kernels;
+    for (size_t k = 0; k < m_loops.inputs.size(); ++k) {
+        const CFormulaColumn& column = Column(k);
+        if (!column.IsPlain())
+            continue;
+        if (column.IsOfFloats() ? !kernels.AreFloatOperands(column.GetFloats() + nBegin, nCount)
+                                : !kernels.AreDoubleOperands(column.GetDoubles() + nBegin, nCount))
+            return false;
+    }
+    return true;
 }
 
 void CFormulaRun::CPass::Gather(size_t nInput, qint64 nBegin, qint64 nCount)
 {
     const CFormulaColumn& column = Column(nInput);
     const qint64 nStride = column.GetStride();
-    double* const pTarget = InputArray(nInput);
     if (column.IsOfFloats())
-        CopyStrided(column.GetFloats() + nBegin * nStride, nStride, pTarget, 1, nCount);
+        GatherOperands(column.GetFloats() + nBegin * nStride, nStride, InputArray(nInput), nCount);
     else
-        CopyStrided(column.GetDoubles() + nBegin * nStride, nStride, pTarget, 1, nCount);
+        GatherOperands(column.GetDoubles() + nBegin * nStride, nStride, InputArray(nInput), nCount);
 }
 
 /** All calls for a run, the last block filled up. */
-void CFormulaRun::CPass::Call(qint64 nCount)
+void CFormulaRun::CPass::Call(std::vector<SCall>& calls, qint64 nCount)
 {
     const qint64 nBlocks = (nCount + FORMULA_BLOCK - 1) / FORMULA_BLOCK;
-    for (SCall& call : m_calls) {
+    for (SCall& call : calls)
         call.pLoop(call, nBlocks);
-        call.MoveOn();
-    }
 }
 
 CFormulaRun::CFormulaRun(const SFormulaProgram& program, std::span<const CFormulaColumn> columns,
                          const SFormulaKernels& kernels)
-    : m_columns(columns), m_loops(BindFormula(program, columns, kernels)), m_nRunPoints(RunPoints(m_loops))
+    : m_columns(columns),
+      m_kernels(kernels),
+      m_loops(BindFormula(program, columns, kernels)),
+      m_nRunPoints(RunPoints(m_loops))
 {}
 
 void CFormulaRun::Evaluate(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStride) const
@@ -210,5 +242,5 @@ void CFormulaRun::Evaluate(qint64 nBegin, qint64 nEnd, double* pOut, qint64 nStr
     if (nBegin < nEnd - nRest)
         pass.EvaluateBlocks(nBegin, nEnd - nRest, pOut, nStride);
     if (nRest > 0)
-        pass.EvaluateRest(nEnd - nRest, nEnd, pOut + (nEnd - nRest - nBegin) * nStride, nStride);
+        pass.EvaluateInScratch(nEnd - nRest, nEnd, pOut + (nEnd - nRest - nBegin) * nStride, nStride);
 }

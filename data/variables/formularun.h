@@ -4,8 +4,9 @@
 
 /**
  * A program bound to the columns of its inputs, that goes through the kernels in runs of points which are
- * short enough for the first cache. After construction several threads may evaluate ranges at a time. Columns
- * must outlive it.
+ * short enough for the first cache. Arrays are read where they stand; where a run of one holds something that
+ * is no operand, that run goes through the scratch. After construction several threads may evaluate ranges at
+ * a time. Columns must outlive it.
  */
 class CFormulaRun
 {
@@ -21,6 +22,7 @@ private:
     class CPass;
 
     const std::span<const CFormulaColumn> m_columns;
+    const SFormulaKernels& m_kernels;
     const SFormulaLoops m_loops;
     const qint64 m_nRunPoints;
 };

@@ -8,14 +8,26 @@ CVectorVariable::CVectorVariable(qint64 nSimulationId, const std::array<qint64, 
 {
     SetKind(KindVector);
     SetFileVariable(false);
+    SetComponents(ids);
+}
+
+void CVectorVariable::SetComponents(const std::array<qint64, 3>& ids)
+{
+    std::array<qint64, 3> positions = {-1, -1, -1};
     QVector<SVariableInput> inputs;
     for (int nComponent = 0; nComponent < 3; ++nComponent) {
         if (!CVariableManager::Instance().GetVariable(ids[nComponent]))
             continue;
-        m_positions[nComponent] = inputs.size();
+        positions[nComponent] = inputs.size();
         inputs.append({ids[nComponent], STEADY_TIME});
     }
+    if (positions == m_positions && inputs == GetInputs())
+        return;
+    m_positions = positions;
     SetInputs(inputs);
+    SetValid(true);
+    CVariableManager::Instance().NotifyChanged(GetId());
+    InvalidateRange();
 }
 
 void CVectorVariable::RemoveInput(qint64 nId)

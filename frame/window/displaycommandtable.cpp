@@ -1,12 +1,12 @@
 #include "frame/window/displaycommandtable.h"
 
-#include "data/variables/variablemanager.h"
 #include "frame/userprompt.h"
 #include "scene/iselectable.h"
 #include "scene/selectablekeys.h"
 #include "scene/selectablemanager.h"
 #include "view/annotations/annotationcolormap.h"
 #include "view/annotations/onelegend.h"
+#include "view/colormaps/colormapedit.h"
 
 namespace {
 
@@ -79,31 +79,24 @@ void TakeLegend(Subjects subjects, const SDisplayAnswer& answer)
     }
 }
 
-/** Gives each item the range of its scalar. */
+/** Gives the items of each scalar one range, so that their colours compare. */
 template <class RangeOf> void TakeRanges(Subjects subjects, const RangeOf& rangeOf)
 {
-    for (ISelectable* const pSubject : subjects) {
-        const SValueRange range = rangeOf(*pSubject);
-        if (!range.IsEmpty())
-            pSubject->setColormapValues(range.dMin, range.dMax);
-    }
+    QHash<qint64, QVector<ISelectable*>> items; // by scalar
+    for (ISelectable* const pSubject : subjects)
+        items[pSubject->scalarVariable()].append(pSubject);
+    for (const QVector<ISelectable*>& ofScalar : std::as_const(items))
+        ColormapEdit::SetRange(ofScalar, rangeOf(ofScalar));
 }
 
-/** Over all items together that show the same scalar, so that their colours compare. */
 void TakeLocalRange(Subjects subjects, const SDisplayAnswer&)
 {
-    QHash<qint64, SValueRange> ranges; // by scalar
-    for (const ISelectable* const pSubject : subjects)
-        ranges[pSubject->scalarVariable()].Add(pSubject->rangeOfVariable(pSubject->scalarVariable()));
-    TakeRanges(subjects, [&](const ISelectable& s) { return ranges.value(s.scalarVariable()); });
+    TakeRanges(subjects, ColormapEdit::ItemsRange);
 }
 
 void TakeGlobalRange(Subjects subjects, const SDisplayAnswer&)
 {
-    TakeRanges(subjects, [](const ISelectable& s) {
-        IVariable* const pScalar = CVariableManager::Instance().GetVariable(s.scalarVariable());
-        return pScalar ? pScalar->GetGlobalRange(s.viewId(), s.simulationId(), NO_ID) : SValueRange();
-    });
+    TakeRanges(subjects, ColormapEdit::CaseRange);
 }
 
 // Questions.

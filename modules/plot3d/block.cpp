@@ -3,6 +3,7 @@
 #include "data/blockshape.h"
 #include "data/grids/igrid.h"
 #include "data/io/gridio.h"
+#include "data/io/plot3dprobe.h"
 #include "data/io/plot3dread.h"
 #include "modules/plot3d/plot3dkeys.h"
 
@@ -40,14 +41,23 @@ bool HashPoints(const CReadFile& device, const SPlot3DFile& file, qint64 nBlock,
     return true;
 }
 
-QByteArray HashBlock(const QString& sFileName, qint64 nBlock)
+/** The grid file in which the block has its size: the case may have it in another layout than the first. */
+SPlot3DFile FileOfBlock(const QString& sFileName, qint64 nBlock, const IVector3D& size)
 {
+    const auto hasBlock = [&](const SPlot3DFile& file) {
+        return file.blocks.value(int(nBlock)).size == size;
+    };
     const SPlot3DFile file = CGridIO().Detect(sFileName);
+    return hasBlock(file) ? file : DetectPlot3DGrid(sFileName, hasBlock);
+}
+
+QByteArray HashBlock(const QString& sFileName, qint64 nBlock, const IVector3D& size)
+{
+    const SPlot3DFile file = FileOfBlock(sFileName, nBlock, size);
     CReadFile device;
     if (file.layout.nIsFormatted || nBlock < 0 || nBlock >= file.blocks.size() || !device.Open(sFileName))
         return {};
     QCryptographicHash hash(QCryptographicHash::Md5);
-    const IVector3D size = file.blocks[int(nBlock)].size;
     hash.addData(QString("%1 %2 %3").arg(size.i).arg(size.j).arg(size.k).toLatin1());
     const bool bRead = file.layout.nRealSize == 8 ? HashPoints<double>(device, file, nBlock, hash)
                                                   : HashPoints<float>(device, file, nBlock, hash);
@@ -88,7 +98,7 @@ qint64 CBlock::GetCellCount() const { return SBlockShape{GetSize()}.CellCount();
 QByteArray CBlock::GetLinkKey() const
 {
     if (m_linkKey.isEmpty())
-        m_linkKey = HashBlock(GetFileName(), GetFileIndex());
+        m_linkKey = HashBlock(GetFileName(), GetFileIndex(), GetSize());
     return m_linkKey;
 }
 

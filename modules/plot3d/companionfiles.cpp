@@ -69,14 +69,3 @@ QString FindCompanion(const QString& sFileName, FileRole_e eOwnRole, FileRole_e 
     const QStringList sSeries = FindTransientSeries(candidates.first()).sFileList;
     return sSeries.size() == candidates.size() ? sSeries.first() : QString();
 }
-
-CFileRecord FindGridFor(const CFileRecord& solution, FileRole_e eRole)
-{
-    const QString sFileName = FindCompanion(solution.FileName(), eRole, RoleGrid);
-    if (sFileName.isEmpty())
-        return {};
-    const CFileRecord grid(sFileName, RoleGrid);
-    const bool bFits =
-        grid.IsValid() && !PlacesOfBlocks(solution.BlockSizes(), grid.BlockSizes(), grid.Blocks()).isEmpty();
-    return bFits ? grid : CFileRecord();
-}

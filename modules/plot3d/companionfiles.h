@@ -14,7 +14,3 @@ bool HasGridSuffix(const QString& sFileName);
  * @return its full name; empty if there is none, or more than one
  */
 QString FindCompanion(const QString& sFileName, FileRole_e eOwnRole, FileRole_e eWanted);
-
-/** The grid that goes with a Q or function file by name and by its blocks; an empty record if there is none.
- */
-CFileRecord FindGridFor(const CFileRecord& solution, FileRole_e eRole);

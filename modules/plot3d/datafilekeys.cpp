@@ -126,6 +126,7 @@ CCaseRecords ReadDataFileKeys(const QJsonObject& keys, const CCaseRecords& curre
     }
     if (keys.contains(BLOCKS))
         records.grid.SetBlocks(ReadBlocks(keys[BLOCKS].toArray()));
+    records.Match();
     records.bReadTransient |= records.grid.TransientCount() > 0 || records.q.TransientCount() > 0;
     return records;
 }

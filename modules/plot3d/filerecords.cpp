@@ -3,6 +3,7 @@
 #include "data/gridmanager.h"
 #include "data/io/gridio.h"
 #include "data/io/solutionio.h"
+#include "data/plot3dmatch.h"
 #include "data/solutionmanager.h"
 #include "modules/plot3d/companionfiles.h"
 #include "modules/plot3d/layouttext.h"
@@ -32,37 +33,42 @@ const SFilesProblem NOT_IDENTIFIED{"Invalid file", "The selected file could not 
 
 CFileRecord::CFileRecord(const QString& sFileName, FileRole_e eRole)
 {
-    const bool bGrid = eRole == RoleGrid;
     const QString sFullName = QFileInfo(sFileName).absoluteFilePath();
-    const SPlot3DFile file = bGrid ? CGridIO().Detect(sFullName) : CSolutionIO().Detect(sFullName);
-    QVector<qint64> blocks(file.blocks.size());
-    std::iota(blocks.begin(), blocks.end(), 0);
     Set(*this, FileRecordKey::FILE_NAME, sFullName);
-    Set(*this, FileRecordKey::FILE_TYPE, file.nCode);
-    Set(*this, FileRecordKey::IS_VALID, file.IsDetected() && !file.layout.nIsFormatted);
-    Set(*this, FileRecordKey::BLOCKS, blocks);
-    Set(*this, FileRecordKey::BLOCK_SIZES, Flat(BlockDimensions(file)));
-    Set(*this, FileRecordKey::LAYOUT, DescribeLayout(file));
-    if (IsValid())
-        FindSeries(bGrid);
+    SetDetected(eRole == RoleGrid ? CGridIO().Detect(sFullName) : CSolutionIO().Detect(sFullName));
 }
 
-void CFileRecord::FindSeries(bool bGrid)
+void CFileRecord::SetDetected(const SPlot3DFile& file)
+{
+    const QVector<qint64> sizes = Flat(BlockDimensions(file));
+    if (sizes != Get(*this, FileRecordKey::BLOCK_SIZES)) {
+        QVector<qint64> blocks(file.blocks.size());
+        std::iota(blocks.begin(), blocks.end(), 0);
+        SetBlocks(blocks);
+    }
+    Set(*this, FileRecordKey::FILE_TYPE, file.nCode);
+    Set(*this, FileRecordKey::IS_VALID, file.IsDetected() && !file.layout.nIsFormatted);
+    Set(*this, FileRecordKey::BLOCK_SIZES, sizes);
+    Set(*this, FileRecordKey::LAYOUT, DescribeLayout(file));
+    if (IsValid())
+        FindSeries(file);
+}
+
+void CFileRecord::FindSeries(const SPlot3DFile& file)
 {
     const STransientSeries series = FindTransientSeries(FileName());
     QStringList sFileList;
     QStringList sTimeList;
     for (int n = 0; n < series.sFileList.size(); ++n) {
-        if (!IsLevelOf(series.sFileList[n], FileName(), bGrid))
+        if (!IsLevelOf(series.sFileList[n], FileName(), file))
             continue;
         sFileList.append(series.sFileList[n]);
         sTimeList.append(QString::number(series.times[n], 'g', 17));
     }
-    if (sFileList.size() < 2)
-        return;
-    Set(*this, FileRecordKey::IS_TRANSIENT, true);
-    Set(*this, FileRecordKey::TRANSIENT_FILES, sFileList);
-    Set(*this, FileRecordKey::TRANSIENT_TIMES, sTimeList);
+    const bool bSeries = sFileList.size() >= 2;
+    Set(*this, FileRecordKey::IS_TRANSIENT, bSeries);
+    Set(*this, FileRecordKey::TRANSIENT_FILES, bSeries ? sFileList : QStringList());
+    Set(*this, FileRecordKey::TRANSIENT_TIMES, bSeries ? sTimeList : QStringList());
 }
 
 QVector<IVector3D> CFileRecord::BlockSizes() const
@@ -130,8 +136,30 @@ SFilesProblem CCaseRecords::ValidateFields(const CFileRecord& record, const char
     return {};
 }
 
+bool CCaseRecords::AllFit() const
+{
+    return (q.IsEmpty() || Fits(q)) && std::all_of(functions.begin(), functions.end(),
+                                                   [this](const auto& record) { return Fits(record); });
+}
+
+void CCaseRecords::Match()
+{
+    if (!grid.IsValid() || AllFit())
+        return;
+    SPlot3DCaseFiles files = ToCaseFiles(true);
+    if (grid.Blocks().size() == grid.BlockCount())
+        files.blockIndices.clear(); // all, of whatever number
+    const SMatchedFiles matched = DetectCaseFiles(files);
+    grid.SetDetected(matched.grid);
+    if (!q.IsEmpty())
+        q.SetDetected(matched.q);
+    for (int n = 0; n < functions.size(); ++n)
+        functions[n].SetDetected(matched.functions[n]);
+}
+
 QStringList CCaseRecords::DropUnfit()
 {
+    Match();
     QStringList sProblemList;
     const auto isUnfit = [&](const CFileRecord& record, const char* sMismatch) {
         const SFilesProblem problem = record.IsEmpty() ? SFilesProblem() : ValidateFields(record, sMismatch);
@@ -211,7 +239,8 @@ SFilesProblem CCaseRecords::SetFile(const QString& sFileName, FileRole_e eRole)
     const CFileRecord record(sFileName, eRole);
     if (!record.IsIdentified())
         return NOT_IDENTIFIED;
-    (eRole == RoleGrid ? grid : q) = record;
+    Place(record, eRole);
+    Match();
     return {};
 }
 
@@ -227,6 +256,7 @@ SFilesProblem CCaseRecords::SetFunction(const QString& sFileName, int nPlace)
         functions.append(record);
     else
         functions[nPlace] = record;
+    Match();
     return {};
 }
 
@@ -247,26 +277,42 @@ SFilesProblem CCaseRecords::AddFile(const QString& sFileName)
     return eRole == RoleNone ? NOT_IDENTIFIED : SetFile(sFullName, eRole);
 }
 
+CFileRecord& CCaseRecords::Place(const CFileRecord& record, FileRole_e eRole)
+{
+    if (eRole == RoleFunction) {
+        functions.append(record);
+        return functions.last();
+    }
+    CFileRecord& place = eRole == RoleGrid ? grid : q;
+    place = record;
+    return place;
+}
+
+/** Takes the file in if it is what the role says, and goes with the others. */
+void CCaseRecords::TakeCompanion(const QString& sFileName, FileRole_e eRole)
+{
+    if (sFileName.isEmpty())
+        return;
+    const FileKind_e eKind = eRole == RoleGrid ? KindGrid : eRole == RoleQ ? KindQ : KindFunction;
+    CCaseRecords with = *this;
+    CFileRecord& companion = with.Place(CFileRecord(sFileName, eRole), eRole);
+    with.Match();
+    if (companion.Kind() == eKind && with.grid.IsValid() && with.AllFit())
+        *this = with;
+}
+
 void CCaseRecords::AddCompanions()
 {
     if (grid.IsEmpty() && !q.IsEmpty())
-        grid = FindGridFor(q, RoleQ);
+        TakeCompanion(FindCompanion(q.FileName(), RoleQ, RoleGrid), RoleGrid);
     if (grid.IsEmpty() && !functions.isEmpty())
-        grid = FindGridFor(functions.first(), RoleFunction);
+        TakeCompanion(FindCompanion(functions.first().FileName(), RoleFunction, RoleGrid), RoleGrid);
     if (!grid.IsValid())
         return;
-    const auto find = [this](FileRole_e eRole) {
-        const QString sFileName = FindCompanion(grid.FileName(), RoleGrid, eRole);
-        if (sFileName.isEmpty() || RoleOfFile(sFileName) != eRole)
-            return CFileRecord();
-        const CFileRecord record(sFileName, eRole);
-        return Fits(record) ? record : CFileRecord();
-    };
     if (q.IsEmpty())
-        q = find(RoleQ);
-    if (const CFileRecord function = functions.isEmpty() ? find(RoleFunction) : CFileRecord();
-        !function.IsEmpty())
-        functions.append(function);
+        TakeCompanion(FindCompanion(grid.FileName(), RoleGrid, RoleQ), RoleQ);
+    if (functions.isEmpty())
+        TakeCompanion(FindCompanion(grid.FileName(), RoleGrid, RoleFunction), RoleFunction);
 }
 
 FileRole_e RoleOfFile(const QString& sFileName)

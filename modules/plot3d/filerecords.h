@@ -53,8 +53,12 @@ public:
     /** "wing.x\t(2 / 4 grids, 10 transient files)". */
     QString RowText(bool bTransient, bool bGrid) const;
 
+    FileKind_e Kind() const { return FindFormat(int(Get(*this, FileRecordKey::FILE_TYPE))).eKind; }
+    /** The file is read as this from now on; other blocks than before are all chosen. */
+    void SetDetected(const SPlot3DFile& file);
+
 private:
-    void FindSeries(bool bGrid);
+    void FindSeries(const SPlot3DFile& file);
 };
 
 /** The files that make a case, as the files dialog has them. Holds all rules; knows no widget. */
@@ -73,6 +77,8 @@ public:
     bool HasDisplay() const { return !sDisplayFile.isEmpty() || !sRestartFile.isEmpty(); }
     /** The first thing that is wrong, in the order in which the dialog tells. */
     SFilesProblem Validate() const;
+    /** Reads each file in the layout in which it goes with the others, if there is one. */
+    void Match();
     /**
      * Leaves out the Q and function files that can't be read with this grid.
      *
@@ -99,6 +105,9 @@ public:
 private:
     SFilesProblem ValidateFields(const CFileRecord& record, const char* sMismatch) const;
     bool Fits(const CFileRecord& record) const;
+    bool AllFit() const;
+    CFileRecord& Place(const CFileRecord& record, FileRole_e eRole);
+    void TakeCompanion(const QString& sFileName, FileRole_e eRole);
     bool IsInSeries(const QString& sFileName) const;
     SFileSeries GridSeries() const;
 };

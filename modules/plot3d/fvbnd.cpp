@@ -1,6 +1,5 @@
 #include "modules/plot3d/fvbnd.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -162,14 +161,4 @@ bool ResolveBoundary(SBoundaryRecord& record, const IVector3D& dimensions)
         }
     }
     return true;
-}
-
-QStringList FindFvbndFiles(const QString& sGridFile)
-{
-    const QDir directory = QFileInfo(sGridFile).absoluteDir();
-    QStringList sFileList;
-    for (const QFileInfo& file : directory.entryInfoList(QDir::Files, QDir::Name))
-        if (file.suffix().toLower() == "fvbnd")
-            sFileList.append(file.absoluteFilePath());
-    return sFileList;
 }

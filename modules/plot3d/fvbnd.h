@@ -43,6 +43,3 @@ SFvbndFile ReadFvbnd(const QString& sFileName);
  * @return false for limits outside of the block; the record is of no use then
  */
 bool ResolveBoundary(SBoundaryRecord& record, const IVector3D& dimensions);
-
-/** Files "*.fvbnd" in the folder of the grid file, by name. */
-QStringList FindFvbndFiles(const QString& sGridFile);

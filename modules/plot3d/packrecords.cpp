@@ -133,7 +133,7 @@ void WriteCaseFiles(CDataPack& pack, const CCaseRecords& records, const SPlot3DC
     Set(pack, Plot3DKey::GRID_FILES, StoredNames(examined.grid, sDirectory));
     Set(pack, Plot3DKey::Q_FILES, StoredNames(records.q.Series(records.bReadTransient), sDirectory));
     WriteVariables(pack, records, examined);
-    Set(pack, Plot3DKey::FREE_STREAM_MACH, examined.dFreeStreamMach);
+    Set(pack, Plot3DKey::HEADER_MACH, examined.dFreeStreamMach);
     Set(pack, Plot3DKey::ANGLE_OF_ATTACK, examined.dAngleOfAttack);
 }
 
@@ -151,6 +151,7 @@ CCaseRecords ReadCaseFiles(const CDataPack& pack, const LocateFile& locate)
         records.q = CFileRecord(sQ, RoleQ);
     for (const QString& sFunction : Get(pack, Plot3DKey::FUNCTION_FILES))
         records.functions.append(CFileRecord(full(sFunction), RoleFunction));
+    records.Match();
     ReadVariables(pack, records);
     return records;
 }

@@ -16,8 +16,9 @@ inline constexpr SKey<bool> IS_READ_TRANSIENT{"IsReadTransient", true};  // the 
 inline const SKey<QVector<qint64>> FUNCTION_VARIABLE_COUNTS{"FunctionVariableCountList", {}}; // of each file
 inline const SKey<QStringList> FUNCTION_VARIABLE_NAMES{"FunctionVariableNameList", {}}; // all files in a row
 inline constexpr SKey<double> ANGLE_OF_ATTACK{"AngleOfAttack", 0.0};                    // [degrees]
-/** 0 where no header tells; readers take 1.0 then. */
-inline constexpr SKey<double> FREE_STREAM_MACH{"FreeStreamMach", 0.0};
+inline constexpr SKey<double> FREE_STREAM_MACH{"FreeStreamMach", 1.0};
+/** The same, written: what a header told, 0 where none did. */
+inline constexpr SKey<double> HEADER_MACH{"FreeStreamMach", 0.0};
 
 } // namespace Plot3DKey
 

@@ -39,6 +39,6 @@ double CPlot3DSimulation::GetFreeStreamVelocity() const
 
 bool CPlot3DSimulation::FreeStreamAssumed() const
 {
-    const double dMach = Get(*this, Plot3DKey::FREE_STREAM_MACH);
+    const double dMach = Get(*this, Plot3DKey::HEADER_MACH);
     return !(dMach > 0.0 && dMach < HIGHEST_MACH);
 }

@@ -97,6 +97,9 @@ public:
     bool CanDuplicate(qint64) const override { return false; }
     bool CanTransform(qint64) const override { return false; }
 
+    /** What of the stored case's files can't be used, one line each; empty where all can. */
+    const QStringList& GetDataProblems() const { return m_sDataProblemList; }
+
     // Free stream.
     bool HasVelocityGradient() const override { return true; }
     /** "FreeStreamMach"; 1.0 where it isn't between 0 and 100. */
@@ -131,8 +134,8 @@ private:
 
     SPlot3DCase m_case; // as it was examined last
     bool m_bDisplayChosen = false;
-    bool m_bKeepData = false;    // while a display goes onto them that may name others
-    bool m_bDataMissing = false; // not all files of the stored case could be registered
+    bool m_bKeepData = false;       // while a display goes onto them that may name others
+    QStringList m_sDataProblemList; // of the stored case's files, while not all could be registered
     QMap<qint64, SKeptDisplay>
         m_keptDisplays; // by view, while data are missing: to show and store them again
     QString m_sToolTip;

@@ -83,7 +83,7 @@ bool CPlot3DSimulation::LoadViewState(const QByteArray& bytes, qint64 nViewId, d
     if (!state.FromBytes(bytes))
         return false;
     ApplyViewState(*this, state, nViewId, dVersion);
-    if (dVersion != SESSION_VERSION && m_bDataMissing)
+    if (dVersion != SESSION_VERSION && !m_sDataProblemList.isEmpty())
         m_keptDisplays[nViewId] = {bytes, TakeViewState(*this, nViewId).ToBytes()};
     return true;
 }

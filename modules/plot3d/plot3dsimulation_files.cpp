@@ -11,7 +11,7 @@
 /** Without items, or without their data, there is nothing that anybody has looked at. */
 void CPlot3DSimulation::SaveDisplayFile(qint64 nViewId)
 {
-    if (GetItemCount() > 0 && !m_bDataMissing)
+    if (GetItemCount() > 0 && m_sDataProblemList.isEmpty())
         WriteDisplayFile(*this, nViewId);
 }
 

@@ -4,8 +4,10 @@
 #include "data/variables/storedvariables.h"
 #include "data/variables/variablemanager.h"
 #include "frame/messagesink.h"
+#include "frame/widgetmanager.h"
 #include "modules/base/movedfiles.h"
 #include "modules/plot3d/block.h"
+#include "modules/plot3d/boundaryfiles.h"
 #include "modules/plot3d/boundaryitem.h"
 #include "modules/plot3d/plot3dkeys.h"
 #include "modules/plot3d/plot3dsimulation.h"
@@ -31,16 +33,6 @@ QString KeyOf(const SBoundaryRecord& record)
     for (int nAxis = 0; nAxis < 3; ++nAxis)
         sKey += QString("/%1-%2").arg(record.min[nAxis]).arg(record.max[nAxis]);
     return sKey + '/' + record.sTypeName;
-}
-
-void LogFvbnd(const SFvbndFile& file, const QString& sFileName)
-{
-    if (!file.sError.isEmpty())
-        CMessageSink::Instance().Log(
-            file.sError.contains(sFileName) ? file.sError : QString("%1: %2").arg(file.sError, sFileName));
-    if (file.nSkipped > 0)
-        CMessageSink::Instance().Log(
-            QString("%1: skipped %2 line(s) that are no boundary").arg(sFileName).arg(file.nSkipped));
 }
 
 QString FileLine(const char* sRole, const CFileRecord& record, bool bTransient)
@@ -69,7 +61,7 @@ QString CPlot3DSimulation::Load(const CCaseRecords& records)
     DescribeFiles(records);
     if (GetName().isEmpty())
         SetName(QFileInfo(records.grid.FileName()).completeBaseName());
-    m_bDataMissing = false;
+    m_sDataProblemList.clear();
     TellViews();
     ShowKeptDisplays();
     return {};
@@ -112,11 +104,11 @@ void CPlot3DSimulation::RegisterStoredCase()
         sProblemList = QStringList(examined.sError);
     for (const QString& sProblem : std::as_const(sProblemList))
         CMessageSink::Instance().Log(QString("%1 opens without data: %2").arg(GetName(), sProblem));
-    m_bDataMissing = !sProblemList.isEmpty();
+    m_sDataProblemList = sProblemList;
     if (!examined.sError.isEmpty())
         return;
     // The files may have moved along with the case. What is missing stays named.
-    if (m_bDataMissing)
+    if (!m_sDataProblemList.isEmpty())
         WriteFileNames(*this, records);
     else
         WriteCaseFiles(*this, records, examined);
@@ -199,30 +191,19 @@ void CPlot3DSimulation::UpdateTimes()
     manager.SlotSimulationTransientChanged(GetId());
 }
 
-/** The faces that the files beside the grid name, for the blocks of the case. */
+/** The faces that the files beside the grid name, for the blocks of the case; what is told of the files. */
 QVector<SBoundaryRecord> CPlot3DSimulation::ReadBoundaries() const
 {
-    QHash<qint64, IVector3D> sizes; // by block number
-    for (int n = 0; n < m_case.blocks.size(); ++n)
-        sizes.insert(m_case.blockIndices[n] + 1, m_case.blocks[n]);
-    QVector<SBoundaryRecord> boundaries;
-    for (const QString& sFileName : FindFvbndFiles(m_case.grid.sFileName)) {
-        const SFvbndFile file = ReadFvbnd(sFileName);
-        LogFvbnd(file, sFileName);
-        int nOutside = 0;
-        for (SBoundaryRecord record : file.records) {
-            if (!sizes.contains(record.nBlock))
-                continue;
-            if (!ResolveBoundary(record, sizes[record.nBlock]))
-                ++nOutside;
-            else if (record.bIsFace)
-                boundaries.append(record);
-        }
-        if (nOutside > 0)
-            CMessageSink::Instance().Log(
-                QString("%1: skipped %2 boundary(s) outside of their block").arg(sFileName).arg(nOutside));
+    SGridBoundaries read = ReadBoundariesOf(m_case.grid.sFileName, BlockDimensions(m_case.gridFile));
+    for (const QString& sMessage : std::as_const(read.sMessageList)) {
+        CMessageSink::Instance().Log(sMessage);
+        CWidgetManager::Instance().SetStatusText(sMessage);
     }
-    return boundaries;
+    const QSet<qint64> chosen(m_case.blockIndices.begin(), m_case.blockIndices.end());
+    const auto isLeftOut = [&](const SBoundaryRecord& record) { return !chosen.contains(record.nBlock - 1); };
+    read.records.erase(std::remove_if(read.records.begin(), read.records.end(), isLeftOut),
+                       read.records.end());
+    return read.records;
 }
 
 void CPlot3DSimulation::UpdateBoundaries()

@@ -219,6 +219,7 @@ TEST_F(Render, WrongUsageIsSaidInALineAndNothingIsWritten)
         {{"--mode", "contour"}, "needs a --scalar"},
         {{"--mode", "vector"}, "go together"},
         {{"--legend"}, "need a --scalar"},
+        {{"--q", "a.q", "--q", "b.q"}, "name one --q"},
         {{"--q", "--legend"},
          "--q needs FILE, and '--legend' is an option; a file of that name is ./--legend"},
     };

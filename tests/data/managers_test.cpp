@@ -1,6 +1,8 @@
 #include "data/grids/gridpack.h"
 #include "data/grids/interpgrid.h"
+#include "data/io/filefaults.h"
 #include "frame/memorymanager.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/plot3dcasefixture.h"
 
 #include <QFile>
@@ -45,6 +47,30 @@ TEST_F(Managers, AGridLoadsAtItsFirstPointAndStaysWhileItIsHeld)
     EXPECT_EQ(memory.GetTotalBytes(), nBefore);
     EXPECT_EQ(Grid(2)->GetPoint(3, 3, 3), (DVector3D{Value(1, 0, 26), Value(1, 1, 26), Value(1, 2, 26)}))
         << "loaded anew";
+}
+
+TEST_F(Managers, AFileThatCantBeReadAnyMoreIsToldOnceForEachChange)
+{
+    OpenTwoBlocks();
+    const QString sQ = m_folder.filePath("case.q");
+    const QByteArray bytes = Files::Read(sQ);
+    CLogCapture log;
+    const auto told = [&] {
+        for (const char* const sName : {"R", "RU"})
+            for (const qint64 nItem : {1, 2})
+                EXPECT_EQ(Field(sName, nItem)->GetValue(IVector3D{1, 1, 1}), 0.0);
+        return log.Lines().filter("Can't read " + sQ);
+    };
+    EXPECT_EQ(FileFaults::Last(), "");
+    QFile::remove(sQ);
+    ASSERT_EQ(told().size(), 1);
+    EXPECT_TRUE(told().last().contains("it is not there any more"));
+    RegisterPlot3DCase(SIMULATION, {m_folder.filePath("case.x"), {Files::Write(sQ, bytes)}, {}});
+    EXPECT_EQ(FileFaults::Last(), "") << "registered anew";
+    Files::Write(sQ, bytes.left(bytes.size() - 1000));
+    ASSERT_EQ(told().size(), 2);
+    EXPECT_TRUE(told().last().contains("it was cut short or replaced"));
+    EXPECT_EQ(FileFaults::Last(), told().last());
 }
 
 TEST_F(Managers, BothRoadsToThePointsOfAFileAgreeInBothPrecisions)

@@ -20,7 +20,8 @@ public:
         build();
     }
 
-    std::vector<double> m_mask; // empty: no blanking; takes effect with the next build
+    std::vector<double> m_mask;   // empty: no blanking; takes effect with the next build
+    std::vector<double> m_values; // of any variable; empty: none
     QMatrix4x4 m_givenModel;
     const SSurfaceSize m_given;
     std::vector<DVector3D> m_places;
@@ -34,7 +35,11 @@ protected:
         std::copy(m_places.begin(), m_places.end(), positions.begin());
         return true;
     }
-    bool ReadValues(qint64, std::span<double>) override { return false; }
+    bool ReadValues(qint64, std::span<double> values) override
+    {
+        std::copy(m_values.begin(), m_values.end(), values.begin());
+        return !m_values.empty();
+    }
     double ReadValue(qint64, qint64 nElement) const override { return double(nElement) / 3.0; }
     bool ReadVectors(qint64, std::span<DVector3D>) override { return false; }
     bool ReadMask(std::span<double> mask) override

@@ -49,6 +49,8 @@ TEST_F(Selectables, ABlockIsShownByTheFacesOfThePreferenceInFull)
     EXPECT_EQ(PlaneOfDrawable(pBlock, 3), FacePlane({5, 4, 3}, 3));
     EXPECT_EQ(FacesToShow({5, 1, 3}, 4), QVector<int>{2}) << "its K face would be a line";
     EXPECT_EQ(FacesToShow({5, 4, 3}, 77), QVector<int>{4});
+    EXPECT_EQ(FacesToShow({2, 40, 30}, 4), QVector<int>{0}) << "one layer of cells";
+    EXPECT_EQ(FacesToShow({40, 2, 1}, 6), QVector<int>{4}) << "the thinnest";
 }
 
 TEST_F(Selectables, TheJsonTellsTheExtremesOfAScalarThatIsShown)

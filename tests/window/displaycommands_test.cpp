@@ -10,6 +10,7 @@
 #include "tests/support/promptscript.h"
 #include "tests/support/testsettings.h"
 #include "view/annotations/annotationcolormap.h"
+#include "view/colormaps/colormapedit.h"
 #include "view/iviewer.h"
 
 #include <QApplication>
@@ -236,15 +237,20 @@ TEST_F(DisplayCommands, TheSelectedItemsTakeTheRangeThatTheyHaveTogether)
         Selectable(nBlock)->setScalarVariable(Id("R"));
         Selectable(nBlock)->setColormapValues(-50.0, 50.0);
     }
-    SValueRange both = Selectable(1)->rangeOfVariable(Id("R"));
-    both.Add(Selectable(2)->rangeOfVariable(Id("R")));
+    const SValueRange second = ColormapEdit::ItemsRange({Selectable(2)});
+    const SValueRange both = ColormapEdit::ItemsRange({Selectable(1), Selectable(2)});
+    ASSERT_FALSE(second == both);
+    Selectable(1)->setColormapBindToLocal(true);
     Action(ActionLocalRange)->trigger();
     for (const qint64 nBlock : {1, 2})
-        EXPECT_EQ(Selectable(nBlock)->colormap().dMaximum, both.dMax);
+        EXPECT_EQ(Selectable(nBlock)->drawables().first()->colormapRange(), QPointF(both.dMin, both.dMax));
     Select({2});
     Action(ActionLocalRange)->trigger();
-    EXPECT_EQ(Selectable(2)->colormap().dMaximum, Selectable(2)->rangeOfVariable(Id("R")).dMax);
-    EXPECT_EQ(Selectable(1)->colormap().dMaximum, both.dMax);
+    EXPECT_EQ(Selectable(2)->colormap().dMinimum, second.dMin);
+    EXPECT_EQ(Selectable(1)->colormap().dMinimum, both.dMin);
+    Selectable(2)->setColormapBindToLocal(true);
+    Action(ActionGlobalRange)->trigger();
+    EXPECT_FALSE(Selectable(2)->colormapBindToLocal()) << "the local range would go ahead";
 }
 
 TEST_F(DisplayCommands, BindToLocalIsCheckedWhileAllThatIsSelectedIsBound)

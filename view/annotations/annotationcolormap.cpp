@@ -94,7 +94,9 @@ void CAnnotationColormap::UpdateLayout(const IDrawable& drawable)
     };
     const SLegendContent content = {InForce(m_settings.title, AutomaticTitle(drawable)),
                                     InForce(m_settings.subtitle, AutomaticSubtitle(drawable)),
-                                    LegendLabels(m_settings, drawable.colormapRange())};
+                                    ShowsNoValues(drawable)
+                                        ? QStringList("no values")
+                                        : LegendLabels(m_settings, drawable.colormapRange())};
     if (!m_bDirty && content == m_content)
         return;
     m_content = content;

@@ -1,6 +1,7 @@
 #include "view/annotations/legendtexts.h"
 
 #include "data/variables/variablemanager.h"
+#include "scene/drawablemanager.h"
 #include "scene/iselectable.h"
 #include "scene/selectablekeys.h"
 #include "scene/selectablemanager.h"
@@ -91,6 +92,21 @@ QString AutomaticTitle(const IDrawable& drawable)
 {
     const IVariable* const pVariable = CVariableManager::Instance().GetVariable(drawable.scalarVariable());
     return pVariable ? pVariable->GetName() : QString();
+}
+
+bool ShowsNoValues(const IDrawable& drawable)
+{
+    bool bAnyShown = false;
+    for (const IDrawable* const pOther :
+         CDrawableManager::Instance().GetDrawables(drawable.viewId(), drawable.simulationId())) {
+        if (pOther->scalarVariable() != drawable.scalarVariable() || !pOther->isVisible())
+            continue;
+        const QPointF range = pOther->scalarRange();
+        if (pOther->needsBuild() || range.x() <= range.y())
+            return false;
+        bAnyShown = true;
+    }
+    return bAnyShown;
 }
 
 QString AutomaticSubtitle(const IDrawable& drawable)

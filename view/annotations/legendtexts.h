@@ -19,5 +19,8 @@ public:
 /** The name of the variable that colours the drawable; empty without one. */
 QString AutomaticTitle(const IDrawable& drawable);
 
+/** Nothing that its view shows of the drawable's scalar has a value. */
+bool ShowsNoValues(const IDrawable& drawable);
+
 /** What the drawable's item is: the surface with its place, the block, or the kind with its number. */
 QString AutomaticSubtitle(const IDrawable& drawable);

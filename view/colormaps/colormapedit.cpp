@@ -6,15 +6,11 @@
 
 namespace {
 
-SValueRange ShownRange(const IDrawable& drawable, const ISelectable& item)
+SValueRange ShownRange(IDrawable& drawable, const ISelectable&)
 {
+    drawable.build(); // does nothing where all is as it was
     const QPointF own = drawable.scalarRange();
-    if (own.x() <= own.y())
-        return {own.x(), own.y()};
-    IVariable* const pVariable = CVariableManager::Instance().GetVariable(drawable.scalarVariable());
-    return pVariable && item.blockId() != -1
-               ? pVariable->GetGlobalRange(item.viewId(), item.simulationId(), item.blockId())
-               : SValueRange();
+    return {own.x(), own.y()};
 }
 
 /** The ranges of all drawables as one. */
@@ -22,7 +18,7 @@ template <class RangeOf> SValueRange Joined(const QVector<ISelectable*>& items, 
 {
     SValueRange range;
     for (const ISelectable* const pItem : items)
-        for (const IDrawable* const pDrawable : pItem->drawables())
+        for (IDrawable* const pDrawable : pItem->drawables())
             range.Add(rangeOf(*pDrawable, *pItem));
     return range;
 }

@@ -13,9 +13,8 @@ namespace ColormapEdit {
 /** The items of the pair that are drawn: the selected ones, or all. */
 QVector<ISelectable*> Subjects(qint64 nViewId, qint64 nSimulationId, bool bAll);
 
-/**
- * Least and greatest value of the items' scalars over what the items show; where one hasn't been built yet,
- * over its block. Empty without a scalar.
+/** Least and greatest value of the items' scalars over what the items show, holes left out. Empty without a
+ * scalar.
  */
 SValueRange ItemsRange(const QVector<ISelectable*>& items);
 

@@ -10,6 +10,7 @@
 #include "simulation/simulationmanager.h"
 #include "ui_expressiondialog.h"
 #include "view/dialogs/variabletreeitem.h"
+#include "view/takenranges.h"
 
 #include <QScopedValueRollback>
 #include <QShortcut>
@@ -88,7 +89,6 @@ CExpressionDialog::CExpressionDialog(QWidget* pParent) : QDialog(pParent), m_pUi
     ConnectPad();
     auto* const pAccept = new QShortcut(QKeySequence("Ctrl+Return"), this);
     connect(pAccept, &QShortcut::activated, m_pUi->m_pOKB, &QPushButton::click);
-    m_pUi->m_pOKB->setToolTip("Ctrl+Enter");
 }
 
 CExpressionDialog::~CExpressionDialog() = default;
@@ -244,17 +244,27 @@ void CExpressionDialog::on_m_pExpressionT_textChanged()
         ShowFault();
 }
 
-/** Says where the text isn't a formula, as long as it isn't. */
-void CExpressionDialog::ShowFault()
+/** Why the text isn't a formula; empty if it is. */
+QString CExpressionDialog::FindFault() const
 {
     const QString sText = m_pUi->m_pExpressionT->toPlainText();
+    if (sText.trimmed().isEmpty())
+        return "Enter a formula";
     CExpressionVariable trial(m_nSimulationId, false);
     trial.SetScope(m_scope);
-    QString sMessage;
-    if (!sText.trimmed().isEmpty() && !trial.SetExpression(sText, Form().bSimulations, Form().bTimes))
-        sMessage = QString("Not a formula: look at character %1 (a variable is written as <R>)")
-                       .arg(trial.GetErrorPosition());
-    m_pUi->m_pMessageL->setText(sMessage);
+    if (trial.SetExpression(sText, Form().bSimulations, Form().bTimes))
+        return {};
+    return QString("Not a formula: look at character %1 (a variable is written as <R>)")
+        .arg(trial.GetErrorPosition());
+}
+
+/** Says where the text isn't a formula, as long as it isn't; meanwhile it can't be accepted. */
+void CExpressionDialog::ShowFault()
+{
+    const QString sFault = FindFault();
+    m_pUi->m_pMessageL->setText(sFault);
+    m_pUi->m_pOKB->setEnabled(sFault.isEmpty() && !m_pUi->m_pExpressionT->isReadOnly());
+    m_pUi->m_pOKB->setToolTip(sFault.isEmpty() ? "Ctrl+Enter" : sFault);
 }
 
 void CExpressionDialog::on_m_pOKB_clicked()
@@ -280,9 +290,11 @@ void CExpressionDialog::StoreVariable(const QString& sName)
     m_nVariableId = pVariable->GetId();
     const QString sFormerName = bNew ? sName : pVariable->GetName();
     const VariableLocation_e eFormerLocation = bNew ? m_eLocation : pVariable->GetLocation();
+    const CTakenRanges ranges(m_nVariableId);
     pVariable->SetName(sName);
     pVariable->SetScope(m_scope);
     pVariable->SetExpression(m_pUi->m_pExpressionT->toPlainText(), Form().bSimulations, Form().bTimes);
+    ranges.TakeAnew();
     pVariable->OnVariableChanged();
     StoredVariables::Keep(*pVariable, sFormerName, eFormerLocation);
 }

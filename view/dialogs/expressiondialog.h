@@ -60,6 +60,7 @@ private:
     void AddInputs(qint64 nSimulationId);
     bool MayReferTo(const IVariable& variable) const;
     void ChangeForm(const SForm& former);
+    QString FindFault() const;
     void ShowFault();
     void StoreVariable(const QString& sName);
 

@@ -69,11 +69,20 @@ SSurfacePlane InsideBlock(const SSurfacePlane& plane, const IVector3D& dimension
     return inside;
 }
 
+int ThinDirection(const IVector3D& dimensions)
+{
+    constexpr qint64 MOST_POINTS = 2; // two-dimensional cases are also written as one layer of cells
+    int nThin = -1;
+    for (int nAxis = 0; nAxis < 3; ++nAxis)
+        if (dimensions[nAxis] <= (nThin < 0 ? MOST_POINTS : dimensions[nThin] - 1))
+            nThin = nAxis;
+    return nThin;
+}
+
 QVector<int> FacesToShow(const IVector3D& dimensions, qint64 nDefaultFace)
 {
-    for (int nAxis = 0; nAxis < 3; ++nAxis)
-        if (dimensions[nAxis] == 1)
-            return {2 * nAxis}; // all its other faces are lines
+    if (const int nThin = ThinDirection(dimensions); nThin >= 0)
+        return {2 * nThin}; // all its other faces are lines, or as good as
     if (nDefaultFace == FACE_COUNT)
         return {0, 1, 2, 3, 4, 5};
     return {nDefaultFace >= 0 && nDefaultFace < FACE_COUNT ? int(nDefaultFace) : USUAL_FACE};

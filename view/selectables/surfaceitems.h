@@ -13,11 +13,14 @@ void SetPlane(CDataPack& item, const SSurfacePlane& plane);
 /** The plane of the same direction inside a block, its begin not behind its end. */
 SSurfacePlane InsideBlock(const SSurfacePlane& plane, const IVector3D& dimensions);
 
+/** The direction in which a block is one or two points thick, the thinnest of several; -1 for a solid one. */
+int ThinDirection(const IVector3D& dimensions);
+
 /**
  * The faces by which a block is shown at first, numbered as FacePlane does.
  *
  * @param nDefaultFace  0 to 5 a face, 6 all; anything else is the usual one, K min
- * @return the one plane of a block that is one point thick, whatever the default
+ * @return the one plane of a thin block, whatever the default
  */
 QVector<int> FacesToShow(const IVector3D& dimensions, qint64 nDefaultFace);
 

@@ -9,6 +9,7 @@
 #include "simulation/simulationmanager.h"
 #include "view/annotations/annotationcolormap.h"
 #include "view/overlays.h"
+#include "view/planecase.h"
 #include "view/scalebar.h"
 #include "view/ui/openglcheck.h"
 #include "view/viewbounds.h"
@@ -151,8 +152,11 @@ void COpenGLDrawer::PaintScene(bool bInteracting)
 {
     if (m_bFitNext) {
         CSceneRenderer::Build(m_nViewId);
-        if (const SViewBounds bounds = BoundsInView(false); !bounds.IsEmpty()) {
-            m_camera.ZoomToBounds(bounds);
+        if (!BoundsInView(false).IsEmpty()) {
+            const bool bTurned = !m_camera.FloatView().isIdentity();
+            if (const int nAxis = bTurned ? -1 : AxisAcrossPlaneCase(m_nViewId); nAxis >= 0)
+                m_camera.LookAlong(nAxis, LooksAlongPositive(nAxis));
+            m_camera.ZoomToBounds(BoundsInView(false));
             m_bFitNext = false;
         }
     }

@@ -44,7 +44,8 @@ public:
     SCamera GetCamera() const { return m_camera.Camera(); }
     /** Without a size it waits for the first one. @param nFit  a CameraFit_e */
     void SetCamera(const SCamera& camera, int nFit);
-    /** The next frame that has something to show shows all of it, once it is built. */
+    /** The next frame that has something to show shows all of it, once it is built; a plane from its front,
+     * unless the camera was turned before. */
     void FitNextFrame();
     /** Where the pointer was last; what is picked there. */
     const SPointPick& GetPicked() const { return m_picked; }

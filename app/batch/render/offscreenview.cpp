@@ -5,6 +5,7 @@
 #include "scene/drawablemanager.h"
 #include "scene/idrawable.h"
 #include "simulation/simulationmanager.h"
+#include "view/planecase.h"
 #include "view/ui/opengldrawer.h"
 
 #include <QOffscreenSurface>
@@ -66,6 +67,13 @@ void SetCamera(COpenGLDrawer& drawer, const SRenderRequest::SView& view)
     drawer.SetCamera(camera, FitAll);
 }
 
+/** Where no view is asked for: across the plane of two-dimensional cases, else a corner of the case. */
+SRenderRequest::SView UsualView(qint64 nViewId)
+{
+    const int nAxis = AxisAcrossPlaneCase(nViewId);
+    return nAxis < 0 ? ISOMETRIC : SRenderRequest::SView{"plane", nAxis, LooksAlongPositive(nAxis)};
+}
+
 } // namespace
 
 int OffscreenView::LongestSide()
@@ -94,7 +102,7 @@ QImage OffscreenView::Draw(qint64 nViewId, const SRenderRequest& request,
     if (stored && !request.view)
         drawer.SetCamera(*stored, FitAll);
     else
-        SetCamera(drawer, request.view.value_or(ISOMETRIC));
+        SetCamera(drawer, request.view.value_or(UsualView(nViewId)));
     const QImage image = drawer.grabFramebuffer();
     return image.size() == request.size ? image.convertToFormat(QImage::Format_RGB32) : QImage();
 }

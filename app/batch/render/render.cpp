@@ -8,6 +8,7 @@
 #include "app/batch/render/rendercase.h"
 #include "app/batch/render/virtualdisplay.h"
 #include "app/batch/timings.h"
+#include "data/io/filefaults.h"
 #include "simulation/simulationcases.h"
 #include "view/selectables/selectablefactory.h"
 #include "view/shadermanager.h"
@@ -91,6 +92,8 @@ int Render(const CBatchOptions& options, SRenderRequest request)
     timings.EndStage("evaluate");
     const QImage image = OffscreenView::Draw(CRenderCase::VIEW, request, renderCase.GetCamera());
     timings.EndStage("draw");
+    if (const QString sFault = FileFaults::Last(); !sFault.isEmpty())
+        return BatchError(BatchFailed, sFault); // the picture would show zeros
     if (image.isNull())
         return BatchError(BatchFailed, "nothing could be drawn");
     if (!WritePng(image, request.sOutput))

@@ -97,6 +97,8 @@ BatchStatus_e CRenderCase::OpenCaseFile(const QString& sFileName)
     m_pSimulation->SetFilePath(QFileInfo(sFileName).absoluteFilePath());
     if (!FillCase(*m_pSimulation, file, VIEW, true))
         return Fail(BatchFailed, QString("%1 can't be opened").arg(sFileName));
+    if (const QStringList& sProblemList = m_pSimulation->GetDataProblems(); !sProblemList.isEmpty())
+        return Fail(BatchFailed, QString("%1: %2").arg(sFileName, sProblemList.first()));
     m_camera = file.camera.Camera();
     return BatchOk;
 }

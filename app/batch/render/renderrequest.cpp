@@ -235,6 +235,8 @@ QString ParseRenderRequest(const CBatchOptions& options, SRenderRequest& request
     for (const char* const sOption : {"--grid", "--q", "--function"})
         if (options.Has("--case") && options.Has(sOption))
             return QString("%1 and --case exclude each other: a case file names its data").arg(sOption);
+    if (options.All("--q").size() > 1)
+        return "a picture shows one level: name one --q";
     for (const SRenderOption& row : OptionTable())
         for (const QString& sText : options.All(row.option.sName))
             if (!row.Take(request, sText))

@@ -1,7 +1,8 @@
-// Every layout of every code: written with known contents, detected, and read back exactly.
+// Every layout of every code: written with known contents, detected, and read back exactly; and as a case,
+// whose fields of the grid file are the grid's.
 #include "data/io/plot3dprobe.h"
 #include "data/io/plot3dread.h"
-#include "tests/support/plot3dfile.h"
+#include "tests/support/plot3dcasefixture.h"
 
 #include <QTemporaryDir>
 
@@ -325,5 +326,122 @@ TEST_F(Plot3DLayouts, ACutFileIsNotTakenForWhatItWas)
         for (int nLength = 0; nLength < bytes.size(); nLength += nLength < 100 ? 7 : 331)
             EXPECT_NE(Detect(layoutCase, bytes.left(nLength)).nCode, layoutCase.nCode) << nLength;
         EXPECT_NE(Detect(layoutCase, bytes.left(bytes.size() - 1)).nCode, layoutCase.nCode);
+    }
+}
+
+namespace {
+
+/** Cases of one grid file in each layout, with small and odd sizes of blocks. */
+class GridFields : public Plot3DCaseFixture
+{
+protected:
+    static QVector<SBlock> BlocksOf(const SFileLayout& layout, int nVariant)
+    {
+        const IVector3D sizes[][2] = {
+            {{5, 4, 3}, {3, 7, 2}}, {{2, 2, 2}, {1, 3, 2}}, {{33, 17, 9}, {21, 5, 4}}};
+        QVector<SBlock> blocks;
+        for (const IVector3D& size : sizes[nVariant])
+            blocks.append({{size.i, size.j, layout.bIs3D ? size.k : 1}, 2});
+        if (!layout.bIsMultiBlock)
+            blocks.resize(1);
+        return blocks;
+    }
+
+    QString WriteLayout(const char* sName, const SFileLayout& layout, FileKind_e eKind,
+                        const QVector<SBlock>& blocks, int nPadding = 0)
+    {
+        return Files::Write(m_folder.filePath(sName),
+                            Plot3DFixture::MakeFile(layout, eKind, blocks) + QByteArray(nPadding, '\0'));
+    }
+
+    /** As bits: a file taken for another may hold NaN. */
+    static std::vector<quint64> Bits(const std::vector<double>& values)
+    {
+        std::vector<quint64> bits;
+        for (const double dValue : values)
+            bits.push_back(std::bit_cast<quint64>(dValue));
+        return bits;
+    }
+
+    std::vector<double> Values(const char* sName, qint64 nItemId)
+    {
+        const auto pField = Field(sName, nItemId);
+        std::vector<double> values(pField ? pField->GetShape().PointCount() : 0);
+        if (pField)
+            pField->FillValues(pField->GetShape().Range(), values);
+        return values;
+    }
+
+    /** "X", "Y", "Z" are the points of the grid to the bit, "Hole" its IBlank, or 1. */
+    void ExpectFieldsOfGrid(const SPlot3DCase& opened, const SFileLayout& written)
+    {
+        for (int n = 0; n < opened.blocks.size(); ++n) {
+            const auto pGrid = Grid(n + 1);
+            const qint64 nPoints = pGrid->GetPointCount();
+            std::array<std::vector<double>, 3> points;
+            for (std::vector<double>& axis : points)
+                axis.resize(nPoints);
+            pGrid->FillPoints(pGrid->GetShape().Range(), {points[0], points[1], points[2]});
+            EXPECT_EQ(Bits(Values("X", n + 1)), Bits(points[0]));
+            EXPECT_EQ(Bits(Values("Y", n + 1)), Bits(points[1]));
+            EXPECT_EQ(Bits(Values("Z", n + 1)), Bits(points[2]));
+            if (opened.gridFile.layout != written)
+                continue; // too small to be told from another layout: its integers are something else
+            std::vector<double> holes(nPoints, 1.0);
+            for (qint64 k = 0; opened.gridFile.layout.bHasBlank && k < nPoints; ++k)
+                holes[k] = Plot3DFixture::Blank(n, k) != 0;
+            EXPECT_EQ(Values("Hole", n + 1), holes);
+        }
+    }
+};
+
+} // namespace
+
+TEST_F(GridFields, AreTheGridsOwnInEveryLayout)
+{
+    for (const SLayoutCase& layoutCase : AllLayouts()) {
+        for (int nVariant = 0; nVariant < 6 && layoutCase.eKind == KindGrid; ++nVariant) {
+            SCOPED_TRACE(Describe(layoutCase) + ", variant " + std::to_string(nVariant));
+            const QVector<SBlock> blocks = BlocksOf(layoutCase.layout, nVariant % 3);
+            const QString sGrid =
+                WriteLayout("case.x", layoutCase.layout, KindGrid, blocks, nVariant < 3 ? 0 : 300);
+            const SPlot3DCase opened = RegisterPlot3DCase(SIMULATION, {sGrid, {}, {}});
+            EXPECT_EQ(opened.sError, "");
+            ExpectFieldsOfGrid(opened, layoutCase.layout);
+            RemoveCaseData(SIMULATION);
+            if (HasFailure())
+                return;
+        }
+    }
+}
+
+TEST_F(GridFields, AFileThatFitsSeveralLayoutsIsReadAsWhatGoesWithItsPartner)
+{
+    const auto isSolution = [](FileKind_e eKind) { return eKind == KindQ || eKind == KindFunction; };
+    for (const SLayoutCase& layoutCase : AllLayouts()) {
+        for (int nVariant = 0; nVariant < 3 && isSolution(layoutCase.eKind); ++nVariant) {
+            SCOPED_TRACE(Describe(layoutCase) + ", variant " + std::to_string(nVariant));
+            const QVector<SBlock> blocks = BlocksOf(layoutCase.layout, nVariant);
+            const QString sGrid = WriteLayout("case.x", layoutCase.layout, KindGrid, blocks);
+            const QString sSolution = WriteLayout("case.q", layoutCase.layout, layoutCase.eKind, blocks);
+            const bool bQ = layoutCase.eKind == KindQ;
+            const SPlot3DCase opened =
+                RegisterPlot3DCase(SIMULATION, {sGrid, bQ ? QStringList{sSolution} : QStringList(),
+                                                bQ ? QStringList() : QStringList{sSolution}});
+            EXPECT_EQ(opened.sError, "");
+            const bool bAsWritten = opened.fields.back().file.layout == layoutCase.layout;
+            EXPECT_TRUE(bAsWritten || nVariant == 1) << "only the smallest can't be told from others";
+            for (int n = 0; n < blocks.size() && bAsWritten; ++n) {
+                const IVector3D size = blocks[n].size;
+                EXPECT_EQ(opened.blocks.value(n), size);
+                std::vector<double> expected;
+                for (qint64 k = 0; k < size.i * size.j * size.k; ++k)
+                    expected.push_back(Plot3DFixture::Value(n, 1, k));
+                EXPECT_EQ(Values(bQ ? "RU" : "F1.2", n + 1), expected);
+            }
+            RemoveCaseData(SIMULATION);
+            if (HasFailure())
+                return;
+        }
     }
 }

@@ -46,7 +46,7 @@ TEST(Formula, ValuesAreWhatTheGrammarSays)
     constexpr double PI = 3.141592653589793, E = 2.718281828459045;
     const std::vector<SValueCase> numbers = {
         {"42", 42.0},    {"1e-3", 0.001}, {".5", 0.5},     {"1.", 1.0},         {"1.e2", 100.0},
-        {"2E+2", 200.0}, {"0x1f", 31.0},  {"0x.8p1", 1.0}, {"1e999", INF},      {"1e-999", 0.0},
+        {"2E+2", 200.0}, {"0x1f", 31.0},  {"0x.8p1", 1.0}, {"1e999", NO_VALUE}, {"1e-999", 0.0},
         {"0.1", 0.1},    {"1e1-1", 9.0},  {"1.5e1", 15.0}, {" \t\r\n1 \n", 1.0}};
     const std::vector<SValueCase> binding = {
         {"1+2*3", 7.0},  {"7-2-1", 4.0},  {"12/3/2", 2.0},        {"17%10*2", 14.0}, {"-7%3", -1.0},
@@ -69,8 +69,9 @@ TEST(Formula, ValuesAreWhatTheGrammarSays)
                                             {"floor(-1.5)+ceil(1.2)", 0.0},
                                             {"ncr(5,2)+npr(5,2)", 30.0}};
     const std::vector<SValueCase> noNumbers = {
-        {"0/0", NO_VALUE}, {"a-a/0+a/0", NO_VALUE}, {"(a-2)/(a-2)", NO_VALUE}, {"sqrt(-1)", NO_VALUE},
-        {"1/0", INF},      {"ln 0", -INF},          {"0/0+1", NO_VALUE}};
+        {"0/0", NO_VALUE},      {"a-a/0+a/0", NO_VALUE}, {"(a-2)/(a-2)", NO_VALUE},
+        {"sqrt(-1)", NO_VALUE}, {"1/0", NO_VALUE},       {"ln 0", NO_VALUE},
+        {"0/0+1", NO_VALUE},    {"1/(1/0)", 0.0},        {"999999+1", 1e6}};
     for (const std::vector<SValueCase>& cases : {numbers, binding, names, calls, longer, noNumbers})
         for (const auto& [sText, dExpected] : cases) {
             const std::optional<double> value = ValueOf(sText);
@@ -146,7 +147,8 @@ TEST(Formula, FunctionsOfOneArgumentGiveTheLibraryValues)
                                 1e30, 800., -800., INF,  -INF, 5e-324, 1e-9, 710.5, NOT_A_NUMBER};
     for (const auto& [sName, function] : functions) {
         for (const double x : arguments) {
-            const double dExpected = std::isnan(function(x)) ? NO_VALUE : function(x);
+            const bool bHasValue = std::isfinite(x) && std::isfinite(function(x));
+            const double dExpected = bHasValue ? function(x) : NO_VALUE;
             EXPECT_EQ(std::bit_cast<quint64>(Call(QString(sName) + " x", x)),
                       std::bit_cast<quint64>(dExpected))
                 << sName << " " << x;
@@ -154,25 +156,28 @@ TEST(Formula, FunctionsOfOneArgumentGiveTheLibraryValues)
     }
 }
 
-TEST(Formula, TheExtremesIgnoreAnArgumentThatIsNoNumber)
+TEST(Formula, WhatRestsOnAnInputWithoutAValueHasNone)
 {
-    EXPECT_EQ(Call("max(x,y)", NOT_A_NUMBER, 1.0), 1.0);
-    EXPECT_EQ(Call("max(x,y)", 1.0, NOT_A_NUMBER), 1.0);
-    EXPECT_EQ(Call("min(x,y)", NOT_A_NUMBER, -INF), -INF);
-    EXPECT_EQ(Call("min(x,y)", 1.0, NOT_A_NUMBER), 1.0);
-    EXPECT_EQ(Call("max(x,y)", NOT_A_NUMBER, NOT_A_NUMBER), NO_VALUE);
-    EXPECT_EQ(Call("max(x,y)-min(x,y)", -3.0, INF), INF);
+    QStringList sTextList = {"x",        "-x",         "x+y",       "y-x",      "x*0",      "0/x",
+                             "x%y",      "y%x",        "x^0",       "1^x",      "pow(x,y)", "pow(y,x)",
+                             "max(x,y)", "max(y,x)",   "min(x,y)",  "min(y,x)", "ncr(x,0)", "ncr(y,x)",
+                             "npr(x,0)", "atan2(x,y)", "atan2(y,x)"};
+    for (const char* sName : {"abs", "acos", "asin", "atan", "ceil", "cos", "cosh", "exp", "fac", "floor",
+                              "ln", "log", "log10", "round", "sin", "sinh", "sqrt", "tan", "tanh"})
+        sTextList.append(QString(sName) + " x");
+    for (const QString& sText : sTextList)
+        for (const double x : {NO_VALUE, NOT_A_NUMBER, INF, -INF})
+            EXPECT_EQ(Call(sText, x, 0.5), NO_VALUE) << sText.toStdString() << " of " << x;
 }
 
 TEST(Formula, PowersFollowTheLibraryAndSquaresAreRoundedOnce)
 {
-    for (const double x : {0.1, -3.7, 1e200, -0.0, INF, 5e-324})
+    for (const double x : {0.1, -3.7, 1e150, -0.0, 5e-324})
         EXPECT_EQ(Call("x^2", x), x * x);
-    for (const double x : {0.1, 1e200, 0.0, INF})
-        for (const double y : {3.5, -1.0, 0.0, 0.5, INF})
+    for (const double x : {0.1, 1e80, 7.0})
+        for (const double y : {3.5, -1.0, 0.0, 0.5})
             EXPECT_EQ(Call("x^y", x, y), std::pow(x, y)) << x << " " << y;
     EXPECT_EQ(Call("x^y", -8.0, 1.0 / 3.0), NO_VALUE);
-    EXPECT_EQ(Call("x^y", NOT_A_NUMBER, 0.0), 1.0);
 }
 
 // Of ncr(31,15) the value fits, but not a product on the way.
@@ -183,31 +188,28 @@ TEST(Formula, CountingFunctionsStayIn32Bits)
     {
         double x, y, dExpected;
     };
-    const std::vector<SCase> fac = {{0.0, 0, 1.0},           {-0.0, 0, 1.0},
-                                    {12.99, 0, 479001600.0}, {13.0, 0, INF},
-                                    {MAX, 0, INF},           {MAX + 1.0, 0, INF},
-                                    {INF, 0, INF},           {-1e-300, 0, NO_VALUE},
-                                    {-INF, 0, NO_VALUE},     {NOT_A_NUMBER, 0, NO_VALUE}};
+    const std::vector<SCase> fac = {{0.0, 0, 1.0},         {-0.0, 0, 1.0},     {12.99, 0, 479001600.0},
+                                    {13.0, 0, NO_VALUE},   {MAX, 0, NO_VALUE}, {MAX + 1.0, 0, NO_VALUE},
+                                    {-1e-300, 0, NO_VALUE}};
     const std::vector<SCase> ncr = {{5.0, 0.0, 1.0},
                                     {0.0, 0.0, 1.0},
                                     {5.9, 2.9, 10.0},
                                     {52.0, 47.0, 2598960.0},
                                     {30.0, 15.0, 155117520.0},
-                                    {31.0, 15.0, INF},
+                                    {31.0, 15.0, NO_VALUE},
                                     {MAX, 1.0, MAX},
                                     {MAX, MAX, 1.0},
-                                    {MAX, 2.0, INF},
-                                    {MAX, 2147483647.0, INF},
-                                    {MAX + 1.0, 1.0, INF},
-                                    {INF, INF, INF},
+                                    {MAX, 2.0, NO_VALUE},
+                                    {MAX, 2147483647.0, NO_VALUE},
+                                    {MAX + 1.0, 1.0, NO_VALUE},
                                     {2.0, 3.0, NO_VALUE},
                                     {3.2, 3.3, NO_VALUE},
                                     {3.0, -1.0, NO_VALUE},
-                                    {-3.0, -4.0, NO_VALUE},
-                                    {NOT_A_NUMBER, 1.0, NO_VALUE},
-                                    {1.0, NOT_A_NUMBER, NO_VALUE}};
-    const std::vector<SCase> npr = {
-        {10.0, 3.0, 720.0}, {30.0, 12.0, 86493225.0 * 479001600.0}, {30.0, 13.0, INF}, {2.0, 3.0, NO_VALUE}};
+                                    {-3.0, -4.0, NO_VALUE}};
+    const std::vector<SCase> npr = {{10.0, 3.0, 720.0},
+                                    {30.0, 12.0, 86493225.0 * 479001600.0},
+                                    {30.0, 13.0, NO_VALUE},
+                                    {2.0, 3.0, NO_VALUE}};
     for (const auto& [sText, cases] : {std::pair{"fac x", fac}, {"ncr(x,y)", ncr}, {"npr(x,y)", npr}})
         for (const SCase& row : cases)
             EXPECT_EQ(Call(sText, row.x, row.y), row.dExpected) << sText << " " << row.x << " " << row.y;

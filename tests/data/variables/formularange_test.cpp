@@ -156,14 +156,34 @@ TEST(FormulaComposition, HasTheBitsOfEvaluatingOneAfterTheOther)
     }
 }
 
-TEST(FormulaComposition, AnInnerValueThatIsNoNumberGoesOnAsTheMarker)
+TEST(FormulaComposition, AnInnerResultWithoutAValueGivesNoneThroughAnyDepth)
 {
-    const auto pInner = Compile("x/x", {"x"});
-    const SFormulaBinding bindings[] = {{pInner, {0}}};
-    const auto pComposed = CFormula::Compose(*Compile("r+1", {"r"}), bindings, 1);
-    EXPECT_EQ(pComposed->Evaluate(std::vector{0.0}), NO_VALUE + 1.0);
     const SFormulaBinding constant[] = {{CFormula::Constant(std::nan("")), {}}};
-    EXPECT_EQ(CFormula::Compose(*Compile("r+1", {"r"}), constant, 0)->Evaluate({}), NO_VALUE + 1.0);
+    EXPECT_EQ(CFormula::Compose(*Compile("r^0", {"r"}), constant, 0)->Evaluate({}), NO_VALUE);
+    for (const char* const sInner : {"x/x", "1/x", "999999+x"}) {
+        auto pFormula = Compile(sInner, {"x"});
+        for (const char* const sOuter : {"max(r,1)", "1/r", "r-999998"}) {
+            const SFormulaBinding bindings[] = {{pFormula, {0}}};
+            pFormula = CFormula::Compose(*Compile(sOuter, {"r"}), bindings, 1);
+            EXPECT_EQ(pFormula->Evaluate(std::vector{0.0}), NO_VALUE) << sInner << ", " << sOuter;
+        }
+        EXPECT_NE(pFormula->Evaluate(std::vector{0.5}), NO_VALUE) << sInner;
+    }
+}
+
+// All but one of the points go through arrays where they stand.
+TEST(FormulaRange, OnePointWithoutAValueTakesNoOtherWithIt)
+{
+    for (const double dMark : {NO_VALUE, std::nan(""), HUGE_VAL}) {
+        std::vector<float> a(5000, 3.0F);
+        const std::vector<double> b(5000, 2.0);
+        a[4321] = float(dMark);
+        const CFormulaColumn columns[] = {std::span(std::as_const(a)), std::span(b)};
+        std::vector<double> out(5000), expected(5000, 7.0);
+        expected[4321] = NO_VALUE;
+        Compile("x*y+1", {"x", "y"})->EvaluateRange(columns, out);
+        EXPECT_EQ(out, expected);
+    }
 }
 
 TEST(FormulaComposition, WhatVariablesShareIsComputedOnce)

@@ -38,15 +38,17 @@ public:
         constexpr double SPECIAL[] = {
             0.0,  -0.0, INF, -INF,    std::numeric_limits<double>::quiet_NaN(), 5e-324, -1e-310, 1.7e308, 1.0,
             -1.0, 2.0,  0.5, 999999.0};
-        if (Below(3) == 0)
-            return SPECIAL[Below(std::size(SPECIAL))];
-        return std::ldexp(double(m_random()) / 4294967296.0 - 0.5, Below(12));
+        return Below(3) == 0 ? SPECIAL[Below(std::size(SPECIAL))] : Plain();
     }
 
+    double Plain() { return std::ldexp(double(m_random()) / 4294967296.0 - 0.5, Below(12)); }
+
+    /** Half of the times all of them are plain: runs without and with special values go different ways. */
     std::vector<double> Values(size_t nCount)
     {
         std::vector<double> values(nCount);
-        std::ranges::generate(values, [this] { return Value(); });
+        const bool bPlain = Below(2) == 0;
+        std::ranges::generate(values, [this, bPlain] { return bPlain ? Plain() : Value(); });
         return values;
     }
 

@@ -93,3 +93,31 @@ TEST_F(FileRecords, RowsTellBlocksAndSeriesAndNumberedMeshesAreNoLevels)
     records.q = {};
     EXPECT_EQ(records.ToCaseFiles(true).grid.levels.size(), 2);
 }
+
+TEST_F(FileRecords, FilesAreReadInTheLayoutInWhichTheyGoTogether)
+{
+    const QVector<Plot3DFixture::SBlock> blocks = {{{33, 17, 1}, 3}};
+    const QString sGrid = Write("flat.x", 17, KindGrid, blocks), sQ = Write("flat.q", 84, KindQ, blocks),
+                  sFunction = Write("flat.f", 88, KindFunction, blocks);
+    for (const bool bGridFirst : {true, false}) {
+        CCaseRecords records;
+        if (bGridFirst) {
+            EXPECT_TRUE(records.SetFile(sGrid, RoleGrid).IsNone());
+        }
+        EXPECT_TRUE(records.SetFile(sQ, RoleQ).IsNone());
+        EXPECT_TRUE(records.SetFunction(sFunction).IsNone());
+        if (!bGridFirst) {
+            EXPECT_TRUE(records.SetFile(sGrid, RoleGrid).IsNone());
+        }
+        EXPECT_EQ(records.Validate().sText, "");
+        EXPECT_EQ(records.q.Kind(), KindQ);
+        EXPECT_EQ(records.functions.first().Kind(), KindFunction);
+        EXPECT_EQ(records.functions.first().BlockSizes(), QVector<IVector3D>({{33, 17, 1}}));
+    }
+    CCaseRecords alone;
+    EXPECT_TRUE(alone.SetFile(sGrid, RoleGrid).IsNone());
+    alone.AddCompanions();
+    EXPECT_EQ(alone.q.FileName(), sQ);
+    ASSERT_EQ(alone.functions.size(), 1);
+    EXPECT_EQ(alone.functions.first().FileName(), sFunction);
+}

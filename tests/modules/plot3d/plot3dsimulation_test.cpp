@@ -1,11 +1,15 @@
 #include "modules/plot3d/plot3dsimulation.h"
 
 #include "data/gridmanager.h"
+#include "data/io/plot3dprobe.h"
 #include "data/solutionmanager.h"
+#include "data/variables/expressionvariable.h"
 #include "data/variables/variablemanager.h"
 #include "tests/modules/plot3d/plot3dcasetest.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/promptscript.h"
+
+#include <cstring>
 
 using Plot3DFixture::HeaderReal;
 using Plot3DFixture::Value;
@@ -61,11 +65,69 @@ TEST_F(Plot3DSimulation, AMachNumberOf100IsNoneAndWithoutQItIsAssumed)
     CPlot3DSimulation& simulation = *Open(Records({WriteGrid()}));
     EXPECT_TRUE(simulation.FreeStreamAssumed());
     EXPECT_EQ(simulation.GetFreeStreamVelocity(), 1.0);
+    EXPECT_EQ(Get(simulation, Plot3DKey::FREE_STREAM_MACH), 1.0);
     Set(simulation, Plot3DKey::FREE_STREAM_MACH, 0.5);
     EXPECT_FALSE(simulation.FreeStreamAssumed());
     EXPECT_EQ(simulation.GetFreeStreamVelocity(), 0.5);
     Set(simulation, Plot3DKey::FREE_STREAM_MACH, 100.0);
     EXPECT_TRUE(simulation.FreeStreamAssumed());
+}
+
+namespace {
+
+/** Puts another Mach number into the header of the file's first block. */
+void SetMach(const QString& sFileName, double dMach)
+{
+    const SPlot3DFile file = DetectPlot3DSolution(sFileName);
+    QByteArray bytes = Files::Read(sFileName);
+    std::memcpy(bytes.data() + QHeaderOffset(file.layout, file.blocks[0]), &dMach, sizeof dMach);
+    Files::Write(sFileName, bytes);
+}
+
+} // namespace
+
+TEST_F(Plot3DSimulation, TheFreeStreamFollowsTheDataAndAnEditedConstantStays)
+{
+    const QString sGrid = WriteGrid(), sQ = WriteQ();
+    CPlot3DSimulation& simulation = *Open(Records({sGrid, sQ}));
+    const auto constant = [&](const char* sName) {
+        CVariableManager& manager = CVariableManager::Instance();
+        const qint64 nId = manager.FindByName(simulation.GetId(), sName, LocationNone);
+        return static_cast<CExpressionVariable*>(manager.GetVariable(nId));
+    };
+    const double dCp = FieldValue(simulation, "Cp[Q]", 1);
+    EXPECT_EQ(constant("Vinf")->EvaluateScalarConstant(), 0.5);
+    SetMach(sQ, 0.25);
+    EXPECT_EQ(simulation.Reload(), "");
+    EXPECT_EQ(constant("Vinf")->EvaluateScalarConstant(), 0.25);
+    EXPECT_NEAR(FieldValue(simulation, "Cp[Q]", 1), 4.0 * dCp, 1e-9 * std::abs(dCp));
+    constant("Vinf")->SetExpression("0.3", false, false);
+    SetMach(sQ, 0.75);
+    EXPECT_EQ(simulation.Reload(), "");
+    EXPECT_EQ(constant("Vinf")->EvaluateScalarConstant(), 0.3);
+    EXPECT_TRUE(constant("Vinf")->GetComment().contains("differs from 0.75"));
+    EXPECT_EQ(constant("Pinf")->GetComment(), "");
+    SetMach(sQ, 0.3);
+    EXPECT_EQ(simulation.Reload(), "");
+    EXPECT_EQ(constant("Vinf")->GetComment(), "") << "the same again";
+}
+
+TEST_F(Plot3DSimulation, VectorsHaveAThirdComponentWhenTheDataHave)
+{
+    const auto flat = Plot3DFixture::Blocks({{5, 4, 1}}), solid = Plot3DFixture::Blocks({{5, 4, 3}});
+    CPlot3DSimulation& simulation =
+        *Open(Records({Write("flat.x", 16, KindGrid, flat), Write("flat.q", 83, KindQ, flat)}));
+    const auto velocity = [&] {
+        const auto pField = CSolutionManager::Instance().GetSolution(
+            CVariableManager::Instance().FindByName(simulation.GetId(), "Momentum", LocationNode),
+            simulation.GetId(), simulation.GetItems(KindBlock).first()->GetId(), -1, -1.0);
+        return pField ? pField->GetVector(IVector3D{1, 1, 1}) : DVector3D();
+    };
+    EXPECT_EQ(velocity(), (DVector3D{Value(0, 1, 0), Value(0, 2, 0), 0.0}));
+    EXPECT_EQ(
+        simulation.Load(Records({Write("solid.x", 2, KindGrid, solid), Write("solid.q", 49, KindQ, solid)})),
+        "");
+    EXPECT_EQ(velocity(), (DVector3D{Value(0, 1, 0), Value(0, 2, 0), Value(0, 3, 0)}));
 }
 
 TEST_F(Plot3DSimulation, ASeriesIsATimeTableAndNewLevelsJoinAtAReload)
@@ -138,6 +200,24 @@ TEST_F(Plot3DSimulation, BoundaryFilesGiveSurfacesOfTheirBlocks)
     ASSERT_NE(Find(simulation, 7), nullptr);
     EXPECT_EQ(Find(simulation, 7)->typeId(), KindBoundarySurface);
     EXPECT_EQ(CSelectableManager::Instance().GetSelectables(VIEW, simulation.GetId()).size(), 7);
+}
+
+TEST_F(Plot3DSimulation, ABoundaryFileOfAnotherGridIsNotTaken)
+{
+    const auto count = [this](const QString& sGrid) {
+        return Names(*Open(Records({sGrid})), KindBoundarySurface).size();
+    };
+    const QString sGrid = WriteGrid("wing.x");
+    WriteText("other.fvbnd", m_boundaries);
+    EXPECT_EQ(count(sGrid), 3) << "the only one beside the only grid";
+    const QString sOther = Write("other.x", 2, KindGrid, FourBlocks().mid(0, 2));
+    EXPECT_EQ(count(sGrid), 0);
+    CLogCapture log;
+    EXPECT_EQ(count(sOther), 0) << "its name fits, its blocks don't";
+    EXPECT_TRUE(log.Lines().join('\n').contains("it names block 3, the grid has 2"));
+    WriteText("wing.fvbnd", "FVBND 1 4\nwall\nBOUNDARIES\n1 1 1 1 1 $ 1 $\n1 2 1 1 1 4 1 $\n");
+    EXPECT_EQ(count(sGrid), 0);
+    EXPECT_TRUE(log.Lines().join('\n').contains("a boundary of 'wall' lies outside of block 2 (3 x 3 x 3)"));
 }
 
 TEST_F(Plot3DSimulation, ABadBoundaryFileIsLoggedAndTheCaseOpens)

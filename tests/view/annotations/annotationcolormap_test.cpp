@@ -122,6 +122,19 @@ TEST_F(Legend, ItFollowsTheRangeAndTheVariableWithoutBeingTold)
     EXPECT_EQ(Annotation().content().sTitle, "Mach number");
 }
 
+TEST_F(Legend, ItSaysWhenNothingOnShowHasAValue)
+{
+    m_pDrawable->build();
+    Painted();
+    EXPECT_EQ(Annotation().content().sLabelList, QStringList("no values"));
+    auto& surface = static_cast<CTestSurface&>(*m_pDrawable);
+    surface.m_values = {1.0, 2.0, 3.0, NO_VALUE};
+    surface.invalidateValues();
+    surface.build();
+    Painted();
+    EXPECT_EQ(Annotation().content().sLabelList.size(), 2);
+}
+
 TEST_F(Legend, TheSubtitleSaysWhatTheItemIs)
 {
     const auto Text = [&] { return AutomaticSubtitle(*m_pDrawable); };

@@ -38,6 +38,13 @@ protected:
         pBox->setCurrentIndex(nIndex);
         emit pBox->activated(nIndex);
     }
+    CTestSurface& SetValues(int nItem, const std::vector<double>& values)
+    {
+        auto& surface = static_cast<CTestSurface&>(m_case.Drawable(nItem));
+        surface.m_values = values;
+        surface.invalidateAll();
+        return surface;
+    }
     QPointF Range(int nItem) { return m_case.Drawable(nItem).colormapRange(); }
     CAnnotationColormap& Annotation(int nItem) { return *m_case.Item(nItem).annotationColormap(); }
 
@@ -75,6 +82,7 @@ TEST_F(ColormapDialog, EditsReachAllItemsAtOnceAndCancelTakesThemBack)
 TEST_F(ColormapDialog, RangesOfTheCaseAndOfTheItemsCanBeTakenAgainAndAgain)
 {
     m_case.Item(1).setSelected(false);
+    SetValues(0, {1.0, 2.0, 3.0, 4.0});
     CColormapDialog dialog(m_case.Id(), CDialogCase::VIEW, false);
     const SValueRange all = ColormapEdit::CaseRange({&m_case.Item(0)});
     const SValueRange block = ColormapEdit::ItemsRange({&m_case.Item(0)});
@@ -90,6 +98,19 @@ TEST_F(ColormapDialog, RangesOfTheCaseAndOfTheItemsCanBeTakenAgainAndAgain)
     EXPECT_EQ(Range(1), QPointF(0, 1)); // not selected
     Find<QPushButton>(dialog, "m_pOKB")->click();
     EXPECT_EQ(Range(0), QPointF(block.dMin, block.dMax));
+}
+
+TEST_F(ColormapDialog, ARangeOfItemsCountsWhatIsShownWithAValueAndFollowsTheHoles)
+{
+    CTestSurface& surface = SetValues(0, {NO_VALUE, 2.0, 3.0, 4.0});
+    surface.m_mask = {1.0, 1.0, 1.0, 0.0};
+    surface.setColormapBindToLocal(true);
+    const QVector<ISelectable*> items = {&m_case.Item(0)};
+    EXPECT_EQ(ColormapEdit::ItemsRange(items), (SValueRange{2.0, 3.0}));
+    EXPECT_EQ(surface.colormapRange(), QPointF(2.0, 3.0));
+    surface.setShowHoles(false);
+    EXPECT_EQ(ColormapEdit::ItemsRange(items), (SValueRange{2.0, 4.0}));
+    EXPECT_EQ(surface.colormapRange(), QPointF(2.0, 4.0));
 }
 
 TEST_F(ColormapDialog, WithoutAnEditOfTheRangeOkLeavesEachItemItsOwn)

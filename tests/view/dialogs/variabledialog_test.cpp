@@ -190,6 +190,48 @@ TEST_F(VariableDialogs, ReferencesAreWrittenAnewWhereTheFormHasRoom)
     EXPECT_TRUE(dialog.findChild<QLabel*>("m_pMessageL")->text().contains("character 1"));
 }
 
+TEST_F(VariableDialogs, OnlyAFormulaCanBeAcceptedAndTheDialogSaysWhy)
+{
+    CExpressionDialog dialog;
+    dialog.Load(m_case.Id(), LocationNode, -1, false);
+    auto* const pText = dialog.findChild<QPlainTextEdit*>();
+    const auto fault = [&](const char* sText) {
+        pText->setPlainText(sText);
+        const QString sFault = dialog.findChild<QLabel*>("m_pMessageL")->text();
+        EXPECT_EQ(Button(dialog, "m_pOKB")->isEnabled(), sFault.isEmpty()) << sText;
+        return sFault;
+    };
+    EXPECT_EQ(fault("  "), "Enter a formula");
+    EXPECT_TRUE(fault("<R>*").contains("character 5"));
+    EXPECT_TRUE(fault("<nothing>").contains("Not a formula"));
+    EXPECT_EQ(fault("<R>*2"), "");
+}
+
+TEST_F(VariableDialogs, ARangeTakenFromAFormulaFollowsIt)
+{
+    const qint64 nId = Make("mine", "0/0*<R>")->GetId(), nReader = Make("reader", "<mine>+1")->GetId();
+    const auto change = [&](const char* sText) {
+        CExpressionDialog dialog;
+        dialog.Load(m_case.Id(), LocationNode, nId, false);
+        dialog.findChild<QPlainTextEdit*>()->setPlainText(sText);
+        Button(dialog, "m_pOKB")->click();
+    };
+    const auto global = [&](qint64 nVariable) {
+        const SValueRange range = CVariableManager::Instance().GetVariable(nVariable)->GetGlobalRange(
+            CDialogCase::VIEW, m_case.Id(), -1);
+        return QPointF(range.dMin, range.dMax);
+    };
+    m_case.Item(0).setScalarVariable(nId); // keeps the range of what it showed before: this one has none
+    m_case.Item(1).setScalarVariable(nReader);
+    change("2*<R>");
+    EXPECT_EQ(m_case.Drawable(0).colormapRange(), global(nId));
+    EXPECT_EQ(m_case.Drawable(1).colormapRange(), global(nReader));
+    m_case.Item(1).setColormapValues(5.0, 7.0);
+    change("3*<R>");
+    EXPECT_EQ(m_case.Drawable(0).colormapRange(), global(nId));
+    EXPECT_EQ(m_case.Drawable(1).colormapRange(), QPointF(5.0, 7.0)) << "the user's own";
+}
+
 TEST_F(VariableDialogs, WhatIsBuiltInCanOnlyBeRead)
 {
     CExpressionDialog dialog;
