@@ -7,6 +7,7 @@
 #include "frame/window/windowactions.h"
 #include "frame/window/windowtoolbars.h"
 #include "tests/support/displaycase.h"
+#include "tests/support/ownmodules.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/testsettings.h"
 #include "view/annotations/annotationcolormap.h"
@@ -42,6 +43,7 @@ protected:
     }
     void Enter(const char* sBox, const QString& sText) { Enter(Box(sBox)->lineEdit(), sText); }
 
+    const COwnModules m_modules;
     const CFreshPreferences m_fresh;
     CMainWindow m_window;
 };
