@@ -123,6 +123,7 @@ void CMainWindow::BuildViewArea()
     connect(m_pViewArea, &CViewArea::SignalActiveViewChanged, this,
             &CMainWindow::SlotActiveSimulationChanged);
     connect(m_pViewArea, &CViewArea::SignalPopupMenu, this, &CMainWindow::SlotPopupMenu);
+    connect(m_pViewArea, &CViewArea::SignalMouseMode, this, &CMainWindow::SignalMouseMode);
 }
 
 void CMainWindow::BuildActions()
@@ -329,6 +330,7 @@ void CMainWindow::SlotPreferences()
 void CMainWindow::SlotUpdatePreferences()
 {
     ApplyTheme();
+    m_pCameraCommands->ShowPreferences();
     CShaderManager::Instance().InvalidateGlobalUniforms();
     ApplyFontIncrement(this);
     for (CItemPanel* const pPanel : findChildren<CItemPanel*>())

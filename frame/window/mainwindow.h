@@ -72,6 +72,7 @@ public:
 signals:
     /** A dock that opens closes those that don't go with it. */
     void SignalCloseExcept(QWidget* pRequestingWidget);
+    /** What the mouse does in the active view has changed. */
     void SignalMouseMode(OglMouseMode_e eMode);
     void SignalActiveSimulationChanged();
     void SignalCaseSaved();

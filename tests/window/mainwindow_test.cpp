@@ -8,12 +8,17 @@
 #include "frame/widgetmanager.h"
 #include "frame/window/commandline.h"
 #include "frame/window/stylesheets.h"
+#include "frame/window/viewarea.h"
+#include "frame/window/windowactions.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
 #include "tests/support/testmodule.h"
+#include "tests/support/testsettings.h"
 
 #include <QLabel>
 #include <QSettings>
+#include <QSplitter>
+#include <QToolBar>
 #include <QVBoxLayout>
 
 namespace {
@@ -45,6 +50,18 @@ TEST_F(MainWindow, RegistersItselfAndLeavesWithItsLife)
         EXPECT_NE(CModuleRegistry::Instance().FindByName("Plot3D"), nullptr);
     }
     EXPECT_EQ(CWidgetManager::Instance().GetWidget(CWidgetManager::MAIN_WINDOW), nullptr);
+}
+
+TEST_F(MainWindow, SplittersHaveTheStoredWidthFromTheStart)
+{
+    CPreferences stored;
+    Set(stored, PreferenceKey::SPLITTER_WIDTH, 7);
+    EXPECT_TRUE(stored.Save(ApplicationInfo::ORGANISATION, ApplicationInfo::NAME));
+    const CFreshPreferences fresh;
+    CMainWindow window;
+    window.GetViewArea().Split(1, Qt::Horizontal);
+    for (const QSplitter* const pSplitter : window.GetViewArea().findChildren<QSplitter*>())
+        EXPECT_EQ(pSplitter->handleWidth(), 7);
 }
 
 TEST_F(MainWindow, ComesUpWhereTheLastRunLeftIt)

@@ -108,6 +108,8 @@ TEST_F(PreferencesDialog, UnlimitedMemoryIsStoredAsZero)
     CPreferencesDialog dialog;
     auto* const pLimit = Find<QSpinBox>(dialog, "m_pMemoryLimitE");
     EXPECT_EQ(pLimit->text(), "5 GB");
+    pLimit->setValue(1);
+    EXPECT_EQ(pLimit->text(), "1 GB");
     Find<QCheckBox>(dialog, "m_pMemoryLimitCB")->click();
     EXPECT_EQ(pLimit->text(), "Unlimited");
     EXPECT_FALSE(pLimit->isEnabled());

@@ -10,6 +10,8 @@
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
 #include "tests/support/testsettings.h"
+#include "view/ui/oglviewer.h"
+#include "view/ui/opengldrawer.h"
 
 #include <QMenu>
 #include <QMenuBar>
@@ -120,6 +122,45 @@ TEST_F(WindowCommands, HidingReachesTheChildrenWhereThatIsWanted)
     EXPECT_EQ(ItemsThat(&ISelectable::isVisible), QVector<qint64>({4}));
     Action(ActionShow)->trigger();
     EXPECT_EQ(ItemsThat(&ISelectable::isVisible), QVector<qint64>({1, 2, 3, 4}));
+}
+
+TEST_F(WindowCommands, ZoomBoxIsPressedWhileTheActiveViewIsInThatMode)
+{
+    CViewArea& area = m_window.GetViewArea();
+    const auto drawer = [&area](qint64 nId) { return &area.GetOglViewer(nId)->GetDrawer(); };
+    const QAction* const pZoomBox = Action(ActionZoomBox);
+    const QSignalSpy modes(&m_window, &CMainWindow::SignalMouseMode);
+    Action(ActionZoomBox)->trigger();
+    EXPECT_EQ(drawer(1)->GetMode(), MouseZoomBox);
+    area.SetActive(area.Split(1, Qt::Horizontal));
+    EXPECT_FALSE(pZoomBox->isChecked());
+    QTest::keyClick(drawer(1), Qt::Key_Escape);
+    EXPECT_EQ(drawer(1)->GetMode(), MouseNormal);
+    EXPECT_NE(drawer(1)->cursor().shape(), Qt::CrossCursor);
+    drawer(2)->SlotMode(MouseZoomBox);
+    EXPECT_TRUE(pZoomBox->isChecked()) << "whoever has set it";
+    area.SetActive(1);
+    EXPECT_FALSE(pZoomBox->isChecked());
+    area.SetActive(2);
+    EXPECT_TRUE(pZoomBox->isChecked());
+    QTest::keyClick(drawer(2), Qt::Key_Escape);
+    EXPECT_FALSE(pZoomBox->isChecked());
+    EXPECT_EQ(modes.last().value(0).value<OglMouseMode_e>(), MouseNormal);
+}
+
+TEST_F(WindowCommands, TheRotationAxisIsMarkedAsThePreferencesHaveIt)
+{
+    const auto shown = [this] {
+        for (const CDropDownButton* const pButton : m_window.findChildren<CDropDownButton*>())
+            if (pButton->text() == "Rotation Axis")
+                return pButton->GetLastAction();
+        return static_cast<QAction*>(nullptr);
+    };
+    EXPECT_EQ(shown(), Action(ActionRotationAxisAlways));
+    Set(CPreferences::Instance(), PreferenceKey::ROTATION_AXIS_VISIBILITY, 2);
+    m_window.SlotUpdatePreferences();
+    EXPECT_TRUE(Action(ActionRotationAxisOnRotation)->isChecked());
+    EXPECT_EQ(shown(), Action(ActionRotationAxisOnRotation));
 }
 
 TEST_F(WindowCommands, TheAngleLimitIsAskedForInDegrees)
