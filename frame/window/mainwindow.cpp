@@ -39,6 +39,7 @@
 
 #include <QCloseEvent>
 #include <QMimeData>
+#include <QToolButton>
 
 namespace {
 
@@ -176,7 +177,16 @@ void CMainWindow::ApplyTheme()
     if (nTheme < 0 || nTheme >= m_styleSheets.size())
         return;
     ApplyThemeColors(int(nTheme));
+    // A sheet that takes the place of another reaches only what the other has been applied to: before its
+    // first show a window would keep parts of its own.
+    ensurePolished();
     setStyleSheet(m_styleSheets[int(nTheme)]);
+    // The arrow of a toolbar that doesn't fit is a picture in the colours of when it was made; this makes it
+    // anew.
+    for (QToolButton* const pArrow : findChildren<QToolButton*>("qt_toolbar_ext_button")) {
+        QEvent anew(QEvent::LayoutDirectionChange);
+        QCoreApplication::sendEvent(pArrow, &anew);
+    }
 }
 
 void CMainWindow::ShowAsStored()
