@@ -5,6 +5,7 @@
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
+#include "frame/window/activepair.h"
 #include "frame/window/firstcolors.h"
 #include "frame/window/showcase.h"
 #include "frame/window/windowactions.h"
@@ -96,6 +97,11 @@ IModuleInterface* ModuleOf(const QAction* pAction)
     return CModuleRegistry::Instance().FindById(pAction->data().toLongLong());
 }
 
+IModuleInterface* ModuleOf(const ISimulation* pSimulation)
+{
+    return pSimulation ? CModuleRegistry::Instance().FindById(pSimulation->GetModuleId()) : nullptr;
+}
+
 } // namespace
 
 CFileCommands::CFileCommands(CWindowActions& actions, QMenu* pNewMenu, QMenu* pAnalyzeMenu,
@@ -111,6 +117,11 @@ CFileCommands::CFileCommands(CWindowActions& actions, QMenu* pNewMenu, QMenu* pA
     actions.Bind(ActionImport, this, [] {
         if (ISimulation* const pSimulation = CWidgetManager::Instance().GetActiveSimulation())
             pSimulation->EditData();
+    });
+    actions.Bind(ActionExport, this, [] {
+        const SActivePair active;
+        if (IModuleInterface* const pModule = ModuleOf(active.pSimulation))
+            pModule->Export(active.nViewId);
     });
     actions.Bind(ActionOpen, this, [this] { SlotOpenSimulation({}); });
     connect(&m_recentFiles, &CRecentFiles::SignalOpen, this, &CFileCommands::SlotOpenSimulation);

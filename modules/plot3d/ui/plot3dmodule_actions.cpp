@@ -152,7 +152,7 @@ void CPlot3DModule::UpdateActions(qint64 nViewId, qint64 nSimulationId)
     m_moduleActions[ActionSurface]->setEnabled(pSimulation && pSimulation->GetItemCount() > 0);
     m_moduleActions[ActionModify]->setEnabled(!selected.isEmpty());
     m_moduleActions[ActionUnifyData]->setEnabled(!selected.isEmpty());
-    m_moduleActions[ActionExportPlot3D]->setEnabled(pSimulation && pSimulation->GetItemCount() > 0);
+    m_moduleActions[ActionExportPlot3D]->setEnabled(CanExport(nViewId));
 }
 
 void CPlot3DModule::FillPopupMenu(QMenu* pMenu, qint64 nViewId)
@@ -251,21 +251,25 @@ void CPlot3DModule::SlotImportFieldViewRestart()
     TellShown(nViewId);
 }
 
-void CPlot3DModule::SlotExportPlot3D()
+bool CPlot3DModule::CanExport(qint64 nViewId) const
 {
-    const CPlot3DSimulation* const pSimulation = ActivePlot3D();
+    const CPlot3DSimulation* const pSimulation = ShownPlot3D(nViewId);
+    return pSimulation && pSimulation->GetItemCount() > 0;
+}
+
+void CPlot3DModule::SlotExportPlot3D() { Export(GetActiveViewId()); }
+
+bool CPlot3DModule::Export(qint64 nViewId)
+{
+    const CPlot3DSimulation* const pSimulation = ShownPlot3D(nViewId);
     if (!pSimulation)
-        return;
-    CPreferences& preferences = CPreferences::Instance();
-    const QString sStart = Get(preferences, PreferenceKey::RECENT_DIRECTORY);
+        return false;
     const QString sFileName =
-        UserPrompt::AskFile({"Export Plot3D", sStart, "Grid Files (*.x *.xyz *.xyzb);; All Files (*)", true});
-    if (sFileName.isEmpty())
-        return;
-    Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFileName).absolutePath());
-    const qint64 nViewId = GetActiveViewId();
-    ExportGrids(*pSimulation, ChosenBlocks(*pSimulation, nViewId),
-                CSimulationManager::Instance().GetRequestTime(nViewId, pSimulation->GetId()), sFileName);
+        RecentFolder::AskFile({"Export Plot3D", {}, "Grid Files (*.x *.xyz *.xyzb);; All Files (*)", true});
+    return !sFileName.isEmpty() &&
+           ExportGrids(*pSimulation, ChosenBlocks(*pSimulation, nViewId),
+                       CSimulationManager::Instance().GetRequestTime(nViewId, pSimulation->GetId()),
+                       sFileName);
 }
 
 void CPlot3DModule::SlotUnifyData()
