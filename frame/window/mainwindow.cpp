@@ -288,19 +288,23 @@ void CMainWindow::SlotActiveSimulationChanged()
 {
     const qint64 nViewId = GetActiveViewId();
     m_pTabs->Fill(nViewId);
-    {
-        const QSignalBlocker oneAtATime(m_pDocks.get()); // docks that a module shows don't close each other
-        ForEachModule([nViewId](IModuleInterface& module) {
-            module.HideModuleWidgets();
-            module.ShowModuleWidgets(nViewId);
-        });
-    }
+    ShowModuleWidgets();
     ShowItemPanel();
     m_pToolBars->ShowActiveSimulation();
     m_pCameraCommands->ShowActiveView();
     emit SignalActiveSimulationChanged();
     emit SignalRefreshDockWidgets();
     UpdateActions();
+}
+
+/** Those of the module whose case is on top of the active view. */
+void CMainWindow::ShowModuleWidgets()
+{
+    const QSignalBlocker oneAtATime(m_pDocks.get()); // docks that a module shows don't close each other
+    ForEachModule([nViewId = GetActiveViewId()](IModuleInterface& module) {
+        module.HideModuleWidgets();
+        module.ShowModuleWidgets(nViewId);
+    });
 }
 
 void CMainWindow::ShowItemPanel()
@@ -350,7 +354,12 @@ void CMainWindow::SlotUpdatePreferences()
     m_pViewArea->RefreshAll();
 }
 
-void CMainWindow::SlotDefaultView() { ApplyLayout(*this, m_defaultLayout); }
+void CMainWindow::SlotDefaultView()
+{
+    ApplyLayout(*this, m_defaultLayout);
+    ShowModuleWidgets(); // whose case there is, no layout knows
+}
+
 void CMainWindow::SlotExit() { close(); }
 
 void CMainWindow::SlotPopupMenu() { ShowPopupMenu(QCursor::pos(), {}); }

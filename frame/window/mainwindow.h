@@ -106,6 +106,7 @@ private:
     void BuildActions();
     void BuildToolBars();
     void ApplyTheme();
+    void ShowModuleWidgets();
     void ShowItemPanel();
     void ShowPopupMenu(const QPoint& position, const QList<QAction*>& further);
 
