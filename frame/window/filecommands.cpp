@@ -2,6 +2,7 @@
 
 #include "frame/messagesink.h"
 #include "frame/moduleregistry.h"
+#include "frame/recentfolder.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
@@ -13,7 +14,6 @@
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QMenu>
@@ -155,15 +155,12 @@ void CFileCommands::SlotAnalyzeSimulation(QAction* pAction)
 
 void CFileCommands::SlotOpenSimulation(const QString& sFileName)
 {
-    const QString sStart = m_sLastPath.isEmpty() ? QDir::currentPath() : m_sLastPath;
     const QString sFile =
         sFileName.isEmpty()
-            ? UserPrompt::AskFile({OPEN_TITLE, sStart, "Simulation File (*.zento);; All Files (*)"})
+            ? RecentFolder::AskFile({OPEN_TITLE, {}, "Simulation File (*.zento);; All Files (*)"})
             : sFileName;
-    if (sFile.isEmpty())
-        return;
-    m_sLastPath = sFile;
-    OpenFiles({sFile});
+    if (!sFile.isEmpty())
+        OpenFiles({sFile});
 }
 
 bool CFileCommands::OpenCase(const QString& sFile)
@@ -195,6 +192,7 @@ void CFileCommands::OpenFiles(const QStringList& sFileList)
         else if (!OpenCase(sFile))
             sDataFileList.append(sFile);
     }
+    RecentFolder::Keep(sFileList.last());
     if (sDataFileList.isEmpty())
         return;
     const QVector<qint64> openIds = CSimulationManager::Instance().GetSimulationIds();

@@ -1,6 +1,7 @@
 #include "frame/window/savecommands.h"
 
 #include "frame/moduleregistry.h"
+#include "frame/recentfolder.h"
 #include "frame/replacefile.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
@@ -18,14 +19,14 @@ namespace {
 
 constexpr const char *SAVE_TITLE = "Save Simulation", *EXPORT_TITLE = "Export Display State";
 
-/** The file of the case, or a name for one beside its data. */
+/** The file of the case, or a name for one: beside its data if it has some. */
 QString StartName(const ISimulation& simulation)
 {
     if (!simulation.GetFilePath().isEmpty())
         return simulation.GetFilePath();
     const QString sDirectory = Get(simulation, SimulationKey::DIRECTORY);
     const QString sName = simulation.GetName().isEmpty() ? QString("case") : simulation.GetName();
-    return QDir(sDirectory.isEmpty() ? QDir::currentPath() : sDirectory).filePath(sName + ".zento");
+    return sDirectory.isEmpty() ? sName + ".zento" : QDir(sDirectory).filePath(sName + ".zento");
 }
 
 } // namespace
@@ -51,7 +52,7 @@ void CSaveCommands::SlotSaveAsSimulation()
     const SActivePair active;
     if (!active.pSimulation)
         return;
-    const QString sFile = UserPrompt::AskFile(
+    const QString sFile = RecentFolder::AskFile(
         {SAVE_TITLE, StartName(*active.pSimulation), "Simulation File (*.zento)", true, ".zento"});
     if (!sFile.isEmpty())
         Save(*active.pSimulation, sFile);
@@ -77,8 +78,8 @@ void CSaveCommands::SlotExportDisplayState()
         QString("%1%2%3~display.disp")
             .arg(Get(*active.pSimulation, SimulationKey::DIRECTORY), QString(QDir::separator()),
                  QDateTime::currentDateTime().toString("yyyy-MM-dd~hh-mm-ss"));
-    const QString sFile =
-        UserPrompt::AskFile({EXPORT_TITLE, sStart, "Display Files (*.disp);; All Files (*)", true, ".disp"});
+    const QString sFile = RecentFolder::AskFile(
+        {EXPORT_TITLE, sStart, "Display Files (*.disp);; All Files (*)", true, ".disp"});
     if (sFile.isEmpty())
         return;
     bool bWritten = false;

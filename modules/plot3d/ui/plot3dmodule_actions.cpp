@@ -1,7 +1,6 @@
 // CPlot3DModule: its commands, and what the item panel asks.
 #include "frame/imainmenus.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/recentfolder.h"
 #include "frame/themeicon.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
@@ -20,7 +19,6 @@
 #include "view/selectables/surfaceitems.h"
 
 #include <QAction>
-#include <QFileInfo>
 #include <QMenu>
 #include <QSet>
 #include <QToolBar>
