@@ -275,6 +275,7 @@ void CPlot3DModule::SlotUnifyData()
     CPlot3DSimulation* const pSimulation = ActivePlot3D();
     if (!pSimulation)
         return;
+    pSimulation->BeginUndoStep(); // one for all that is selected
     QSet<qint64> done;
     for (const qint64 nId : SelectedItems(*pSimulation, GetActiveViewId())) {
         if (done.contains(nId))
@@ -293,6 +294,7 @@ void CPlot3DModule::SlotUnifyData()
         else if (UserPrompt::Confirm("Unify Data", sText.arg(sName, QString::number(ids.size()))))
             pSimulation->MakeLinks(QVector<qint64>{nId} + ids, true);
     }
+    pSimulation->EndUndoStep(false);
     pSimulation->RefreshViews();
 }
 
