@@ -1,6 +1,7 @@
 // The commands of the main window, seen through its actions.
-#include "frame/moduleregistry.h"
+#include "frame/applicationinfo.h"
 #include "frame/preferencekeys.h"
+#include "frame/window/dropdownbutton.h"
 #include "frame/window/mainwindow.h"
 #include "frame/window/recentfiles.h"
 #include "frame/window/sectordisplay.h"
@@ -289,4 +290,17 @@ TEST_F(WindowCommands, RecentFilesKeepTenNewestFirst)
     EXPECT_EQ(Get(stored, PreferenceKey::RECENT_FILES).size(), 10) << "saved at once";
     recent.SlotClearRecentFiles();
     EXPECT_EQ(menu.actions()[0]->text(), "None");
+}
+
+TEST_F(WindowCommands, HelpTellsTheVersionAndNamesNoProduct)
+{
+    CPromptScript user;
+    for (const ActionId_e eId : {ActionWhatsNew, ActionAbout}) {
+        user.Press("Ok");
+        Action(eId)->trigger();
+        const SPrompt& shown = user.Asked().last();
+        EXPECT_EQ(shown.sTitle, Action(eId)->text());
+        EXPECT_TRUE(shown.sText.contains(ApplicationInfo::VERSION));
+        EXPECT_FALSE(shown.sText.contains(ApplicationInfo::NAME, Qt::CaseInsensitive));
+    }
 }
