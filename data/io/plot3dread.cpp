@@ -101,7 +101,7 @@ SLoadResult CheckGrid(const SPlot3DFile& file, const QString& sFileName, const S
             QString("Invalid File Index: %1 of %2)").arg(request.nBlock + 1).arg(file.blocks.size()));
     if (file.blocks[request.nBlock].size != request.size)
         return SLoadResult::Failed(
-            QString("Grid Dimensions dont match %1 %2").arg(sFileName, SizeText(request.size)));
+            QString("Grid Dimensions don't match %1 %2").arg(sFileName, SizeText(request.size)));
     return {};
 }
 
@@ -115,7 +115,7 @@ SLoadResult CheckSolution(const SPlot3DFile& file, const SBlockRequest& request)
         return SLoadResult::Failed(
             QString("Invalid File Index: %1 of %2").arg(request.nBlock + 1).arg(file.blocks.size()));
     if (file.blocks[request.nBlock].size != request.size)
-        return SLoadResult::Failed("Warning: Solution Dimensions dont match");
+        return SLoadResult::Failed("Warning: Solution Dimensions don't match");
     return {};
 }
 
