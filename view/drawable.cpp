@@ -1,5 +1,6 @@
 #include "view/drawable.h"
 
+#include "frame/preferencekeys.h"
 #include "frame/preferences.h"
 #include "scene/drawablemanager.h"
 #include "scene/iselectable.h"
@@ -43,6 +44,7 @@ CDrawable::CDrawable(qint64 nSimulationId, qint64 nViewId, qint64 nBlockId, int 
       m_pLegend(std::make_unique<CAnnotationColormap>())
 {
     m_pLegend->setDrawableSerial(m_nSerial);
+    m_colormap.nId = qint32(Get(CPreferences::Instance(), PreferenceKey::DEFAULT_COLORMAP));
     setAutoDelete(false); // a task may call build, it never owns the drawable
     ResetBounds();
     CDrawableManager::Instance().Add(nViewId, nSimulationId, this);
