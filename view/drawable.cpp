@@ -223,8 +223,9 @@ bool CDrawable::OwnerShows(bool (ISelectable::*is)() const, bool bRespect) const
     const auto isShown = [is](const ISelectable* p) { return (p->*is)(); };
     if (m_bPreview || std::none_of(m_owners.begin(), m_owners.end(), isShown))
         return false;
-    const ISimulation* const pSimulation =
-        bRespect ? CSimulationManager::Instance().GetSimulation(m_nSimulationId) : nullptr;
+    if (!bRespect || CPreferences::Instance().Draw().bHighlightOutline)
+        return true; // the outline lies round the item and hides nothing of it
+    const ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(m_nSimulationId);
     return !pSimulation || pSimulation->ShowsSelection();
 }
 
