@@ -206,6 +206,26 @@ TEST_F(DisplayCommands, TheLegendOfAHiddenItemPassesToOneThatIsColouredAlike)
     EXPECT_TRUE(second.isVisible());
 }
 
+TEST_F(DisplayCommands, ALegendIsCalledByTheBlockThatItIsOf)
+{
+    for (const qint64 nBlock : {1, 2}) {
+        Selectable(nBlock)->setScalarVariable(Id("R"));
+        Selectable(nBlock)->setColormapValues(0.0, 1.0);
+    }
+    const qint64 nSurface = AddSurface()->itemId();
+    const CAnnotationColormap& legend = *Selectable(1)->annotationColormap();
+    const auto isNamed = [&](const QSet<qint64>& itemIds) {
+        Select(itemIds);
+        if (legend.isVisible())
+            Action(ActionToggleLegend)->trigger(); // hides it
+        Action(ActionToggleLegend)->trigger();
+        return legend.settings().subtitle.bVisible;
+    };
+    EXPECT_FALSE(isNamed({1, 2}));
+    EXPECT_TRUE(isNamed({1}));
+    EXPECT_TRUE(isNamed({1, nSurface})) << "both of one block";
+}
+
 TEST_F(DisplayCommands, ALargeNewCaseIsColouredOverWhatItShows)
 {
     FirstColors::Show(VIEW, SIMULATION, 10);
