@@ -45,7 +45,7 @@ void CHelpCommands::SlotWhatsNew()
 void CHelpCommands::SlotAbout()
 {
     const QString sText =
-        "Version %1\n\nPre- and post-processing for computational fluid dynamics: structured "
-        "and unstructured grids, their solutions, and the cases made of them.";
+        "Version %1\n\nPre- and post-processing for computational fluid dynamics: grids, their solutions, "
+        "and the cases made of them.";
     UserPrompt::Tell(PromptInformation, "About", sText.arg(ApplicationInfo::VERSION));
 }
