@@ -49,7 +49,9 @@ constexpr Qt::MouseButton MIDDLE = Qt::MiddleButton;
 constexpr Qt::MouseButton RIGHT = Qt::RightButton;
 
 constexpr CKeyList STEP_KEYS(CTRL, Qt::Key_PageUp, Qt::Key_PageDown);
-constexpr int OPTION_KEY = 0x10000E1; // of remote controls and some keyboards
+// Of the keyboards of other systems. On those of this one Alt stands there, and the window's command for the
+// only row that has it takes that.
+constexpr int OPTION_KEY = 0x10000E1;
 
 using Each = std::array<SAccelerator, KEY_PRESET_COUNT>;
 
@@ -105,7 +107,7 @@ QString KeyName(int nKey)
     static constexpr std::pair<int, const char*> OWN_NAMES[] = {{SHIFT, "Shift"},
                                                                 {CTRL, "Ctrl"},
                                                                 {ALT, "Alt"},
-                                                                {OPTION_KEY, "Option"},
+                                                                {OPTION_KEY, "Alt"},
                                                                 {Qt::Key_Left, "Left Arrow"},
                                                                 {Qt::Key_Right, "Right Arrow"},
                                                                 {Qt::Key_Up, "Up Arrow"},

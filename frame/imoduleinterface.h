@@ -88,6 +88,10 @@ public:
      * @param sFolder  of the file that the key stands in: data that moved along with it are found from there
      */
     virtual qint64 OpenFromKey(const QByteArray& key, qint64 nViewId, const QString& sFolder = {}) = 0;
+    /** Whether the case on top of the view is of this module and has data that Export writes. */
+    virtual bool CanExport(qint64 nViewId) const = 0;
+    /** Asks for a file and writes the data of that case; true once they are written. */
+    virtual bool Export(qint64 nViewId) = 0;
     virtual bool CanAddTransient() const = 0;
     virtual bool AddTransient(qint64 nSimulationId) = 0;
 

@@ -1,14 +1,23 @@
 #include "frame/moduleregistry.h"
 
+#include <utility>
+
 namespace {
 // Velor, Plot3D, Corin, Ostra, CGNS, CGNS Structured, CGNS Unstructured; 4 and 5 are free.
 constexpr std::array<qint32, 7> MODULE_ORDER = {0, 1, 2, 3, 6, 7, 8};
+
+CModuleRegistry* s_pInstalled = nullptr;
 } // namespace
 
 CModuleRegistry& CModuleRegistry::Instance()
 {
     static CModuleRegistry* const pRegistry = new CModuleRegistry; // never destroyed, see CMessageSink
-    return *pRegistry;
+    return s_pInstalled ? *s_pInstalled : *pRegistry;
+}
+
+CModuleRegistry* CModuleRegistry::Install(CModuleRegistry* pRegistry)
+{
+    return std::exchange(s_pInstalled, pRegistry);
 }
 
 void CModuleRegistry::SetFactory(qint32 nId, Factory factory)

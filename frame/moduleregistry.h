@@ -20,6 +20,8 @@ public:
     using Factory = std::function<std::unique_ptr<IModuleInterface>()>;
 
     static CModuleRegistry& Instance();
+    /** Makes another registry (not owned) the instance; null: the program's own. Gives the former one. */
+    static CModuleRegistry* Install(CModuleRegistry* pRegistry);
     CModuleRegistry() = default;
 
     /** How CreateModules makes the module with this id, which must be one of the fixed ids. */

@@ -2,7 +2,7 @@
 
 #include "frame/imoduleinterface.h"
 #include "frame/moduleregistry.h"
-#include "frame/userprompt.h"
+#include "frame/recentfolder.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 
@@ -15,14 +15,14 @@ IModuleInterface* ModuleOf(const ISimulation& simulation)
     return CModuleRegistry::Instance().FindById(qint32(simulation.GetModuleId()));
 }
 
-/** The file of the case, or a name for one beside its data. */
+/** The file of the case, or a name for one: beside its data if it has some. */
 QString StartName(const ISimulation& simulation)
 {
     if (!simulation.GetFilePath().isEmpty())
         return simulation.GetFilePath();
     const QString sDirectory = Get(simulation, SimulationKey::DIRECTORY);
     const QString sName = simulation.GetName().isEmpty() ? QString("case") : simulation.GetName();
-    return QDir(sDirectory.isEmpty() ? QDir::currentPath() : sDirectory).filePath(sName + ".zento");
+    return sDirectory.isEmpty() ? sName + ".zento" : QDir(sDirectory).filePath(sName + ".zento");
 }
 
 bool SaveTo(const ISimulation& simulation, const QString& sFile)
@@ -50,7 +50,7 @@ bool CaseSaving::Save(const ISimulation& simulation)
 
 bool CaseSaving::SaveAs(const ISimulation& simulation)
 {
-    const QString sFile = UserPrompt::AskFile(
+    const QString sFile = RecentFolder::AskFile(
         {"Save Simulation", StartName(simulation), "Simulation File (*.zento)", true, ".zento"});
     return !sFile.isEmpty() && SaveTo(simulation, sFile);
 }

@@ -1,7 +1,6 @@
 #include "simulation/displayfilechoice.h"
 
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/recentfolder.h"
 #include "frame/userprompt.h"
 #include "simulation/isimulation.h"
 
@@ -34,10 +33,5 @@ QString ChooseDisplayFileOf(const QStringList& sFileList)
 
 QString AskDisplayFile()
 {
-    CPreferences& preferences = CPreferences::Instance();
-    const QString sFile = UserPrompt::AskFile({TITLE, Get(preferences, PreferenceKey::RECENT_DIRECTORY),
-                                               "Display Files (*.disp);;All Files (*)", false});
-    if (!sFile.isEmpty())
-        Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFile).absolutePath());
-    return sFile;
+    return RecentFolder::AskFile({TITLE, {}, "Display Files (*.disp);;All Files (*)"});
 }

@@ -1,5 +1,6 @@
 #include "view/drawable.h"
 
+#include "frame/preferencekeys.h"
 #include "frame/preferences.h"
 #include "scene/drawablemanager.h"
 #include "scene/iselectable.h"
@@ -43,6 +44,7 @@ CDrawable::CDrawable(qint64 nSimulationId, qint64 nViewId, qint64 nBlockId, int 
       m_pLegend(std::make_unique<CAnnotationColormap>())
 {
     m_pLegend->setDrawableSerial(m_nSerial);
+    m_colormap.nId = qint32(Get(CPreferences::Instance(), PreferenceKey::DEFAULT_COLORMAP));
     setAutoDelete(false); // a task may call build, it never owns the drawable
     ResetBounds();
     CDrawableManager::Instance().Add(nViewId, nSimulationId, this);
@@ -222,8 +224,9 @@ bool CDrawable::OwnerShows(bool (ISelectable::*is)() const, bool bRespect) const
     const auto isShown = [is](const ISelectable* p) { return (p->*is)(); };
     if (m_bPreview || std::none_of(m_owners.begin(), m_owners.end(), isShown))
         return false;
-    const ISimulation* const pSimulation =
-        bRespect ? CSimulationManager::Instance().GetSimulation(m_nSimulationId) : nullptr;
+    if (!bRespect || CPreferences::Instance().Draw().bHighlightOutline)
+        return true; // the outline lies round the item and hides nothing of it
+    const ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(m_nSimulationId);
     return !pSimulation || pSimulation->ShowsSelection();
 }
 

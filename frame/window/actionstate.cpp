@@ -46,6 +46,12 @@ bool ActionState::HasItems(const SActionState& state) { return state.nItems > 0;
 bool ActionState::HasSelection(const SActionState& state) { return state.nSelected > 0; }
 bool ActionState::CanSave(const SActionState& s) { return s.pSimulation && s.pSimulation->AllowsSaving(); }
 bool ActionState::CanExport(const SActionState& s) { return s.pSimulation && s.pSimulation->AllowsExport(); }
+bool ActionState::CanExportData(const SActionState& s)
+{
+    const IModuleInterface* const pModule =
+        CanExport(s) ? CModuleRegistry::Instance().FindById(s.pSimulation->GetModuleId()) : nullptr;
+    return pModule && pModule->CanExport(s.nViewId);
+}
 bool ActionState::CanCreateNew(const SActionState& state) { return state.bModuleCreates; }
 bool ActionState::CanAnalyze(const SActionState& state) { return state.bModuleAnalyzes; }
 bool ActionState::CanOpen(const SActionState& state) { return state.bModuleOpens; }

@@ -28,6 +28,7 @@ bool HasItems(const SActionState& state);
 bool HasSelection(const SActionState& state);
 bool CanSave(const SActionState& state);
 bool CanExport(const SActionState& state);
+bool CanExportData(const SActionState& state);
 bool CanCreateNew(const SActionState& state);
 bool CanAnalyze(const SActionState& state);
 bool CanOpen(const SActionState& state);

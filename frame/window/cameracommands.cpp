@@ -45,6 +45,9 @@ void CCameraCommands::BindMoves()
             bind(static_cast<ActionId_e>(ActionXPositive + 2 * nAxis + (bPositive ? 0 : 1)),
                  [nAxis, bPositive](COpenGLDrawer& drawer) { drawer.LookAlong(nAxis, bPositive); });
     m_actions.Bind(ActionZoomBox, this, &CCameraCommands::SlotZoomBox);
+    connect(&m_area, &CViewArea::SignalMouseMode, this, [this](OglMouseMode_e eMode) {
+        m_actions.Get(ActionZoomBox)->setChecked(eMode == MouseZoomBox);
+    });
 }
 
 void CCameraCommands::BindSlots()
@@ -72,18 +75,19 @@ void CCameraCommands::SlotLoadCamera(int nSlot)
 
 void CCameraCommands::SlotZoomBox(bool bOn)
 {
-    if (COpenGLDrawer* const pDrawer = ActiveDrawer())
-        pDrawer->SlotMode(bOn ? MouseZoomBox : MouseNormal);
+    COglViewer* const pViewer = m_area.GetOglViewer(m_area.GetActiveViewId());
+    if (!pViewer)
+        return;
+    pViewer->setFocus(Qt::OtherFocusReason); // so that Escape reaches it
+    emit pViewer->SignalModeIn(bOn ? MouseZoomBox : MouseNormal);
 }
 
 void CCameraCommands::BindRotationAxis()
 {
     auto* const pGroup = new QActionGroup(this);
-    const qint64 nCurrent = Get(CPreferences::Instance(), PreferenceKey::ROTATION_AXIS_VISIBILITY);
     for (int n = 0; n < 3; ++n) {
         const auto eId = static_cast<ActionId_e>(ActionRotationAxisHide + n);
         m_actions.Get(eId)->setCheckable(true);
-        m_actions.Get(eId)->setChecked(n == nCurrent);
         pGroup->addAction(m_actions.Get(eId));
         m_actions.Bind(eId, this, [this, n] {
             CPreferences& preferences = CPreferences::Instance();
@@ -93,6 +97,7 @@ void CCameraCommands::BindRotationAxis()
             m_area.RefreshAll();
         });
     }
+    ShowPreferences();
 }
 
 void CCameraCommands::BindDemotion()
@@ -110,13 +115,16 @@ void CCameraCommands::BindDemotion()
     }
 }
 
+void CCameraCommands::ShowPreferences()
+{
+    const qint64 nVisibility = Get(CPreferences::Instance(), PreferenceKey::ROTATION_AXIS_VISIBILITY);
+    m_actions.Get(static_cast<ActionId_e>(ActionRotationAxisHide + nVisibility))->setChecked(true);
+}
+
 void CCameraCommands::ShowActiveView()
 {
-    const COpenGLDrawer* const pDrawer = ActiveDrawer();
-    m_actions.Get(ActionZoomBox)->setChecked(pDrawer && pDrawer->GetMode() == MouseZoomBox);
+    COpenGLDrawer* const pDrawer = ActiveDrawer();
     for (int n = 0; pDrawer && n < 3; ++n)
         if (m_actions.Get(static_cast<ActionId_e>(ActionDemotionNone + n))->isChecked())
-            m_area.GetOglViewer(m_area.GetActiveViewId())
-                ->GetDrawer()
-                .SetDemotion(static_cast<Demotion_e>(n)); // a new view follows the others
+            pDrawer->SetDemotion(static_cast<Demotion_e>(n)); // a new view follows the others
 }

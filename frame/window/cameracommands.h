@@ -21,8 +21,10 @@ public:
     /** Binds its actions. Both must outlive it. */
     CCameraCommands(CWindowActions& actions, CViewArea& area);
 
-    /** Shows what the active view does: the mode of its mouse, its demotion. */
+    /** Brings the active view, which may be new, to what is chosen for all. */
     void ShowActiveView();
+    /** Marks what the preferences say now. */
+    void ShowPreferences();
 
 public slots:
     void SlotZoomBox(bool bOn);

@@ -2,7 +2,6 @@
 
 #include "frame/userprompt.h"
 #include "scene/iselectable.h"
-#include "scene/selectablekeys.h"
 #include "scene/selectablemanager.h"
 #include "view/annotations/annotationcolormap.h"
 #include "view/annotations/onelegend.h"
@@ -67,16 +66,20 @@ void TakeRainbowColor(Subjects subjects, const SDisplayAnswer&)
 /** Items of one variable, map and range share the legend of the first: the same again would cover it. */
 void TakeLegend(Subjects subjects, const SDisplayAnswer& answer)
 {
-    QVector<LegendKey> shown;
-    for (const ISelectable* const pSubject : subjects) {
-        if (!Get(*pSubject, SelectableKey::HAS_LEGEND) || !pSubject->annotationColormap())
-            continue;
+    QVector<QPair<LegendKey, QVector<ISelectable*>>> groups;
+    for (ISelectable* const pSubject : subjects) {
+        if (CAnnotationColormap* const pLegend = pSubject->annotationColormap())
+            pLegend->setVisible(false);
         const LegendKey key = LegendKeyOf(*pSubject);
-        const bool bShow = answer.bFlag && !shown.contains(key);
-        pSubject->annotationColormap()->setVisible(bShow);
-        if (bShow)
-            shown.append(key);
+        const auto group =
+            std::find_if(groups.begin(), groups.end(), [&key](const auto& one) { return one.first == key; });
+        if (group == groups.end())
+            groups.append({key, {pSubject}});
+        else
+            group->second.append(pSubject);
     }
+    for (int n = 0; answer.bFlag && n < groups.size(); ++n)
+        ShowOneLegend(groups[n].second);
 }
 
 /** Gives the items of each scalar one range, so that their colours compare. */

@@ -2,9 +2,11 @@
 
 #include "frame/messagesink.h"
 #include "frame/moduleregistry.h"
+#include "frame/recentfolder.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
+#include "frame/window/activepair.h"
 #include "frame/window/firstcolors.h"
 #include "frame/window/showcase.h"
 #include "frame/window/windowactions.h"
@@ -12,7 +14,6 @@
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QMenu>
@@ -100,6 +101,11 @@ IModuleInterface* ModuleOf(const QAction* pAction)
     return CModuleRegistry::Instance().FindById(pAction->data().toLongLong());
 }
 
+IModuleInterface* ModuleOf(const ISimulation* pSimulation)
+{
+    return pSimulation ? CModuleRegistry::Instance().FindById(pSimulation->GetModuleId()) : nullptr;
+}
+
 } // namespace
 
 CFileCommands::CFileCommands(CWindowActions& actions, QMenu* pNewMenu, QMenu* pAnalyzeMenu,
@@ -115,6 +121,11 @@ CFileCommands::CFileCommands(CWindowActions& actions, QMenu* pNewMenu, QMenu* pA
     actions.Bind(ActionImport, this, [] {
         if (ISimulation* const pSimulation = CWidgetManager::Instance().GetActiveSimulation())
             pSimulation->EditData();
+    });
+    actions.Bind(ActionExport, this, [] {
+        const SActivePair active;
+        if (IModuleInterface* const pModule = ModuleOf(active.pSimulation))
+            pModule->Export(active.nViewId);
     });
     actions.Bind(ActionOpen, this, [this] { SlotOpenSimulation({}); });
     connect(&m_recentFiles, &CRecentFiles::SignalOpen, this, &CFileCommands::SlotOpenSimulation);
@@ -151,15 +162,12 @@ void CFileCommands::SlotAnalyzeSimulation(QAction* pAction)
 
 void CFileCommands::SlotOpenSimulation(const QString& sFileName)
 {
-    const QString sStart = m_sLastPath.isEmpty() ? QDir::currentPath() : m_sLastPath;
     const QString sFile =
         sFileName.isEmpty()
-            ? UserPrompt::AskFile({OPEN_TITLE, sStart, "Simulation File (*.zento);; All Files (*)"})
+            ? RecentFolder::AskFile({OPEN_TITLE, {}, "Simulation File (*.zento);; All Files (*)"})
             : sFileName;
-    if (sFile.isEmpty())
-        return;
-    m_sLastPath = sFile;
-    OpenFiles({sFile});
+    if (!sFile.isEmpty())
+        OpenFiles({sFile});
 }
 
 bool CFileCommands::OpenCase(const QString& sFile)
@@ -191,6 +199,7 @@ void CFileCommands::OpenFiles(const QStringList& sFileList)
         else if (!OpenCase(sFile))
             sDataFileList.append(sFile);
     }
+    RecentFolder::Keep(sFileList.last());
     if (sDataFileList.isEmpty())
         return;
     const QVector<qint64> openIds = CSimulationManager::Instance().GetSimulationIds();

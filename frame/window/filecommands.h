@@ -39,6 +39,4 @@ private:
 
     CRecentFiles m_recentFiles;
     bool OpenCase(const QString& sFile);
-
-    QString m_sLastPath; // used last in this process
 };

@@ -6,13 +6,18 @@
 
 namespace {
 
-// One line for each thing that users meet, newest version only; what a version had before isn't news.
+// One line for each thing that users meet, newest version only; what a version had before isn't news. Neither
+// text names a product: what stands here may be shown as part of another one.
 constexpr const char* NEWS[] = {
-    "One window with views that can be split, linked and enlarged; the cases of a view in tabs.",
-    "The items of a case by category or as a tree, with a filter; hidden ones are grey.",
-    "Undo and redo of every edit of a case, a hundred steps back.",
-    "Preferences with four themes, five mouse and keyboard presets, and a limit of the memory.",
-    "zento-batch tells from scripts what Plot3D files hold, values and formulas included.",
+    "Structured grids with their solutions: the layout of a file is detected, large ones are read at need.",
+    "Blocks by faces, boundaries and index planes; holes, mirrored and periodic copies.",
+    "Variables of the files, what follows from them, and formulas of your own, with eighteen colormaps.",
+    "Several cases at once, in views that are split, linked and enlarged.",
+    "Picking with the values at the point, selection by click and box, measuring.",
+    "Undo and redo of items and display, a hundred steps back.",
+    "Cases, display states and restart files; unsaved work survives a crash.",
+    "Preferences with four themes, mouse and keyboard presets, and a limit of the memory.",
+    "Values, formulas and pictures from scripts, without a window.",
 };
 
 QString NewsText()
@@ -33,14 +38,14 @@ CHelpCommands::CHelpCommands(CWindowActions& actions)
 
 void CHelpCommands::SlotWhatsNew()
 {
-    UserPrompt::Tell(PromptInformation, QString("What is new in %1").arg(ApplicationInfo::VERSION),
-                     NewsText());
+    UserPrompt::Tell(PromptInformation, "What is new",
+                     QString("Version %1\n\n%2").arg(ApplicationInfo::VERSION, NewsText()));
 }
 
 void CHelpCommands::SlotAbout()
 {
-    const QString sText = "%1 %2\n\nPre- and post-processing for computational fluid dynamics: structured "
-                          "and unstructured grids, their solutions, and the cases made of them.";
-    UserPrompt::Tell(PromptInformation, QString("About %1").arg(ApplicationInfo::NAME),
-                     sText.arg(ApplicationInfo::NAME, ApplicationInfo::VERSION));
+    const QString sText =
+        "Version %1\n\nPre- and post-processing for computational fluid dynamics: grids, their solutions, "
+        "and the cases made of them.";
+    UserPrompt::Tell(PromptInformation, "About", sText.arg(ApplicationInfo::VERSION));
 }

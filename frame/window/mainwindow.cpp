@@ -39,6 +39,7 @@
 
 #include <QCloseEvent>
 #include <QMimeData>
+#include <QToolButton>
 
 namespace {
 
@@ -130,6 +131,7 @@ void CMainWindow::BuildViewArea()
     connect(m_pViewArea, &CViewArea::SignalActiveViewChanged, this,
             &CMainWindow::SlotActiveSimulationChanged);
     connect(m_pViewArea, &CViewArea::SignalPopupMenu, this, &CMainWindow::SlotPopupMenu);
+    connect(m_pViewArea, &CViewArea::SignalMouseMode, this, &CMainWindow::SignalMouseMode);
 }
 
 void CMainWindow::BuildActions()
@@ -182,7 +184,16 @@ void CMainWindow::ApplyTheme()
     if (nTheme < 0 || nTheme >= m_styleSheets.size())
         return;
     ApplyThemeColors(int(nTheme));
+    // A sheet that takes the place of another reaches only what the other has been applied to: before its
+    // first show a window would keep parts of its own.
+    ensurePolished();
     setStyleSheet(m_styleSheets[int(nTheme)]);
+    // The arrow of a toolbar that doesn't fit is a picture in the colours of when it was made; this makes it
+    // anew.
+    for (QToolButton* const pArrow : findChildren<QToolButton*>("qt_toolbar_ext_button")) {
+        QEvent anew(QEvent::LayoutDirectionChange);
+        QCoreApplication::sendEvent(pArrow, &anew);
+    }
 }
 
 void CMainWindow::ShowAsStored()
@@ -292,19 +303,23 @@ void CMainWindow::SlotActiveSimulationChanged()
 {
     const qint64 nViewId = GetActiveViewId();
     m_pTabs->Fill(nViewId);
-    {
-        const QSignalBlocker oneAtATime(m_pDocks.get()); // docks that a module shows don't close each other
-        ForEachModule([nViewId](IModuleInterface& module) {
-            module.HideModuleWidgets();
-            module.ShowModuleWidgets(nViewId);
-        });
-    }
+    ShowModuleWidgets();
     ShowItemPanel();
     m_pToolBars->ShowActiveSimulation();
     m_pCameraCommands->ShowActiveView();
     emit SignalActiveSimulationChanged();
     emit SignalRefreshDockWidgets();
     UpdateActions();
+}
+
+/** Those of the module whose case is on top of the active view. */
+void CMainWindow::ShowModuleWidgets()
+{
+    const QSignalBlocker oneAtATime(m_pDocks.get()); // docks that a module shows don't close each other
+    ForEachModule([nViewId = GetActiveViewId()](IModuleInterface& module) {
+        module.HideModuleWidgets();
+        module.ShowModuleWidgets(nViewId);
+    });
 }
 
 void CMainWindow::ShowItemPanel()
@@ -344,6 +359,7 @@ void CMainWindow::SlotPreferences()
 void CMainWindow::SlotUpdatePreferences()
 {
     ApplyTheme();
+    m_pCameraCommands->ShowPreferences();
     CShaderManager::Instance().InvalidateGlobalUniforms();
     ApplyFontIncrement(this);
     for (CItemPanel* const pPanel : findChildren<CItemPanel*>())
@@ -353,7 +369,12 @@ void CMainWindow::SlotUpdatePreferences()
     m_pViewArea->RefreshAll();
 }
 
-void CMainWindow::SlotDefaultView() { ApplyLayout(*this, m_defaultLayout); }
+void CMainWindow::SlotDefaultView()
+{
+    ApplyLayout(*this, m_defaultLayout);
+    ShowModuleWidgets(); // whose case there is, no layout knows
+}
+
 void CMainWindow::SlotExit() { close(); }
 
 void CMainWindow::SlotPopupMenu() { ShowPopupMenu(QCursor::pos(), {}); }

@@ -73,6 +73,7 @@ public:
 signals:
     /** A dock that opens closes those that don't go with it. */
     void SignalCloseExcept(QWidget* pRequestingWidget);
+    /** What the mouse does in the active view has changed. */
     void SignalMouseMode(OglMouseMode_e eMode);
     void SignalActiveSimulationChanged();
     void SignalCaseSaved();
@@ -108,6 +109,7 @@ private:
     void BuildActions();
     void BuildToolBars();
     void ApplyTheme();
+    void ShowModuleWidgets();
     void ShowItemPanel();
     void ShowPopupMenu(const QPoint& position, const QList<QAction*>& further);
 

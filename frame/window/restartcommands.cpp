@@ -1,8 +1,7 @@
 #include "frame/window/restartcommands.h"
 
 #include "frame/moduleregistry.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/recentfolder.h"
 #include "frame/replacefile.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
@@ -23,15 +22,9 @@ namespace {
 constexpr const char *TITLE = "Simulation Restart File", *INVALID_TITLE = "Invalid Simulation";
 constexpr const char *FILTER = "Simulation Restart Files (*.srst)", *ENDING = ".srst";
 
-/** The directory that was used last is where the question starts. */
 QString Ask(const QString& sFilter, bool bSave)
 {
-    CPreferences& preferences = CPreferences::Instance();
-    const QString sFile = UserPrompt::AskFile({TITLE, Get(preferences, PreferenceKey::RECENT_DIRECTORY),
-                                               sFilter, bSave, bSave ? ENDING : QString()});
-    if (!sFile.isEmpty())
-        Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFile).absolutePath());
-    return sFile;
+    return RecentFolder::AskFile({TITLE, {}, sFilter, bSave, bSave ? ENDING : QString()});
 }
 
 void TellNoData()

@@ -1,5 +1,6 @@
 #include "frame/window/savecommands.h"
 
+#include "frame/recentfolder.h"
 #include "frame/replacefile.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
@@ -60,8 +61,8 @@ void CSaveCommands::SlotExportDisplayState()
         QString("%1%2%3~display.disp")
             .arg(Get(*active.pSimulation, SimulationKey::DIRECTORY), QString(QDir::separator()),
                  QDateTime::currentDateTime().toString("yyyy-MM-dd~hh-mm-ss"));
-    const QString sFile =
-        UserPrompt::AskFile({EXPORT_TITLE, sStart, "Display Files (*.disp);; All Files (*)", true, ".disp"});
+    const QString sFile = RecentFolder::AskFile(
+        {EXPORT_TITLE, sStart, "Display Files (*.disp);; All Files (*)", true, ".disp"});
     if (sFile.isEmpty())
         return;
     bool bWritten = false;

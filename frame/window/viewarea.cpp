@@ -1,7 +1,10 @@
 #include "frame/window/viewarea.h"
 
 #include "analysis/widgets/analyzeitemviewer.h"
+#include "frame/preferencekeys.h"
+#include "frame/preferences.h"
 #include "view/ui/oglviewer.h"
+#include "view/ui/opengldrawer.h"
 
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -40,7 +43,8 @@ void MoveChildren(QSplitter* pFrom, QSplitter* pTo)
 
 } // namespace
 
-CViewArea::CViewArea(QWidget* pParent) : QWidget(pParent), m_nHandleWidth(2)
+CViewArea::CViewArea(QWidget* pParent)
+    : QWidget(pParent), m_nHandleWidth(int(Get(CPreferences::Instance(), PreferenceKey::SPLITTER_WIDTH)))
 {
     auto* const pLayout = new QVBoxLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);
@@ -82,6 +86,10 @@ qint64 CViewArea::AddSlot(QSplitter* pSplitter)
     connectViewer(pAnalyzeViewer);
     connect(pViewer, &COglViewer::SignalPopupMenu, this, &CViewArea::SignalPopupMenu);
     connect(pViewer, &COglViewer::SignalCameraChangeOut, this, &CViewArea::SlotCameraChange);
+    connect(pViewer, &COglViewer::SignalModeOut, this, [this, nId](OglMouseMode_e eMode) {
+        if (nId == m_nActiveId)
+            emit SignalMouseMode(eMode);
+    });
     ShowExpandable();
     return nId;
 }
@@ -138,6 +146,7 @@ void CViewArea::SetActive(qint64 nViewId)
         slot.pAnalyzeViewer->SetActive(nId == nViewId);
     }
     emit SignalActiveViewChanged(nViewId);
+    emit SignalMouseMode(GetOglViewer(nViewId)->GetDrawer().GetMode());
 }
 
 qint64 CViewArea::Split(qint64 nViewId, Qt::Orientation eOrientation)

@@ -55,6 +55,8 @@ public:
 
 signals:
     void SignalActiveViewChanged(qlonglong nViewId);
+    /** What the mouse does in the active view: that, or which view is active, has changed. */
+    void SignalMouseMode(OglMouseMode_e eMode);
     void SignalSplit(qlonglong nViewIndex, Qt::Orientation eOrientation, ViewSplit_e eSplit);
     void SignalExpand(qlonglong nViewIndex, bool bExpand);
     void SignalClose(qlonglong nViewIndex);

@@ -1,14 +1,16 @@
 #pragma once
 
 #include <QByteArray>
+#include <QStringList>
 
 class QMainWindow;
 
-/** The geometry and the layout of docks and toolbars of a window, as bytes. */
+/** The geometry and the layout of docks and toolbars of a window. */
 struct SWindowLayout
 {
     QByteArray geometry;
     QByteArray state;
+    QStringList sHiddenToolBarList; ///< those that the user has hidden, by their object names
 };
 
 SWindowLayout TakeLayout(const QMainWindow& window);

@@ -1,5 +1,6 @@
 #include "modules/plot3d/plot3dsimulation.h"
 
+#include "frame/preferences.h"
 #include "frame/themeicon.h"
 #include "modules/plot3d/icasefileseditor.h"
 #include "modules/plot3d/plot3dkeys.h"
@@ -29,6 +30,8 @@ bool CPlot3DSimulation::IsSameDataFile(const QByteArray& key) const
 {
     return AreSameDataFiles(key, GetDataFileKey());
 }
+
+bool CPlot3DSimulation::ShowsSelection() const { return CPreferences::Instance().Draw().bHighlightInAnalyze; }
 
 QIcon CPlot3DSimulation::GetIcon() const { return ThemeIcon(":/Icons/analyze.png"); }
 

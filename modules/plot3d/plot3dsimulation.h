@@ -50,6 +50,8 @@ public:
     QJsonObject SaveViewJson(qint64 nViewId) const override;
     bool LoadViewJson(const QJsonObject& display, qint64 nViewId, double dVersion) override;
     void CreateDefaultSelectables(qint64 nViewId) override;
+    /** The preference "Display.HighlightSelectInAnalyze": colours and lines of a selection cover results. */
+    bool ShowsSelection() const override;
     double GetDefaultScale() const override { return 1.0; }
     void SetSelectableDimension(ISelectable* pSelectable) const override;
 

@@ -172,6 +172,7 @@ TEST(Accelerators, TheTextNamesKeysButtonsAndDrag)
     EXPECT_EQ(Text(Tecplot, MouseZoomToFit), "Ctrl + F");
     EXPECT_EQ(Text(Tecplot, MouseRotateScreenX), "(Ctrl) (PgUp) (PgDown) 7");
     EXPECT_EQ(Text(Pointwise, MousePointInformation), "Alt");
+    EXPECT_EQ(Text(Pointwise, MouseResetView), "Alt + R") << "as the window's own command has it";
     EXPECT_EQ(GetAcceleratorText(GetAccelerator(17, MousePanning)), Text(Pointwise, MousePanning));
     EXPECT_FALSE(Matches(GetAccelerator(0, MOUSE_ACTION_COUNT), SInputState()));
 }

@@ -11,7 +11,7 @@ public:
     COpeningModule() : CTestModule(1, "Plot3D") {}
     bool CanOpen() const override { return true; }
 
-    /** Makes it, or the class derived from it, the module of all test simulations of this program. */
+    /** Makes it, or the class derived from it, the module of all test simulations. */
     template <class Module = COpeningModule> static void Register()
     {
         CModuleRegistry::Instance().SetFactory(1, [] { return std::make_unique<Module>(); });

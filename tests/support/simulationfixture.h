@@ -1,10 +1,11 @@
 #pragma once
 
+#include "tests/support/ownmodules.h"
 #include "tests/support/testsimulation.h"
 
 #include <gtest/gtest.h>
 
-/** A test with simulations in the manager; it leaves the manager empty. */
+/** A test with modules of its own and simulations in the manager; it leaves the manager empty. */
 class SimulationFixture : public testing::Test
 {
 protected:
@@ -18,5 +19,6 @@ protected:
         return pSimulation;
     }
 
+    const COwnModules m_modules;
     CSimulationManager& m_manager = CSimulationManager::Instance();
 };

@@ -104,6 +104,7 @@ TEST_F(Render, ArrowsFollowTheScalarAndTheThreshold)
 
 TEST_F(Render, WhatIsSelectedShowsInItsColour)
 {
+    SetPreference(PreferenceKey::HIGHLIGHT_OUTLINE, false);
     const SDrawPreferences& draw = CPreferences::Instance().Draw();
     CSurface& surface = Ramp(5);
     for (const DisplayType_e eType : {DisplayShaded, DisplayWireframe, DisplayOutline}) {

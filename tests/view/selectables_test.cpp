@@ -53,6 +53,15 @@ TEST_F(Selectables, ABlockIsShownByTheFacesOfThePreferenceInFull)
     EXPECT_EQ(FacesToShow({40, 2, 1}, 6), QVector<int>{4}) << "the thinnest";
 }
 
+TEST_F(Selectables, ANewItemHasTheColormapOfThePreference)
+{
+    EXPECT_EQ(Selectable(1)->colormap().nId, SColormapRecord::RGB_LINEAR);
+    Set(CPreferences::Instance(), PreferenceKey::DEFAULT_COLORMAP, 4);
+    EXPECT_EQ(NewBlock()->colormap().nId, 4);
+    EXPECT_EQ(AddSurface()->colormap().nId, 4);
+    EXPECT_EQ(Selectable(2)->colormap().nId, SColormapRecord::RGB_LINEAR) << "it was there before";
+}
+
 TEST_F(Selectables, TheJsonTellsTheExtremesOfAScalarThatIsShown)
 {
     CSurfaceSelectable* const pSurface = AddSurface();

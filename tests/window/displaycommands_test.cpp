@@ -7,6 +7,7 @@
 #include "frame/window/windowactions.h"
 #include "frame/window/windowtoolbars.h"
 #include "tests/support/displaycase.h"
+#include "tests/support/ownmodules.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/testsettings.h"
 #include "view/annotations/annotationcolormap.h"
@@ -43,6 +44,7 @@ protected:
     }
     void Enter(const char* sBox, const QString& sText) { Enter(Box(sBox)->lineEdit(), sText); }
 
+    const COwnModules m_modules;
     const CFreshPreferences m_fresh;
     CMainWindow m_window;
 };
@@ -203,6 +205,26 @@ TEST_F(DisplayCommands, TheLegendOfAHiddenItemPassesToOneThatIsColouredAlike)
     Action(ActionHide)->trigger();
     EXPECT_FALSE(first.isVisible()) << "it would say something else";
     EXPECT_TRUE(second.isVisible());
+}
+
+TEST_F(DisplayCommands, ALegendIsCalledByTheBlockThatItIsOf)
+{
+    for (const qint64 nBlock : {1, 2}) {
+        Selectable(nBlock)->setScalarVariable(Id("R"));
+        Selectable(nBlock)->setColormapValues(0.0, 1.0);
+    }
+    const qint64 nSurface = AddSurface()->itemId();
+    const CAnnotationColormap& legend = *Selectable(1)->annotationColormap();
+    const auto isNamed = [&](const QSet<qint64>& itemIds) {
+        Select(itemIds);
+        if (legend.isVisible())
+            Action(ActionToggleLegend)->trigger(); // hides it
+        Action(ActionToggleLegend)->trigger();
+        return legend.settings().subtitle.bVisible;
+    };
+    EXPECT_FALSE(isNamed({1, 2}));
+    EXPECT_TRUE(isNamed({1}));
+    EXPECT_TRUE(isNamed({1, nSurface})) << "both of one block";
 }
 
 TEST_F(DisplayCommands, ALargeNewCaseIsColouredOverWhatItShows)

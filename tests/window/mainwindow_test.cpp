@@ -8,15 +8,60 @@
 #include "frame/widgetmanager.h"
 #include "frame/window/commandline.h"
 #include "frame/window/stylesheets.h"
+#include "frame/window/viewarea.h"
+#include "frame/window/windowactions.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
 #include "tests/support/testmodule.h"
+#include "tests/support/testsettings.h"
 
 #include <QLabel>
 #include <QSettings>
+#include <QSplitter>
+#include <QToolBar>
 #include <QVBoxLayout>
 
 namespace {
+
+/** A module with a toolbar and data to export. */
+class CToolBarModule : public CTestModule
+{
+public:
+    CToolBarModule() : CTestModule(1, "Plot3D") {}
+    void AddMainMenus(IMainMenus&) override
+    {
+        if (!m_toolBars.isEmpty())
+            return;
+        m_toolBars.append(new QToolBar("Create Toolbar"));
+        m_toolBars.first()->setObjectName("create");
+    }
+    bool CanExport(qint64 nViewId) const override { return IsShownIn(nViewId); }
+    bool Export(qint64 nViewId) override
+    {
+        m_exported.append(nViewId);
+        return true;
+    }
+    static inline QVector<qint64> m_exported;
+};
+
+/** A run of the program with that module. */
+class CRun
+{
+public:
+    CRun()
+    {
+        CModuleRegistry::Instance().SetFactory(1, [] { return std::make_unique<CToolBarModule>(); });
+        m_pWindow = std::make_unique<CMainWindow>();
+        m_pWindow->show();
+    }
+    CMainWindow* operator->() { return m_pWindow.get(); }
+    QToolBar* ToolBar() { return m_pWindow->findChild<QToolBar*>("create"); }
+    bool ShowsToolBar() { return !ToolBar()->isHidden(); }
+
+private:
+    const COwnModules m_modules;
+    std::unique_ptr<CMainWindow> m_pWindow;
+};
 
 class MainWindow : public SimulationFixture
 {
@@ -26,6 +71,15 @@ protected:
         CModuleRegistry::Instance().SetFactory(1, [] { return std::make_unique<CTestModule>(1, "Plot3D"); });
     }
     ~MainWindow() override { Settings().clear(); }
+
+    /** A case of the module on top of view 1. Gives its id. */
+    qint64 AddOnTop(qint64 nModuleId)
+    {
+        auto* const pSimulation = new CTestSimulation(nModuleId);
+        m_manager.AddSimulation(pSimulation, 1);
+        m_manager.SetActiveSimulation(1, pSimulation->GetId());
+        return pSimulation->GetId();
+    }
 
     static QSettings& Settings()
     {
@@ -45,6 +99,18 @@ TEST_F(MainWindow, RegistersItselfAndLeavesWithItsLife)
         EXPECT_NE(CModuleRegistry::Instance().FindByName("Plot3D"), nullptr);
     }
     EXPECT_EQ(CWidgetManager::Instance().GetWidget(CWidgetManager::MAIN_WINDOW), nullptr);
+}
+
+TEST_F(MainWindow, SplittersHaveTheStoredWidthFromTheStart)
+{
+    CPreferences stored;
+    Set(stored, PreferenceKey::SPLITTER_WIDTH, 7);
+    EXPECT_TRUE(stored.Save(ApplicationInfo::ORGANISATION, ApplicationInfo::NAME));
+    const CFreshPreferences fresh;
+    CMainWindow window;
+    window.GetViewArea().Split(1, Qt::Horizontal);
+    for (const QSplitter* const pSplitter : window.GetViewArea().findChildren<QSplitter*>())
+        EXPECT_EQ(pSplitter->handleWidth(), 7);
 }
 
 TEST_F(MainWindow, ComesUpWhereTheLastRunLeftIt)
@@ -74,6 +140,19 @@ TEST_F(MainWindow, ComesUpWhereTheLastRunLeftIt)
     EXPECT_TRUE(other.geometry().isValid());
 }
 
+TEST_F(MainWindow, ExportWritesTheDataOfTheCaseOnTop)
+{
+    CRun run;
+    QAction* const pExport = run->GetActions().Get(ActionExport);
+    EXPECT_FALSE(pExport->isEnabled());
+    AddOnTop(1);
+    EXPECT_TRUE(pExport->isEnabled());
+    pExport->trigger();
+    EXPECT_EQ(CToolBarModule::m_exported, QVector<qint64>{1});
+    AddOnTop(6);
+    EXPECT_FALSE(pExport->isEnabled()) << "its module exports nothing";
+}
+
 TEST_F(MainWindow, ARefusedCloseKeepsWindowAndCases)
 {
     CMainWindow window;
@@ -90,6 +169,28 @@ TEST_F(MainWindow, ARefusedCloseKeepsWindowAndCases)
     user.Press("Yes");
     EXPECT_TRUE(window.close());
     EXPECT_TRUE(m_manager.GetSimulationIds().isEmpty());
+}
+
+TEST_F(MainWindow, AModulesToolBarThatTheUserHasHiddenStaysHidden)
+{
+    {
+        CRun run;
+        const qint64 nCase = AddOnTop(1);
+        EXPECT_TRUE(run.ShowsToolBar());
+        run.ToolBar()->toggleViewAction()->trigger();
+        AddOnTop(6);
+        m_manager.SetActiveSimulation(1, nCase);
+        EXPECT_FALSE(run.ShowsToolBar()) << "another case was on top";
+        EXPECT_TRUE(run->close());
+    }
+    CRun run;
+    AddOnTop(1);
+    EXPECT_FALSE(run.ShowsToolBar()) << "another run";
+    run->SlotDefaultView();
+    EXPECT_TRUE(run.ShowsToolBar());
+    m_manager.RemoveAllViews();
+    run->SlotDefaultView();
+    EXPECT_FALSE(run.ShowsToolBar()) << "there is no case of the module";
 }
 
 TEST(StyleSheets, AThemeWithoutAResourceKeepsTheWindowsOwnSheet)

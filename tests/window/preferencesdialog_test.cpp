@@ -6,6 +6,7 @@
 #include "frame/preferencekeys.h"
 #include "frame/preferences.h"
 #include "frame/ui/colorbutton.h"
+#include "tests/support/ownmodules.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/testmodule.h"
 
@@ -39,18 +40,12 @@ public:
     static inline bool s_bAccepts = true;
 };
 
-// Before any test of this program makes the modules, since they are made once.
-const bool s_bRegistered = [] {
-    CModuleRegistry::Instance().SetFactory(6, [] { return std::make_unique<CPageModule>(6, "CGNS"); });
-    return true;
-}();
-
 class PreferencesDialog : public testing::Test
 {
 protected:
     PreferencesDialog()
     {
-        EXPECT_TRUE(s_bRegistered);
+        CModuleRegistry::Instance().SetFactory(6, [] { return std::make_unique<CPageModule>(6, "CGNS"); });
         CModuleRegistry::Instance().CreateModules();
         Reset();
     }
@@ -79,6 +74,8 @@ protected:
         EXPECT_NE(pWidget, nullptr) << sName;
         return pWidget;
     }
+
+    const COwnModules m_modules;
 };
 
 } // namespace
@@ -111,6 +108,8 @@ TEST_F(PreferencesDialog, UnlimitedMemoryIsStoredAsZero)
     CPreferencesDialog dialog;
     auto* const pLimit = Find<QSpinBox>(dialog, "m_pMemoryLimitE");
     EXPECT_EQ(pLimit->text(), "5 GB");
+    pLimit->setValue(1);
+    EXPECT_EQ(pLimit->text(), "1 GB");
     Find<QCheckBox>(dialog, "m_pMemoryLimitCB")->click();
     EXPECT_EQ(pLimit->text(), "Unlimited");
     EXPECT_FALSE(pLimit->isEnabled());

@@ -208,6 +208,24 @@ TEST_F(SaveCommands, ACopiedViewShowsACaseOfItsOwn)
     EXPECT_TRUE(pThird->HasUnsavedEdits()) << "so had the case that it is a copy of";
 }
 
+TEST_F(SaveCommands, QuestionsForFilesStartInTheFolderOfTheLastOneInTheNextRunToo)
+{
+    AddCase();
+    Files::Write(Path("garbage.zento"), "no case at all");
+    CPromptScript user;
+    user.ChooseFile(Path("garbage.zento"));
+    Trigger(ActionOpen);
+    user.ChooseFile({});
+    Trigger(ActionExportSimulation);
+    user.ChooseFile({});
+    Trigger(ActionOpen);
+    for (int n : {1, 2})
+        EXPECT_EQ(user.AskedFiles()[n].sStart, m_folder.path());
+    CPreferences next;
+    next.Load(ApplicationInfo::ORGANISATION, ApplicationInfo::NAME);
+    EXPECT_EQ(Get(next, PreferenceKey::RECENT_DIRECTORY), m_folder.path());
+}
+
 TEST_F(SaveCommands, TheDisplayStateIsExported)
 {
     AddCase();

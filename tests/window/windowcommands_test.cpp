@@ -1,6 +1,7 @@
 // The commands of the main window, seen through its actions.
-#include "frame/moduleregistry.h"
+#include "frame/applicationinfo.h"
 #include "frame/preferencekeys.h"
+#include "frame/window/dropdownbutton.h"
 #include "frame/window/mainwindow.h"
 #include "frame/window/recentfiles.h"
 #include "frame/window/sectordisplay.h"
@@ -10,6 +11,8 @@
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
 #include "tests/support/testsettings.h"
+#include "view/ui/oglviewer.h"
+#include "view/ui/opengldrawer.h"
 
 #include <QMenu>
 #include <QMenuBar>
@@ -120,6 +123,45 @@ TEST_F(WindowCommands, HidingReachesTheChildrenWhereThatIsWanted)
     EXPECT_EQ(ItemsThat(&ISelectable::isVisible), QVector<qint64>({4}));
     Action(ActionShow)->trigger();
     EXPECT_EQ(ItemsThat(&ISelectable::isVisible), QVector<qint64>({1, 2, 3, 4}));
+}
+
+TEST_F(WindowCommands, ZoomBoxIsPressedWhileTheActiveViewIsInThatMode)
+{
+    CViewArea& area = m_window.GetViewArea();
+    const auto drawer = [&area](qint64 nId) { return &area.GetOglViewer(nId)->GetDrawer(); };
+    const QAction* const pZoomBox = Action(ActionZoomBox);
+    const QSignalSpy modes(&m_window, &CMainWindow::SignalMouseMode);
+    Action(ActionZoomBox)->trigger();
+    EXPECT_EQ(drawer(1)->GetMode(), MouseZoomBox);
+    area.SetActive(area.Split(1, Qt::Horizontal));
+    EXPECT_FALSE(pZoomBox->isChecked());
+    QTest::keyClick(drawer(1), Qt::Key_Escape);
+    EXPECT_EQ(drawer(1)->GetMode(), MouseNormal);
+    EXPECT_NE(drawer(1)->cursor().shape(), Qt::CrossCursor);
+    drawer(2)->SlotMode(MouseZoomBox);
+    EXPECT_TRUE(pZoomBox->isChecked()) << "whoever has set it";
+    area.SetActive(1);
+    EXPECT_FALSE(pZoomBox->isChecked());
+    area.SetActive(2);
+    EXPECT_TRUE(pZoomBox->isChecked());
+    QTest::keyClick(drawer(2), Qt::Key_Escape);
+    EXPECT_FALSE(pZoomBox->isChecked());
+    EXPECT_EQ(modes.last().value(0).value<OglMouseMode_e>(), MouseNormal);
+}
+
+TEST_F(WindowCommands, TheRotationAxisIsMarkedAsThePreferencesHaveIt)
+{
+    const auto shown = [this] {
+        for (const CDropDownButton* const pButton : m_window.findChildren<CDropDownButton*>())
+            if (pButton->text() == "Rotation Axis")
+                return pButton->GetLastAction();
+        return static_cast<QAction*>(nullptr);
+    };
+    EXPECT_EQ(shown(), Action(ActionRotationAxisAlways));
+    Set(CPreferences::Instance(), PreferenceKey::ROTATION_AXIS_VISIBILITY, 2);
+    m_window.SlotUpdatePreferences();
+    EXPECT_TRUE(Action(ActionRotationAxisOnRotation)->isChecked());
+    EXPECT_EQ(shown(), Action(ActionRotationAxisOnRotation));
 }
 
 TEST_F(WindowCommands, TheAngleLimitIsAskedForInDegrees)
@@ -248,4 +290,17 @@ TEST_F(WindowCommands, RecentFilesKeepTenNewestFirst)
     EXPECT_EQ(Get(stored, PreferenceKey::RECENT_FILES).size(), 10) << "saved at once";
     recent.SlotClearRecentFiles();
     EXPECT_EQ(menu.actions()[0]->text(), "None");
+}
+
+TEST_F(WindowCommands, HelpTellsTheVersionAndNamesNoProduct)
+{
+    CPromptScript user;
+    for (const ActionId_e eId : {ActionWhatsNew, ActionAbout}) {
+        user.Press("Ok");
+        Action(eId)->trigger();
+        const SPrompt& shown = user.Asked().last();
+        EXPECT_EQ(shown.sTitle, Action(eId)->text());
+        EXPECT_TRUE(shown.sText.contains(ApplicationInfo::VERSION));
+        EXPECT_FALSE(shown.sText.contains(ApplicationInfo::NAME, Qt::CaseInsensitive));
+    }
 }

@@ -2,6 +2,7 @@
 
 #include "scene/iselectable.h"
 #include "scene/selectablekeys.h"
+#include "scene/selectablekind.h"
 #include "view/annotations/annotationcolormap.h"
 
 namespace {
@@ -32,6 +33,15 @@ ISelectable* FindHeir(const LegendKey& key, const QVector<ISelectable*>& items)
     return pHeir;
 }
 
+/** Whether the name of the item, or of its block, holds for all of them. */
+bool NamesAll(const ISelectable& item, const QVector<ISelectable*>& items)
+{
+    return items.size() == 1 ||
+           (item.typeId() == KindBlock && std::all_of(items.begin(), items.end(), [&](const ISelectable* p) {
+                return p->blockId() == item.blockId();
+            }));
+}
+
 } // namespace
 
 LegendKey LegendKeyOf(const ISelectable& item)
@@ -51,7 +61,7 @@ CAnnotationColormap* ShowOneLegend(const QVector<ISelectable*>& items)
             continue;
         CAnnotationColormap* const pLegend = pItem->annotationColormap();
         SLegendSettings settings = pLegend->settings();
-        settings.subtitle.bVisible = items.size() == 1;
+        settings.subtitle.bVisible = NamesAll(*pItem, items);
         pLegend->setSettings(settings);
         pLegend->setVisible(true);
         return pLegend;

@@ -15,7 +15,7 @@ LegendKey LegendKeyOf(const ISelectable& item);
 
 /**
  * Shows the legend of the first item on show that has one, to stand for all items of one scalar and one
- * range. With several items it doesn't name its own.
+ * range. It names its own or, for what belongs to one block, that; with items of several it names none.
  *
  * @return null if no item has a legend
  */

@@ -3,6 +3,7 @@
 #include "frame/applicationinfo.h"
 #include "frame/preferencekeys.h"
 #include "frame/preferences.h"
+#include "frame/recentfolder.h"
 #include "frame/themeicon.h"
 #include "frame/ui/fontincrement.h"
 #include "frame/ui/waitcursor.h"
@@ -129,12 +130,9 @@ void CScreenshotDialog::on_m_pBackgroundB_clicked()
 
 void CScreenshotDialog::on_m_pSaveImageB_clicked()
 {
-    CPreferences& preferences = CPreferences::Instance();
-    const QString sStart = Get(preferences, PreferenceKey::RECENT_DIRECTORY);
-    const QString sFileName = UserPrompt::AskFile({"Choose file name", sStart, FILTER, true, ENDING});
+    const QString sFileName = RecentFolder::AskFile({"Choose file name", {}, FILTER, true, ENDING});
     if (sFileName.isEmpty())
         return;
-    Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFileName).absolutePath());
     QImage image;
     bool bSaved = false;
     {

@@ -120,10 +120,8 @@ void COpenGLDrawer::ZoomToBand(const QRect& band)
     if (!zoomed.ZoomBox(band))
         return;
     Move(CameraMoves::ZoomBox(band));
-    if (std::exchange(m_eMode, MouseNormal) == MouseZoomBox) {
+    if (m_eMode == MouseZoomBox)
         SlotMode(MouseNormal);
-        emit SignalMode(MouseNormal);
-    }
 }
 
 void COpenGLDrawer::SlotCameraChange(CameraOperator_e eOperator, SCameraOperator camera)
@@ -143,8 +141,9 @@ void COpenGLDrawer::SlotCameraChange(CameraOperator_e eOperator, SCameraOperator
 
 void COpenGLDrawer::SlotMode(OglMouseMode_e eMode)
 {
-    m_eMode = eMode;
     setCursor(eMode == MouseNormal ? QCursor(QPixmap(":/Icons/arrow.png"), 4, 2) : QCursor(Qt::CrossCursor));
+    if (std::exchange(m_eMode, eMode) != eMode)
+        emit SignalMode(eMode);
 }
 
 // The mouse.
@@ -327,8 +326,7 @@ void COpenGLDrawer::keyPressEvent(QKeyEvent* pEvent)
     if (pEvent->key() == Qt::Key_Escape) {
         m_input.Clear();
         HideMeasureLine();
-        m_eMode = MouseNormal;
-        emit SignalMode(MouseNormal);
+        SlotMode(MouseNormal);
         UpdateAll();
         return;
     }

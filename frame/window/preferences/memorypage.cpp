@@ -10,7 +10,7 @@
 namespace {
 
 constexpr qint64 GIGABYTE = 1LL << 30;
-constexpr int UNLIMITED = 0; // [GB] the spin box says "Unlimited" for it
+constexpr int UNLIMITED = 0; // [GB]
 
 QString InGigabytes(qint64 nBytes)
 {
@@ -44,6 +44,8 @@ void CMemoryPage::FillLimit()
     m_pUi->m_pMemoryLimitCB->setChecked(bLimited);
     m_pUi->m_pMemoryLimitE->setEnabled(bLimited);
     m_pUi->m_pMemoryLimitE->setMinimum(bLimited ? 1 : UNLIMITED);
+    // It stands for the minimum, which is a limit like any other where there is one.
+    m_pUi->m_pMemoryLimitE->setSpecialValueText(bLimited ? "" : "Unlimited");
     const qint64 nShown = std::min<qint64>(nLimit / GIGABYTE, m_pUi->m_pMemoryLimitE->maximum());
     m_pUi->m_pMemoryLimitE->setValue(int(nShown));
 }

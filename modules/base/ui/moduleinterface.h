@@ -41,6 +41,8 @@ public:
     bool CanOpen() const override { return false; }
     bool CanAnalyze() const override { return false; }
     qint64 Analyze(qint64) override { return -1; }
+    bool CanExport(qint64) const override { return false; }
+    bool Export(qint64) override { return false; }
     bool CanAddTransient() const override { return false; }
     bool AddTransient(qint64) override { return false; }
     bool ShowsHierarchy(qint64) const override { return false; }

@@ -1,7 +1,6 @@
 #include "modules/plot3d/dialogs/plot3ddialog.h"
 
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/recentfolder.h"
 #include "frame/themeicon.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
@@ -193,16 +192,14 @@ QWidget* CPlot3DDialog::MakeButtons(const SRow& row)
 
 void CPlot3DDialog::Browse(const SRow& row)
 {
-    CPreferences& preferences = CPreferences::Instance();
     const CFileRecord* const pFormer = RecordOf(row);
-    QString sStart = Get(preferences, PreferenceKey::RECENT_DIRECTORY);
+    QString sStart;
     if (pFormer || !m_records.grid.IsEmpty())
         sStart = QFileInfo((pFormer ? *pFormer : m_records.grid).FileName()).absolutePath();
     const SRoleRow& role = RoleRow(row.eRole);
-    const QString sFileName = UserPrompt::AskFile({role.sTitle, sStart, role.sFilter});
+    const QString sFileName = RecentFolder::AskFile({role.sTitle, sStart, role.sFilter});
     if (sFileName.isEmpty())
         return;
-    Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFileName).absolutePath());
     Choose([&] {
         return row.eRole == RoleFunction ? m_records.SetFunction(sFileName, row.nPlace)
                                          : m_records.SetFile(sFileName, row.eRole);

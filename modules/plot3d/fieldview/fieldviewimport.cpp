@@ -2,8 +2,7 @@
 
 #include "data/variables/variablemanager.h"
 #include "frame/messagesink.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/recentfolder.h"
 #include "frame/replacefile.h"
 #include "frame/userprompt.h"
 #include "modules/base/displayfile.h"
@@ -85,14 +84,9 @@ std::optional<SFieldViewRestart> OpenFieldView(const QString& sRestartFile)
 
 QString AskFieldView()
 {
-    CPreferences& preferences = CPreferences::Instance();
-    const QString sFile = UserPrompt::AskFile({"Select FieldView Restart File",
-                                               Get(preferences, PreferenceKey::RECENT_DIRECTORY),
-                                               "FieldView Restart (*.dat);;All Files (*)", false});
-    if (sFile.isEmpty())
-        return {};
-    Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFile).absolutePath());
-    return OpenFieldView(sFile) ? sFile : QString();
+    const QString sFile = RecentFolder::AskFile(
+        {"Select FieldView Restart File", {}, "FieldView Restart (*.dat);;All Files (*)"});
+    return !sFile.isEmpty() && OpenFieldView(sFile) ? sFile : QString();
 }
 
 bool FindFieldViewData(const QString& sRestartFile, CCaseRecords& records)

@@ -40,6 +40,9 @@ public:
     }
     /** A case of the same files that is open already is shown in the view. */
     qint64 OpenFromKey(const QByteArray& key, qint64 nViewId, const QString& sFolder = {}) override;
+    bool CanExport(qint64 nViewId) const override;
+    /** Writes the grids of the selected blocks, or of all. */
+    bool Export(qint64 nViewId) override;
     bool CanAddTransient() const override { return true; }
     /** Reads the headers of the case again: levels that are new, files that were rewritten. */
     bool AddTransient(qint64 nSimulationId) override;
@@ -80,7 +83,6 @@ public slots:
     void SlotCreateSurface();
     /** Opens the selection in the dock that edits it. */
     void SlotModify();
-    /** Writes the grids of the selected blocks, or of all. */
     void SlotExportPlot3D();
     /** Gives the settings of each selected item to those with the same grid, after a question. */
     void SlotUnifyData();

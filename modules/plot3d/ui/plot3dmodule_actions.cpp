@@ -1,7 +1,6 @@
 // CPlot3DModule: its commands, and what the item panel asks.
 #include "frame/imainmenus.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/recentfolder.h"
 #include "frame/themeicon.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
@@ -20,7 +19,6 @@
 #include "view/selectables/surfaceitems.h"
 
 #include <QAction>
-#include <QFileInfo>
 #include <QMenu>
 #include <QSet>
 #include <QToolBar>
@@ -152,7 +150,7 @@ void CPlot3DModule::UpdateActions(qint64 nViewId, qint64 nSimulationId)
     m_moduleActions[ActionSurface]->setEnabled(pSimulation && pSimulation->GetItemCount() > 0);
     m_moduleActions[ActionModify]->setEnabled(!selected.isEmpty());
     m_moduleActions[ActionUnifyData]->setEnabled(!selected.isEmpty());
-    m_moduleActions[ActionExportPlot3D]->setEnabled(pSimulation && pSimulation->GetItemCount() > 0);
+    m_moduleActions[ActionExportPlot3D]->setEnabled(CanExport(nViewId));
 }
 
 void CPlot3DModule::FillPopupMenu(QMenu* pMenu, qint64 nViewId)
@@ -251,21 +249,25 @@ void CPlot3DModule::SlotImportFieldViewRestart()
     TellShown(nViewId);
 }
 
-void CPlot3DModule::SlotExportPlot3D()
+bool CPlot3DModule::CanExport(qint64 nViewId) const
 {
-    const CPlot3DSimulation* const pSimulation = ActivePlot3D();
+    const CPlot3DSimulation* const pSimulation = ShownPlot3D(nViewId);
+    return pSimulation && pSimulation->GetItemCount() > 0;
+}
+
+void CPlot3DModule::SlotExportPlot3D() { Export(GetActiveViewId()); }
+
+bool CPlot3DModule::Export(qint64 nViewId)
+{
+    const CPlot3DSimulation* const pSimulation = ShownPlot3D(nViewId);
     if (!pSimulation)
-        return;
-    CPreferences& preferences = CPreferences::Instance();
-    const QString sStart = Get(preferences, PreferenceKey::RECENT_DIRECTORY);
+        return false;
     const QString sFileName =
-        UserPrompt::AskFile({"Export Plot3D", sStart, "Grid Files (*.x *.xyz *.xyzb);; All Files (*)", true});
-    if (sFileName.isEmpty())
-        return;
-    Set(preferences, PreferenceKey::RECENT_DIRECTORY, QFileInfo(sFileName).absolutePath());
-    const qint64 nViewId = GetActiveViewId();
-    ExportGrids(*pSimulation, ChosenBlocks(*pSimulation, nViewId),
-                CSimulationManager::Instance().GetRequestTime(nViewId, pSimulation->GetId()), sFileName);
+        RecentFolder::AskFile({"Export Plot3D", {}, "Grid Files (*.x *.xyz *.xyzb);; All Files (*)", true});
+    return !sFileName.isEmpty() &&
+           ExportGrids(*pSimulation, ChosenBlocks(*pSimulation, nViewId),
+                       CSimulationManager::Instance().GetRequestTime(nViewId, pSimulation->GetId()),
+                       sFileName);
 }
 
 void CPlot3DModule::SlotUnifyData()
@@ -273,6 +275,7 @@ void CPlot3DModule::SlotUnifyData()
     CPlot3DSimulation* const pSimulation = ActivePlot3D();
     if (!pSimulation)
         return;
+    pSimulation->BeginUndoStep(); // one for all that is selected
     QSet<qint64> done;
     for (const qint64 nId : SelectedItems(*pSimulation, GetActiveViewId())) {
         if (done.contains(nId))
@@ -291,6 +294,7 @@ void CPlot3DModule::SlotUnifyData()
         else if (UserPrompt::Confirm("Unify Data", sText.arg(sName, QString::number(ids.size()))))
             pSimulation->MakeLinks(QVector<qint64>{nId} + ids, true);
     }
+    pSimulation->EndUndoStep(false);
     pSimulation->RefreshViews();
 }
 

@@ -1,4 +1,6 @@
 // A case that was saved and opened looks as before, pixel for pixel. Skipped where there is no OpenGL.
+#include "frame/preferencekeys.h"
+#include "frame/preferences.h"
 #include "tests/modules/plot3d/showncase.h"
 #include "tests/support/offscreencontext.h"
 
@@ -122,4 +124,22 @@ TEST_F(CasePicture, IsTheSameAfterSavingAndOpening)
     ASSERT_TRUE(
         pFresh->LoadViewJson(QJsonDocument::fromJson(QJsonDocument(json).toJson()).object(), VIEW, 1.0));
     EXPECT_TRUE(Draw() == before);
+}
+
+TEST_F(CasePicture, ASelectionShowsAsThePreferencesAllow)
+{
+    const CPlot3DSimulation* const pScene = OpenScene();
+    CPreferences& preferences = CPreferences::Instance();
+    for (const bool bOutline : {false, true})
+        for (const bool bOnItems : {false, true}) {
+            Set(preferences, PreferenceKey::HIGHLIGHT_OUTLINE, bOutline);
+            Set(preferences, PreferenceKey::HIGHLIGHT_IN_ANALYZE, bOnItems);
+            preferences.Apply();
+            for (const qint64 nItem : pScene->GetItemIds())
+                Shown(*pScene, nItem)->setSelected(false);
+            const QImage unselected = Draw();
+            Shown(*pScene, 1)->setSelected(true);
+            EXPECT_EQ(Draw() == unselected, !bOutline && !bOnItems) << bOutline << bOnItems;
+        }
+    preferences = CPreferences();
 }

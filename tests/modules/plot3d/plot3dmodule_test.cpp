@@ -166,12 +166,13 @@ TEST_F(Plot3DModule, CommandsThatCanBeUsedAreNotGrey)
 
 TEST_F(Plot3DModule, SelectedBlocksAreExported)
 {
+    EXPECT_FALSE(m_module.CanExport(VIEW));
     const qint64 nId = m_module.OpenPlot3D({WriteGrid()}, VIEW);
     Simulation(nId)->GetItem(4)->SelectInView(VIEW);
     Simulation(nId)->GetItem(2)->SelectInView(VIEW);
     CPromptScript user;
     user.ChooseFile(Path("out.x"));
-    m_module.SlotExportPlot3D();
+    EXPECT_TRUE(m_module.Export(VIEW));
     ForgetDetectedFiles();
     EXPECT_EQ(CGridIO().GetGridBlockDimensions(Path("out.x")), QVector<IVector3D>({{3, 3, 3}, {4, 4, 4}}));
     user.ChooseFile(Path("none/out.x"));
