@@ -176,7 +176,7 @@ TEST_F(RenderItems, ACopyThatIsLitIsPickedAndGivesItsItem)
                 expected = {3};
             EXPECT_EQ(Ids(ViewPicker::Hits(Pointer(x, y))), expected) << "at " << x << ", " << y;
         }
-    const SPointPick corner = ViewPicker::FirstPoint(Pointer(-0.9, -0.5)); // half a turn
+    const SPointPick corner = ViewPicker::PointAt(Pointer(-0.9, -0.5)); // half a turn
     EXPECT_LT(Length(corner.displayed - DVector3D{-0.9, -0.5, 0.0}), 1e-12);
     EXPECT_LT(Length(corner.point.xyz - DVector3D{0.9, 0.5, 0.0}), 1e-12);
     EXPECT_EQ(corner.pDrawable, m_more[0].pSurface.get());
@@ -197,9 +197,9 @@ TEST_F(RenderItems, ThePointerMeetsWhatIsDrawnAtItsPixelAndWhatLiesBehind)
     ExpectColor(0.1, 0.15, BLUE);
     EXPECT_TRUE(ViewPicker::Hits(Pointer(-1.1, -1.1)).isEmpty());
     ExpectColor(-1.1, -1.1, BACKGROUND);
-    EXPECT_FALSE(ViewPicker::FirstPoint(Pointer(-1.1, -1.1)).point.bHasPoint);
+    EXPECT_FALSE(ViewPicker::PointAt(Pointer(-1.1, -1.1)).point.bHasPoint);
 
-    const SPointPick point = ViewPicker::FirstPoint(Pointer(0.5, -1.0)); // row 3, column 0
+    const SPointPick point = ViewPicker::PointAt(Pointer(0.5, -1.0)); // row 3, column 0
     ASSERT_TRUE(point.point.bHasPoint);
     EXPECT_EQ(point.point.xyz, (DVector3D{0.5, -1.0, 0.0}));
     EXPECT_EQ(point.point.ijk, (IVector3D{4, 1, 1}));
@@ -210,7 +210,7 @@ TEST_F(RenderItems, ThePointerMeetsWhatIsDrawnAtItsPixelAndWhatLiesBehind)
     Draw();
     EXPECT_NE(At(0.1, 0.15), BLUE);
     EXPECT_EQ(Ids(ViewPicker::Hits(Pointer(0.1, 0.15))), (QVector<qint64>{1, 2}));
-    EXPECT_TRUE(ViewPicker::FirstPoint(Pointer(0.0, 0.0)).point.bIsHole);
+    EXPECT_TRUE(ViewPicker::PointAt(Pointer(0.0, 0.0)).point.bIsHole);
 }
 
 TEST_F(RenderItems, AMeasuredLineIsDashedAndInFrontOfAll)

@@ -229,7 +229,7 @@ TEST_F(ViewWidget, AGridOnCellsShowsEachCellAtItsCentre)
     EXPECT_EQ(drawable.boundsMaximum(), (DVector3D{1.5, 1.5, 0.5}));
     EXPECT_GT(Middle(image).green(), 200) << "the mean of the four";
     const auto pick = [&](double x, double y) {
-        return ViewPicker::FirstPoint({VIEW, {}, {x - 0.01, y - 0.01, x + 0.01, y + 0.01}}).point;
+        return ViewPicker::PointAt({VIEW, {}, {x - 0.01, y - 0.01, x + 0.01, y + 0.01}}).point;
     };
     for (const IVector3D& cell : {IVector3D{1, 1, 1}, {2, 1, 1}, {1, 2, 1}, {2, 2, 1}}) {
         const SPickedPoint point = pick(double(cell.i) - 0.5, double(cell.j) - 0.5);

@@ -37,7 +37,7 @@ void COpenGLDrawer::Hover()
 {
     const SPickArea area = AreaAtCursor();
     const auto pWait = WaitFor(area);
-    if (m_hover.Update(ViewPicker::Hits(area)))
+    if (m_hover.Update(ViewPicker::HitsFromFront(area)))
         ShowHover();
 }
 
@@ -66,7 +66,7 @@ void COpenGLDrawer::PickPoint()
 {
     const SPickArea area = AreaAtCursor();
     const auto pWait = WaitFor(area);
-    m_picked = ViewPicker::FirstPoint(area);
+    m_picked = ViewPicker::PointAt(area, m_hover.Asked());
     if (!m_picked.point.bHasPoint)
         return;
     // Not the hovered item's name: while the key is held, the pointer goes on to others.
