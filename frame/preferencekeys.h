@@ -18,7 +18,7 @@ inline constexpr SKey<bool> FLIP_ZOOM_DIRECTION{"Basic.FlipZoomDirection", false
 inline constexpr SKey<qint64> KEY_PRESET{"Basic.KeyPreset", 0}; // row of the accelerator presets
 
 inline constexpr SKey<bool> HIGHLIGHT_IN_ANALYZE{"Display.HighlightSelectInAnalyze", false}; // as wireframe
-inline constexpr SKey<bool> HIGHLIGHT_OUTLINE{"Display.HighlightSelectOutline", false};
+inline constexpr SKey<bool> HIGHLIGHT_OUTLINE{"Display.HighlightSelectOutline", true};
 inline constexpr SKey<qint64> POINT_SIZE{"Display.PointSize", 8};           // [pixels]
 inline constexpr SKey<double> LINE_THICKNESS{"Display.LineThickness", 2.0}; // [pixels]
 inline constexpr SKey<bool> SHOW_AXES{"Display.ShowAxes", true};

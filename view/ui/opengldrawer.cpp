@@ -166,6 +166,7 @@ void COpenGLDrawer::PaintScene(bool bInteracting)
     frame.viewport = size() * devicePixelRatioF();
     frame.bBoundingBoxes = bInteracting && m_eDemotion == DemotionBoundingBox;
     frame.bCheckDrawables = TakeNeedsCheck();
+    frame.bMarks = !m_capture;
     frame.fScale = float(devicePixelRatioF() * RenderScale());
     if (m_bMeasureShown && m_measureFrom && m_measureTo)
         frame.measureLine = {*m_measureFrom, *m_measureTo};
