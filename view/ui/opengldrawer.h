@@ -147,6 +147,7 @@ private:
     static std::unique_ptr<CWaitCursor> WaitFor(const SPickArea& area);
     void Hover();
     void ShowHover();
+    void Tell(const QString& sText);
     void StepHover();
     void ClearHover();
     void PickPoint();
@@ -177,6 +178,7 @@ private:
     bool m_bInside = false;
     CHoverList m_hover; // what lies under the pointer
     SPointPick m_picked;
+    QString m_sTold; // in the status bar, of what is under the pointer
     std::optional<DVector3D> m_measureFrom; // the end of the measured line that was pressed last
     std::optional<DVector3D> m_measureTo;
     bool m_bMeasureShown = false; // from a press until its key is released

@@ -306,6 +306,7 @@ void COpenGLDrawer::leaveEvent(QEvent* pEvent)
     QOpenGLWidget::leaveEvent(pEvent);
     m_bInside = false;
     ClearHover();
+    CWidgetManager::Instance().ForgetStatusText(m_sTold); // a picked point needs nothing hovered
     ShowHot(nullptr);
 }
 
