@@ -186,9 +186,10 @@ void COpenGLDrawer::mousePressEvent(QMouseEvent* pEvent)
     m_input.SetModifiers(pEvent->modifiers());
     m_input.PressButton(pEvent->button(), pEvent->pos());
     m_pDragged = pEvent->button() == Qt::LeftButton ? AnnotationAt(pEvent->pos()) : nullptr;
-    m_dragStart = pEvent->pos();
-    if (m_pDragged)
+    if (m_pDragged) {
+        m_dragGrip = pEvent->pos() - m_pDragged->shownPosition();
         m_input.Clear();
+    }
     StartTimer();
 }
 
@@ -203,8 +204,7 @@ void COpenGLDrawer::mouseMoveEvent(QMouseEvent* pEvent)
     if (m_pDragged && !IsShown(m_pDragged))
         m_pDragged = nullptr; // it went with its item
     if (m_pDragged) {
-        m_pDragged->moveBy(pEvent->pos() - m_dragStart);
-        m_dragStart = pEvent->pos();
+        m_pDragged->setPosition(m_pDragged->inside(pEvent->pos() - m_dragGrip, size()));
         UpdateCamera();
         return;
     }
