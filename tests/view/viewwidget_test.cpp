@@ -333,6 +333,7 @@ TEST_F(ViewWidget, WhatIsPaintedOverTheSceneIsWholeInFramesOfAllKinds)
     const CAnnotationColormap& legend = ShowLegend(*m_pSurface);
     SCamera camera = m_pDrawer->GetCamera();
     camera.viewSize *= 20.0; // the surface is not behind the legend
+    camera.viewCenter = {-15.0, 15.0};
     const auto draw = [&](bool bOutline) {
         Set(CPreferences::Instance(), PreferenceKey::HIGHLIGHT_OUTLINE, bOutline);
         CPreferences::Instance().Apply();

@@ -58,7 +58,7 @@ void ReadLook(CByteReader& reader, SLegendText& text)
     reader.Read(text.color);
 }
 
-/** Behind all else: which of the colours are automatic. */
+/** Behind all else, where black was chosen: which of the colours are automatic. */
 void ReadAutomatic(CByteReader& reader, SLegendSettings& settings)
 {
     const bool bKnown = reader.BytesLeft() > 0;
@@ -94,8 +94,11 @@ QByteArray CAnnotationColormap::toBinary() const
     stream << subtitle.bVisible << subtitle.sText << subtitle.font << StoredColor(subtitle);
     stream << labels.bVisible << m_settings.nLabelCount << labels.font << StoredColor(labels);
     stream << m_settings.nFormat << m_settings.nDigits << m_settings.colorbarSize;
-    for (const SLegendText* const pText : {&title, &subtitle, &labels})
-        stream << !pText->color.isValid();
+    const auto texts = {&title, &subtitle, &labels};
+    const auto isMistakable = [](const SLegendText* pText) { return pText->color == FORMER_COLOR; };
+    if (std::any_of(texts.begin(), texts.end(), isMistakable))
+        for (const SLegendText* const pText : texts)
+            stream << !pText->color.isValid();
     return bytes;
 }
 
