@@ -43,7 +43,6 @@ struct SUnderPointer
     IDrawable* pDrawable;
     DMatrix4x4 toWorld;
     DMatrix4x4 seen;
-    std::size_t nOrder;               ///< among all of the view
     double dBoxFront;                 ///< greatest depth that any of it can have
     double dDepth = CGLTree::NOT_MET; ///< of the place that is met
     bool bHides = false;              ///< it is filled there: what lies behind isn't seen
@@ -53,6 +52,16 @@ struct SUnderPointer
     bool HasFill() const { return ViewPicker::PickKinds(pDrawable->displayType()) & PickTriangle; }
 };
 using Copies = std::vector<SUnderPointer>;
+using CopyOrder = std::vector<SUnderPointer*>; // of copies that stay where they are
+
+template <class Takes> CopyOrder OrderOf(Copies& copies, const Takes& takes)
+{
+    CopyOrder order;
+    for (SUnderPointer& copy : copies)
+        if (takes(copy))
+            order.push_back(&copy);
+    return order;
+}
 
 /** All copies whose boxes come into the rectangle; nothing is met yet. */
 Copies CopiesIn(const SPickArea& area)
@@ -64,7 +73,7 @@ Copies CopiesIn(const SPickArea& area)
             if (MissesBox(seen, area.rect, drawable))
                 return false;
             const PickGeometry::SSeenBox box(seen, drawable.boundsMinimum(), drawable.boundsMaximum());
-            found.push_back({&drawable, toWorld, seen, found.size(), box.maximum.z});
+            found.push_back({&drawable, toWorld, seen, box.maximum.z});
             return false;
         });
     });
@@ -90,53 +99,54 @@ void Meet(const SPickArea& area, SUnderPointer& copy)
 double Together(const SPickArea& area) { return 1e-3 * (area.rect.dRight - area.rect.dLeft); }
 
 /** Leaves those that are met, the one in front first; what lies beside the pointer comes last. */
-void SortFromFront(const SPickArea& area, Copies& copies)
+void SortFromFront(const SPickArea& area, CopyOrder& copies)
 {
-    std::erase_if(copies, [](const SUnderPointer& copy) { return !copy.IsMet(); });
-    std::sort(copies.begin(), copies.end(), [](const SUnderPointer& a, const SUnderPointer& b) {
-        return std::pair(a.bBeside, -a.dDepth) < std::pair(b.bBeside, -b.dDepth);
+    std::erase_if(copies, [](const auto* pCopy) { return !pCopy->IsMet(); });
+    std::sort(copies.begin(), copies.end(), [](const auto* a, const auto* b) {
+        return std::pair(a->bBeside, -a->dDepth) < std::pair(b->bBeside, -b->dDepth);
     });
     // Those in one place keep the order of their drawables wherever on them the pointer is.
     for (auto first = copies.begin(); first != copies.end();) {
-        const auto end = std::find_if(first, copies.end(), [&](const SUnderPointer& copy) {
-            return copy.bBeside != first->bBeside || first->dDepth - copy.dDepth > Together(area);
+        const auto end = std::find_if(first, copies.end(), [&](const auto* pCopy) {
+            return pCopy->bBeside != (*first)->bBeside || (*first)->dDepth - pCopy->dDepth > Together(area);
         });
-        std::sort(first, end, [](const auto& a, const auto& b) { return a.nOrder < b.nOrder; });
+        std::sort(first, end); // as they stand in memory
         first = end;
     }
 }
 
 /** Leaves what can be seen at the pointer, from the front to what hides all behind it. */
-void FindSeen(const SPickArea& area, Copies& copies)
+void FindSeen(const SPickArea& area, CopyOrder& copies)
 {
     std::sort(copies.begin(), copies.end(),
-              [](const auto& a, const auto& b) { return a.dBoxFront > b.dBoxFront; });
+              [](const auto* a, const auto* b) { return a->dBoxFront > b->dBoxFront; });
     double dHidden = CGLTree::NOT_MET;
-    for (SUnderPointer& copy : copies) {
-        if (copy.dBoxFront < dHidden - Together(area))
+    for (SUnderPointer* const pCopy : copies) {
+        if (pCopy->dBoxFront < dHidden - Together(area))
             break;
-        Meet(area, copy);
-        if (copy.bHides)
-            dHidden = std::max(dHidden, copy.dDepth);
+        Meet(area, *pCopy);
+        if (pCopy->bHides)
+            dHidden = std::max(dHidden, pCopy->dDepth);
     }
     SortFromFront(area, copies);
-    const auto hiding = std::find_if(copies.begin(), copies.end(), [](const auto& c) { return c.bHides; });
+    const auto hiding = std::find_if(copies.begin(), copies.end(), [](const auto* p) { return p->bHides; });
     if (hiding != copies.end())
         copies.erase(hiding + 1, copies.end());
 }
 
 /** The node that is seen nearest to the pointer, of the first of the copies that has one in reach. */
-SPointPick NearestNode(const SPickArea& area, Copies copies)
+SPointPick NearestNode(const SPickArea& area, CopyOrder copies)
 {
     FindSeen(area, copies);
     const double dRadius = 0.5 * (area.rect.dRight - area.rect.dLeft);
-    for (const SUnderPointer& copy : copies) {
-        const CGLItem* const pItem = copy.pDrawable->pickTree().nearestPoint(
-            copy.seen, area.rect.Middle(), dRadius, !copy.pDrawable->showHoles(), copy.HasFill());
+    for (const SUnderPointer* const pCopy : copies) {
+        IDrawable& drawable = *pCopy->pDrawable;
+        const CGLItem* const pItem = drawable.pickTree().nearestPoint(
+            pCopy->seen, area.rect.Middle(), dRadius, !drawable.showHoles(), pCopy->HasFill());
         if (!pItem)
             continue;
-        const SPickedPoint point = copy.pDrawable->pickedPoint(pItem->nCorners[0]);
-        return {point, copy.toWorld.MapPoint(point.xyz), copy.pDrawable};
+        const SPickedPoint point = drawable.pickedPoint(pItem->nCorners[0]);
+        return {point, pCopy->toWorld.MapPoint(point.xyz), &drawable};
     }
     return {};
 }
@@ -217,11 +227,12 @@ QVector<ISelectable*> ViewPicker::HitsFromFront(const SPickArea& area)
     Copies copies = CopiesIn(area);
     for (SUnderPointer& copy : copies)
         Meet(area, copy);
-    SortFromFront(area, copies);
+    CopyOrder met = OrderOf(copies, [](const SUnderPointer& copy) { return copy.IsMet(); });
+    SortFromFront(area, met);
     QVector<ISelectable*> hits;
     QSet<const ISelectable*> known;
-    for (const SUnderPointer& copy : copies)
-        for (ISelectable* const pOwner : copy.pDrawable->ownerSelectables())
+    for (const SUnderPointer* const pCopy : met)
+        for (ISelectable* const pOwner : pCopy->pDrawable->ownerSelectables())
             if (!known.contains(pOwner)) {
                 known.insert(pOwner);
                 hits.append(pOwner);
@@ -231,15 +242,14 @@ QVector<ISelectable*> ViewPicker::HitsFromFront(const SPickArea& area)
 
 SPointPick ViewPicker::PointAt(const SPickArea& area, const ISelectable* pAsked)
 {
-    const Copies copies = CopiesIn(area);
+    Copies copies = CopiesIn(area);
     if (pAsked) {
         const QSet<const IDrawable*> drawables = DrawablesOf(*pAsked);
-        Copies asked = copies;
-        std::erase_if(asked, [&](const SUnderPointer& copy) { return !drawables.contains(copy.pDrawable); });
-        if (const SPointPick pick = NearestNode(area, std::move(asked)); pick.pDrawable)
+        const auto isAsked = [&](const SUnderPointer& copy) { return drawables.contains(copy.pDrawable); };
+        if (const SPointPick pick = NearestNode(area, OrderOf(copies, isAsked)); pick.pDrawable)
             return pick;
     }
-    return NearestNode(area, copies);
+    return NearestNode(area, OrderOf(copies, [](const SUnderPointer&) { return true; }));
 }
 
 qint64 ViewPicker::CountNewItems(const SPickArea& area)
