@@ -94,7 +94,7 @@ static void FirstHover(benchmark::State& state)
         state.PauseTiming();
         scene.ForgetTrees();
         state.ResumeTiming();
-        benchmark::DoNotOptimize(ViewPicker::Hits(pointers.Next()));
+        benchmark::DoNotOptimize(ViewPicker::HitsFromFront(pointers.Next()));
     }
 }
 BENCHMARK(FirstHover)->Arg(SceneScattered)->Arg(SceneStacked)->Unit(benchmark::kMillisecond)->Iterations(20);
@@ -107,7 +107,7 @@ static void Hover(benchmark::State& state)
     ViewPicker::Hits(pointers.Next());
     qint64 nHits = 0;
     for (auto _ : state)
-        nHits += ViewPicker::Hits(pointers.Next()).size();
+        nHits += ViewPicker::HitsFromFront(pointers.Next()).size();
     state.counters["hits"] = double(nHits) / double(state.iterations());
 }
 BENCHMARK(Hover)->Arg(SceneScattered)->Arg(SceneStacked)->Unit(benchmark::kMillisecond)->Iterations(500);
@@ -118,7 +118,7 @@ static void PickPointUnderThePointer(benchmark::State& state)
     CPointers pointers;
     ViewPicker::Hits(pointers.Next());
     for (auto _ : state)
-        benchmark::DoNotOptimize(ViewPicker::FirstPoint(pointers.Next()).pDrawable);
+        benchmark::DoNotOptimize(ViewPicker::PointAt(pointers.Next()).pDrawable);
 }
 BENCHMARK(PickPointUnderThePointer)
     ->Arg(SceneScattered)

@@ -27,7 +27,8 @@ inline constexpr SKey<qint64> ROTATION_AXIS_VISIBILITY{"Display.RotationAxisVisi
 inline constexpr SKey<bool> SHOW_SCALING{"Display.ShowScaling", false};
 inline constexpr SKey<qint64> DEFAULT_COLORMAP{"Display.DefaultColormap", 17};
 
-inline constexpr SKey<QColor> AXES_COLOR{"Color.AxesColor", QColor(255, 0, 0)};
+/** Of axes and scale with their texts; invalid: black or white, what stands out from the background. */
+inline constexpr SKey<QColor> AXES_COLOR{"Color.AxesColor", QColor()};
 inline constexpr SKey<QColor> HIGHLIGHT_COLOR{"Color.HighlightColor", QColor(255, 255, 255)};
 inline constexpr SKey<QColor> SELECT_COLOR{"Color.SelectColor", QColor(255, 0, 255)};
 inline constexpr SKey<QColor> OUTLINE_COLOR{"Color.OutlineColor", QColor(51, 153, 255)};

@@ -81,8 +81,15 @@ IViewer* CWidgetManager::GetViewerById(qint64 nViewId) const
 
 void CWidgetManager::SetStatusText(const QString& sText)
 {
+    m_sStatusText = sText;
     if (IMainWindow* const pWindow = MainWindow())
         pWindow->SetStatusText(sText);
+}
+
+void CWidgetManager::ForgetStatusText(const QString& sText)
+{
+    if (!sText.isEmpty() && sText == m_sStatusText)
+        SetStatusText({});
 }
 
 void CWidgetManager::RunInTerminal()

@@ -43,6 +43,8 @@ public:
     IViewer* GetViewer(qint64 nIndex) const;
     IViewer* GetViewerById(qint64 nViewId) const;
     void SetStatusText(const QString& sText);
+    /** Takes the text away if it is still the one on show. */
+    void ForgetStatusText(const QString& sText);
     void RunInTerminal();
     void CloseAll();
     void BlockUpdates(qint64 nSimulationId, bool bBlock);
@@ -56,4 +58,5 @@ private:
     QVector<QWidget*> m_widgets;
     QVector<qint32> m_roles;         // parallel to m_widgets
     QVector<IMainWindow*> m_windows; // the same; null for other roles
+    QString m_sStatusText;           // the last one that was set
 };

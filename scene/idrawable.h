@@ -71,6 +71,8 @@ public:
     /** Box of what was built; minimum above maximum while there is nothing. */
     virtual DVector3D boundsMinimum() const = 0;
     virtual DVector3D boundsMaximum() const = 0;
+    /** How far what is drawn reaches out of that box, as arrows do [units of the box]. */
+    virtual double reachOutOfBounds() const { return 0.0; }
 
     // What has to be built anew.
     virtual void invalidateGeometry() = 0;

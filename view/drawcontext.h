@@ -12,6 +12,7 @@ struct SDrawContext
 {
     STransform view;         ///< with the display transform that is being drawn
     QMatrix3x3 normal;       ///< of it
+    bool bMarks = true;      ///< selection and highlight are shown
     float fLineScale = 1.0F; ///< of lines and points: the scale of a capture, doubled for selected lines
     CColormapTexture* pColormap = nullptr;
     QOpenGLContext* pOpenGL = nullptr; ///< the one that is drawn in

@@ -4,8 +4,22 @@
 #include "scene/idrawable.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
+#include "view/pick/seencopies.h"
 
-CFrameScene::CFrameScene(qint64 nViewId, const DMatrix4x4& view, bool bSilhouette)
+namespace {
+
+/** Calls visit(corners) for the box of what is drawn, in each copy; whether one returned true. */
+template <class Visit> bool AnyDrawnBox(const IDrawable& drawable, const DMatrix4x4& view, const Visit& visit)
+{
+    const double dReach = drawable.reachOutOfBounds();
+    return HasBox(drawable) && AnyCopy(drawable, view, [&](const DMatrix4x4& toView) {
+               return visit(CornersOf(drawable, toView, dReach));
+           });
+}
+
+} // namespace
+
+CFrameScene::CFrameScene(qint64 nViewId, const DMatrix4x4& view, FrameMarks_e eMarks) : m_eMarks(eMarks)
 {
     const CSimulationManager& manager = CSimulationManager::Instance();
     for (const qint64 nSimulationId : manager.GetSimulationIds(nViewId)) {
@@ -16,25 +30,27 @@ CFrameScene::CFrameScene(qint64 nViewId, const DMatrix4x4& view, bool bSilhouett
             scene.views.append(STransform(transform.IsIdentity() ? view : view * transform.Matrix()));
         for (IDrawable* const pDrawable : CDrawableManager::Instance().GetDrawables(nViewId, nSimulationId))
             if (pDrawable->isVisible())
-                Sort(pDrawable, bSilhouette, scene);
+                Sort(pDrawable, scene);
     }
 }
 
-void CFrameScene::Sort(IDrawable* pDrawable, bool bSilhouette, SCaseScene& scene) const
+void CFrameScene::Sort(IDrawable* pDrawable, SCaseScene& scene)
 {
     scene.visible.push_back(pDrawable);
+    m_dThickestLine = std::max(m_dThickestLine, pDrawable->lineThickness());
     const int nProgram = pDrawable->shaderKey() - 1;
     const DisplayType_e eType = pDrawable->displayType();
-    const bool bHighlighted = pDrawable->isHighlighted(true);
-    const bool bSelected = !bHighlighted && pDrawable->isSelected(true);
+    const bool bHighlighted = m_eMarks != MarksHidden && pDrawable->isHighlighted(true);
+    const bool bSelected = m_eMarks != MarksHidden && !bHighlighted && pDrawable->isSelected(true);
     if (bSelected)
         scene.marked[nProgram][PassSelected].push_back(pDrawable);
     if (bHighlighted)
         scene.marked[nProgram][PassHighlighted].push_back(pDrawable);
     const bool bShaded = eType == DisplayShaded || eType == DisplayShadedWireframe;
-    if ((bSelected || bHighlighted) && !bShaded && !bSilhouette)
+    if ((bSelected || bHighlighted) && !bShaded && m_eMarks == MarksInFront)
         return; // a line that is drawn in front needn't be drawn behind too
     const bool bOpaque = pDrawable->alphaValue() == 1.0; // NaN isn't
+    m_bTransparent |= !bOpaque;
     scene.buckets[nProgram][bOpaque ? 0 : 1][eType].push_back(pDrawable);
 }
 
@@ -63,14 +79,17 @@ QPointF CFrameScene::DepthRange() const
 {
     double dLeast = std::numeric_limits<double>::max();
     double dGreatest = std::numeric_limits<double>::lowest();
+    const auto widen = [&](const BoxCorners& corners) {
+        for (const DVector3D& corner : corners) {
+            dLeast = std::min(dLeast, corner.z);
+            dGreatest = std::max(dGreatest, corner.z);
+        }
+        return false;
+    };
     for (const SCaseScene& scene : m_cases)
         for (const STransform& view : scene.views)
             for (const IDrawable* const pDrawable : scene.visible)
-                if (const auto corners = BoxCorners(*pDrawable, view.Matrix()))
-                    for (const DVector3D& corner : *corners) {
-                        dLeast = std::min(dLeast, corner.z);
-                        dGreatest = std::max(dGreatest, corner.z);
-                    }
+                AnyDrawnBox(*pDrawable, view.Matrix(), widen);
     return {dLeast, dGreatest};
 }
 
@@ -81,17 +100,16 @@ void CFrameScene::Move(const DVector3D& offset)
             view = STransform(DMatrix4x4::Translation(offset) * view.Matrix());
 }
 
-std::optional<std::array<DVector3D, 8>> BoxCorners(const IDrawable& drawable, const DMatrix4x4& view)
+bool HasBox(const IDrawable& drawable) { return drawable.boundsMinimum().x <= drawable.boundsMaximum().x; }
+
+BoxCorners CornersOf(const IDrawable& drawable, const DMatrix4x4& toView, double dReach)
 {
-    const DVector3D minimum = drawable.boundsMinimum();
-    const DVector3D maximum = drawable.boundsMaximum();
-    if (minimum.x > maximum.x)
-        return {};
-    const QMatrix4x4 model = drawable.modelMatrix();
-    const DMatrix4x4 product = model.isIdentity() ? view : view * DMatrix4x4::FromFloat(model);
-    std::array<DVector3D, 8> corners;
+    const DVector3D reach{dReach, dReach, dReach};
+    const DVector3D minimum = drawable.boundsMinimum() - reach;
+    const DVector3D maximum = drawable.boundsMaximum() + reach;
+    BoxCorners corners;
     for (int n = 0; n < 8; ++n)
-        corners[n] = product.MapPoint(
+        corners[n] = toView.MapPoint(
             {n & 1 ? maximum.x : minimum.x, n & 2 ? maximum.y : minimum.y, n & 4 ? maximum.z : minimum.z});
     return corners;
 }
@@ -99,14 +117,13 @@ std::optional<std::array<DVector3D, 8>> BoxCorners(const IDrawable& drawable, co
 bool IsInRectangle(const IDrawable& drawable, const DMatrix4x4& view, double dLeft, double dRight,
                    double dTop, double dBottom)
 {
-    const auto corners = BoxCorners(drawable, view);
-    if (!corners)
-        return true;
-    const auto allAre = [&](auto isBeyond) {
-        return std::all_of(corners->begin(), corners->end(), isBeyond);
-    };
-    return !(allAre([=](const DVector3D& c) { return c.x < dLeft; }) ||
-             allAre([=](const DVector3D& c) { return c.x > dRight; }) ||
-             allAre([=](const DVector3D& c) { return c.y > dTop; }) ||
-             allAre([=](const DVector3D& c) { return c.y < dBottom; }));
+    return !HasBox(drawable) || AnyDrawnBox(drawable, view, [&](const BoxCorners& corners) {
+        const auto allAre = [&](auto isBeyond) {
+            return std::all_of(corners.begin(), corners.end(), isBeyond);
+        };
+        return !(allAre([=](const DVector3D& c) { return c.x < dLeft; }) ||
+                 allAre([=](const DVector3D& c) { return c.x > dRight; }) ||
+                 allAre([=](const DVector3D& c) { return c.y > dTop; }) ||
+                 allAre([=](const DVector3D& c) { return c.y < dBottom; }));
+    });
 }

@@ -14,6 +14,13 @@ class IDrawable;
 
 enum FramePass_e { PassAll, PassSelected, PassHighlighted, PASS_COUNT };
 
+/** How a frame shows what is selected and highlighted. */
+enum FrameMarks_e {
+    MarksHidden,  ///< not at all: a picture for others
+    MarksInFront, ///< by its lines in front of all
+    MarksOutlined ///< by a line round it
+};
+
 /** The drawables of one case, sorted by when they are drawn. */
 struct SCaseScene
 {
@@ -40,8 +47,9 @@ struct SCaseScene
 class CFrameScene
 {
 public:
-    /** @param bSilhouette  selection is shown by the silhouette: nothing is left out of the first pass */
-    CFrameScene(qint64 nViewId, const DMatrix4x4& view, bool bSilhouette);
+    CFrameScene(qint64 nViewId, const DMatrix4x4& view, FrameMarks_e eMarks);
+
+    FrameMarks_e Marks() const { return m_eMarks; }
 
     const std::vector<SCaseScene>& Cases() const { return m_cases; }
     bool IsEmpty() const;
@@ -49,18 +57,24 @@ public:
     bool HasMarked(int nKey) const;
     /** Something is shaded. */
     bool HasFilled() const;
+    bool HasTransparent() const { return m_bTransparent; }
+    /** Of the lines of what is shown [pixels]. */
+    double ThickestLine() const { return m_dThickestLine; }
 
     /**
-     * Least and greatest z of all boxes in view coordinates; x > y without any. Positive z is towards the
-     * eye.
+     * Least and greatest z of all that is drawn, in view coordinates; x > y without any. Positive z is
+     * towards the eye.
      */
     QPointF DepthRange() const;
     /** Moves all of it in view coordinates. */
     void Move(const DVector3D& offset);
 
 private:
-    void Sort(IDrawable* pDrawable, bool bSilhouette, SCaseScene& scene) const;
+    void Sort(IDrawable* pDrawable, SCaseScene& scene);
 
+    const FrameMarks_e m_eMarks;
+    bool m_bTransparent = false;
+    double m_dThickestLine = 0.0;
     std::vector<SCaseScene> m_cases;
 };
 
@@ -68,5 +82,14 @@ private:
 bool IsInRectangle(const IDrawable& drawable, const DMatrix4x4& view, double dLeft, double dRight,
                    double dTop, double dBottom);
 
-/** The eight corners of its box in the coordinates of the matrix; nothing while the box isn't known. */
-std::optional<std::array<DVector3D, 8>> BoxCorners(const IDrawable& drawable, const DMatrix4x4& view);
+/** The box of what was built is known. */
+bool HasBox(const IDrawable& drawable);
+
+using BoxCorners = std::array<DVector3D, 8>;
+
+/**
+ * The corners of its box, which is known, in the coordinates of the matrix.
+ *
+ * @param dReach  by which the box is larger on each side [units of the box]
+ */
+BoxCorners CornersOf(const IDrawable& drawable, const DMatrix4x4& toView, double dReach = 0.0);

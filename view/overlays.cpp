@@ -1,5 +1,6 @@
 #include "view/overlays.h"
 
+#include "view/annotations/canvas.h"
 #include "view/scalebar.h"
 
 #include <QPainter>
@@ -32,21 +33,23 @@ void SetUp(QPainter& painter, const QColor& color, double dScale)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(color, dScale));
     painter.setBrush(color);
-    QFont font = painter.font();
-    font.setPointSizeF(font.pointSizeF() * dScale);
-    painter.setFont(font);
+    painter.setFont(Scaled(OverlayFont(), dScale));
 }
 
 } // namespace
+
+QPointF Overlays::AxesOrigin(const QSize& size, double dScale)
+{
+    const double dCorner = AxisLength(size) + 10.0 * dScale;
+    return {dCorner, size.height() - dCorner};
+}
 
 void Overlays::PaintAxes(QPainter& painter, const QSize& size, const QMatrix4x4& view, const QColor& color,
                          double dScale)
 {
     painter.save();
     SetUp(painter, color, dScale);
-    const double dLength = AxisLength(size);
-    const double dCorner = dLength + 10.0 * dScale;
-    PaintTriad(painter, {dCorner, size.height() - dCorner}, dLength, view, dScale);
+    PaintTriad(painter, AxesOrigin(size, dScale), AxisLength(size), view, dScale);
     painter.restore();
 }
 
@@ -67,6 +70,7 @@ void Overlays::PaintScaleBar(QPainter& painter, const SScaleBar& bar, const QCol
         return;
     painter.save();
     painter.scale(dScale, dScale);
+    painter.setFont(OverlayFont());
     painter.setPen(QPen(color, 1.0));
     painter.drawLine(QPointF(bar.marks.first().dX, bar.dY), QPointF(bar.marks.last().dX, bar.dY));
     for (const SScaleBar::SMark& mark : bar.marks) {

@@ -13,7 +13,10 @@ struct SScaleBar;
  * capture. */
 namespace Overlays {
 
-/** The directions of the axes at the lower left. */
+/** Where the axes at the lower left start. */
+QPointF AxesOrigin(const QSize& size, double dScale);
+
+/** The directions of the axes there. */
 void PaintAxes(QPainter& painter, const QSize& size, const QMatrix4x4& view, const QColor& color,
                double dScale);
 

@@ -6,6 +6,7 @@
 #include "simulation/simulationmanager.h"
 #include "view/abandonednames.h"
 #include "view/drawcontext.h"
+#include "view/pick/seencopies.h"
 #include "view/shadermanager.h"
 #include "view/surfacearrays.h"
 #include "view/surfaceshaderprogram.h"
@@ -68,6 +69,18 @@ void ChooseLineSmoothing(const CFrameScene& scene)
         Gl().glDisable(GL_LINE_SMOOTH);
 }
 
+void SetBlending()
+{
+    Gl().glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+}
+
+/** What is filled stands behind the lines that lie in it: by its slope over half their width, and a step. */
+void SetFillOffset(const CFrameScene& scene, float fScale)
+{
+    Gl().glEnable(GL_POLYGON_OFFSET_FILL);
+    Gl().glPolygonOffset(1.0F + 0.5F * float(scene.ThickestLine()) * fScale, 1.0F);
+}
+
 } // namespace
 
 CSceneRenderer::CSceneRenderer() = default;
@@ -85,6 +98,7 @@ void CSceneRenderer::Initialize()
 void CSceneRenderer::Release()
 {
     m_pMask.reset();
+    m_layers.Release();
     m_colormap.Delete();
 }
 
@@ -103,20 +117,24 @@ void CSceneRenderer::UploadDrawables(const CFrameScene& scene)
             pDrawable->upload();
 }
 
-void CSceneRenderer::Build(qint64 nViewId) { BuildDrawables(CFrameScene(nViewId, {}, false)); }
+void CSceneRenderer::Build(qint64 nViewId) { BuildDrawables(CFrameScene(nViewId, {}, MarksHidden)); }
 
 void CSceneRenderer::Render(SFrameSettings frame)
 {
     AbandonedNames::Delete();
     CShaderManager::Instance().PushGlobalUniforms();
-    const bool bSilhouette = CPreferences::Instance().Draw().bHighlightOutline;
-    CFrameScene scene(frame.nViewId, frame.view, bSilhouette);
+    const bool bOutline = CPreferences::Instance().Draw().bHighlightOutline;
+    CFrameScene scene(frame.nViewId, frame.view,
+                      !frame.bMarks ? MarksHidden
+                      : bOutline    ? MarksOutlined
+                                    : MarksInFront);
     Gl().glClear(GL_DEPTH_BUFFER_BIT);
     Gl().glEnable(GL_DEPTH_TEST);
     Gl().glEnable(GL_BLEND);
     glEnable(GL_MULTISAMPLE); // a painter without antialiasing has switched it off
     ChooseLineSmoothing(scene);
-    Gl().glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+    SetBlending();
+    SetFillOffset(scene, frame.fScale);
     DrawContext().pColormap = &m_colormap;
     DrawContext().pOpenGL = QOpenGLContext::currentContext();
     if (frame.bCheckDrawables) {
@@ -124,38 +142,29 @@ void CSceneRenderer::Render(SFrameSettings frame)
         UploadDrawables(scene);
     }
     DrawContext().fLineScale = frame.fScale;
+    DrawContext().bMarks = frame.bMarks;
     glPointSize(CPreferences::Instance().Draw().fPointSize * frame.fScale);
     const QMatrix4x4 projection = MoveToMiddle(scene, frame);
-    if (frame.bBoundingBoxes) {
+    if (frame.bBoundingBoxes)
         DrawBoundingBoxes(scene, projection);
-        return;
-    }
-    DrawProgram(CShaderManager::SURFACE, frame, scene, projection);
-    if (frame.measureLine.size() == 2)
-        DrawMeasureLine(frame, projection);
-    DrawProgram(CShaderManager::VECTOR, frame, scene, projection);
-    if (bSilhouette)
-        DrawSilhouette(frame, scene, projection);
+    else
+        DrawItems(frame, scene, projection);
+    Gl().glDisable(GL_POLYGON_OFFSET_FILL);
+    Gl().glDisable(GL_DEPTH_TEST); // what is painted over the scene has no depth
 }
 
-void CSceneRenderer::DrawProgram(int nKey, const SFrameSettings& frame, const CFrameScene& scene,
-                                 const QMatrix4x4& projection)
+void CSceneRenderer::DrawItems(const SFrameSettings& frame, const CFrameScene& scene,
+                               const QMatrix4x4& projection)
 {
-    CSurfaceShaderProgram* const pProgram = CShaderManager::Instance().GetSurfaceProgram(nKey);
-    if (!pProgram || !pProgram->bind())
-        return;
-    m_colormap.Bind();
-    const bool bSilhouette = CPreferences::Instance().Draw().bHighlightOutline;
-    pProgram->Set(UniformProjectionMatrix, projection);
-    pProgram->Set(UniformOutlineSelectMode, bSilhouette ? 1.0F : 0.0F);
-    Gl().glEnable(GL_DEPTH_TEST);
-    DrawPass(nKey, scene, frame, PassAll);
-    if (!bSilhouette) {
-        Gl().glDisable(GL_DEPTH_TEST);
-        DrawPass(nKey, scene, frame, PassSelected);
-        DrawPass(nKey, scene, frame, PassHighlighted);
-    }
-    pProgram->release();
+    DrawShown(frame, scene, projection, true);
+    if (scene.HasTransparent())
+        DrawTransparent(frame, scene, projection);
+    if (scene.Marks() == MarksInFront)
+        DrawMarked(frame, scene, projection);
+    if (frame.measureLine.size() == 2)
+        DrawMeasureLine(frame, projection);
+    if (scene.Marks() == MarksOutlined)
+        DrawSilhouette(frame, scene, projection);
 }
 
 namespace {
@@ -180,18 +189,58 @@ void DrawBucket(const SCaseScene& scene, const SCaseScene::Bucket& bucket, const
 
 } // namespace
 
-void CSceneRenderer::DrawPass(int nKey, const CFrameScene& scene, const SFrameSettings& frame,
-                              FramePass_e ePass)
+template <class Draw>
+void CSceneRenderer::WithPrograms(const SFrameSettings& frame, const CFrameScene& scene,
+                                  const QMatrix4x4& projection, const Draw& draw)
 {
-    if (ePass != PassAll) {
-        for (const SCaseScene& one : scene.Cases())
-            DrawBucket(one, one.Marked(nKey, ePass), frame, true);
-        return;
+    const QVector2D texel(1.0F / float(frame.viewport.width()), 1.0F / float(frame.viewport.height()));
+    for (const int nKey : {CShaderManager::SURFACE, CShaderManager::VECTOR}) {
+        CSurfaceShaderProgram* const pProgram = CShaderManager::Instance().GetSurfaceProgram(nKey);
+        if (!pProgram || !pProgram->bind())
+            continue;
+        m_colormap.Bind();
+        pProgram->Set(UniformProjectionMatrix, projection);
+        pProgram->Set(UniformOutlineSelectMode, scene.Marks() == MarksOutlined ? 1.0F : 0.0F);
+        pProgram->Set(UniformTexelSize, texel);
+        draw(nKey);
+        pProgram->release();
     }
-    for (const bool bOpaque : {true, false})
+}
+
+void CSceneRenderer::DrawShown(const SFrameSettings& frame, const CFrameScene& scene,
+                               const QMatrix4x4& projection, bool bOpaque)
+{
+    Gl().glEnable(GL_DEPTH_TEST);
+    WithPrograms(frame, scene, projection, [&](int nKey) {
         for (const DisplayType_e eType : DRAW_ORDER)
             for (const SCaseScene& one : scene.Cases())
                 DrawBucket(one, one.At(nKey, bOpaque, eType), frame, false);
+    });
+}
+
+void CSceneRenderer::DrawTransparent(const SFrameSettings& frame, const CFrameScene& scene,
+                                     const QMatrix4x4& projection)
+{
+    const auto draw = [&](bool bOpaque) { DrawShown(frame, scene, projection, bOpaque); };
+    if (!m_layers.Draw(
+            frame.viewport, [&] { draw(true); }, [&] { draw(false); })) {
+        Gl().glDepthMask(GL_FALSE); // all is seen, if not each in its place
+        draw(false);
+        Gl().glDepthMask(GL_TRUE);
+    }
+    SetBlending();
+}
+
+/** In front of all, first what is selected, then what is highlighted. */
+void CSceneRenderer::DrawMarked(const SFrameSettings& frame, const CFrameScene& scene,
+                                const QMatrix4x4& projection)
+{
+    Gl().glDisable(GL_DEPTH_TEST);
+    for (const FramePass_e ePass : {PassSelected, PassHighlighted})
+        WithPrograms(frame, scene, projection, [&](int nKey) {
+            for (const SCaseScene& one : scene.Cases())
+                DrawBucket(one, one.Marked(nKey, ePass), frame, true);
+        });
 }
 
 namespace {
@@ -259,22 +308,28 @@ void CSceneRenderer::DrawMeasureLine(const SFrameSettings& frame, const QMatrix4
     glDisable(GL_LINE_STIPPLE);
 }
 
-void CSceneRenderer::DrawBoundingBoxes(const CFrameScene& scene, const QMatrix4x4& projection)
+/** The ends of the twelve edges of a box. */
+static std::vector<DVector3D> EdgesOf(const BoxCorners& corners)
 {
     constexpr int EDGES[12][2] = {{0, 1}, {2, 3}, {4, 5}, {6, 7}, {0, 2}, {1, 3},
                                   {4, 6}, {5, 7}, {0, 4}, {1, 5}, {2, 6}, {3, 7}};
+    std::vector<DVector3D> ends;
+    for (const auto& edge : EDGES)
+        ends.insert(ends.end(), {corners[edge[0]], corners[edge[1]]});
+    return ends;
+}
+
+void CSceneRenderer::DrawBoundingBoxes(const CFrameScene& scene, const QMatrix4x4& projection)
+{
     CPlainLines lines(projection);
     Gl().glEnable(GL_DEPTH_TEST);
     glLineWidth(1.0F);
     for (const SCaseScene& one : scene.Cases())
         for (const STransform& view : one.views)
-            for (const IDrawable* const pDrawable : one.visible) {
-                const auto corners = BoxCorners(*pDrawable, view.Matrix());
-                if (!corners)
-                    continue;
-                std::vector<DVector3D> ends;
-                for (const auto& edge : EDGES)
-                    ends.insert(ends.end(), {(*corners)[edge[0]], (*corners)[edge[1]]});
-                lines.Draw(ends, pDrawable->wireframeColor());
-            }
+            for (const IDrawable* const pDrawable : one.visible)
+                AnyCopy(*pDrawable, view.Matrix(), [&](const DMatrix4x4& toView) {
+                    if (HasBox(*pDrawable))
+                        lines.Draw(EdgesOf(CornersOf(*pDrawable, toView)), pDrawable->wireframeColor());
+                    return false;
+                });
 }

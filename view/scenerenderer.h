@@ -2,6 +2,7 @@
 
 #include "view/colormaptexture.h"
 #include "view/framescene.h"
+#include "view/transparentlayers.h"
 
 #include <QMatrix4x4>
 #include <QRectF>
@@ -20,14 +21,15 @@ struct SFrameSettings
     QSize viewport;                                                ///< [device pixels]
     bool bBoundingBoxes = false;        ///< demoted: the boxes instead of the items
     bool bCheckDrawables = true;        ///< false: only the camera has moved, nothing can need building
+    bool bMarks = true;                 ///< selection and highlight are shown
     float fScale = 1.0F;                ///< of lines, points and the silhouette
     std::vector<DVector3D> measureLine; ///< the two ends of the measured line, of the world; or nothing
 };
 
 /**
  * Draws the cases of a view into the framebuffer that is bound, over what is there: first what has to be
- * built is built, then follow the passes of the surface and the vector program, then the silhouette of what
- * is selected. One for each view, used with the view's context current.
+ * built is built, then follow what is opaque, what is transparent, and the lines of what is selected or its
+ * silhouette. One for each view, used with the view's context current, which is left without depth test.
  */
 class CSceneRenderer
 {
@@ -46,9 +48,15 @@ public:
 private:
     static void BuildDrawables(const CFrameScene& scene);
     static void UploadDrawables(const CFrameScene& scene);
-    void DrawProgram(int nKey, const SFrameSettings& frame, const CFrameScene& scene,
-                     const QMatrix4x4& projection);
-    void DrawPass(int nKey, const CFrameScene& scene, const SFrameSettings& frame, FramePass_e ePass);
+    void DrawItems(const SFrameSettings& frame, const CFrameScene& scene, const QMatrix4x4& projection);
+    /** Calls draw(key) with each program bound and set up. */
+    template <class Draw>
+    void WithPrograms(const SFrameSettings& frame, const CFrameScene& scene, const QMatrix4x4& projection,
+                      const Draw& draw);
+    void DrawShown(const SFrameSettings& frame, const CFrameScene& scene, const QMatrix4x4& projection,
+                   bool bOpaque);
+    void DrawTransparent(const SFrameSettings& frame, const CFrameScene& scene, const QMatrix4x4& projection);
+    void DrawMarked(const SFrameSettings& frame, const CFrameScene& scene, const QMatrix4x4& projection);
     void DrawMeasureLine(const SFrameSettings& frame, const QMatrix4x4& projection);
     void DrawBoundingBoxes(const CFrameScene& scene, const QMatrix4x4& projection);
     // scenerenderer_silhouette.cpp
@@ -56,5 +64,6 @@ private:
     bool DrawMask(const SFrameSettings& frame, const CFrameScene& scene, const QMatrix4x4& projection);
 
     CColormapTexture m_colormap;
+    CTransparentLayers m_layers;
     std::unique_ptr<QOpenGLFramebufferObject> m_pMask;
 };

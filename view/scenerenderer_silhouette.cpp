@@ -3,8 +3,8 @@
 #include "scene/idrawable.h"
 #include "view/drawcontext.h"
 #include "view/scenerenderer.h"
+#include "view/screenshaderprogram.h"
 #include "view/shadermanager.h"
-#include "view/silhouetteshaderprogram.h"
 #include "view/surfaceshaderprogram.h"
 
 #include <QOpenGLContext>
@@ -76,8 +76,6 @@ void CSceneRenderer::DrawSilhouette(const SFrameSettings& frame, const CFrameSce
     Gl().glEnable(GL_BLEND);
     if (!bDrawn || !pProgram->bind())
         return;
-    constexpr float POSITIONS[] = {-1, -1, 1, -1, -1, 1, 1, 1};
-    constexpr float TEXTURE[] = {0, 0, 1, 0, 0, 1, 1, 1};
     const SDrawPreferences& draw = CPreferences::Instance().Draw();
     Gl().glActiveTexture(GL_TEXTURE0);
     Gl().glBindTexture(GL_TEXTURE_2D, m_pMask->texture());
@@ -86,13 +84,7 @@ void CSceneRenderer::DrawSilhouette(const SFrameSettings& frame, const CFrameSce
     pProgram->Set(SilhouetteThickness, THICKNESS * frame.fScale);
     pProgram->Set(SilhouetteHighlightColor, draw.highlightColor);
     pProgram->Set(SilhouetteSelectColor, draw.selectColor);
-    for (const int nAttribute : {CSilhouetteShaderProgram::POSITION, CSilhouetteShaderProgram::TEXTURE})
-        pProgram->enableAttributeArray(nAttribute);
-    pProgram->setAttributeArray(CSilhouetteShaderProgram::POSITION, POSITIONS, 2);
-    pProgram->setAttributeArray(CSilhouetteShaderProgram::TEXTURE, TEXTURE, 2);
-    Gl().glDrawArrays(GL_TRIANGLE_STRIP, 0, 4);
-    for (const int nAttribute : {CSilhouetteShaderProgram::POSITION, CSilhouetteShaderProgram::TEXTURE})
-        pProgram->disableAttributeArray(nAttribute);
+    pProgram->DrawOverAll();
     Gl().glBindTexture(GL_TEXTURE_2D, 0);
     pProgram->release();
 }

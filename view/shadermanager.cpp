@@ -1,7 +1,6 @@
 #include "view/shadermanager.h"
 
-#include "view/silhouetteshaderprogram.h"
-#include "view/surfaceshaderprogram.h"
+#include "view/screenshaderprogram.h"
 
 CShaderManager& CShaderManager::Instance()
 {
@@ -14,35 +13,50 @@ CShaderManager::~CShaderManager() = default;
 
 void CShaderManager::CreatePrograms()
 {
-    if (m_pSurface)
+    if (m_pSilhouette)
         return;
-    m_pVector = std::make_unique<CVectorShaderProgram>();
-    m_pSurface = std::make_unique<CSurfaceShaderProgram>();
+    for (const ProgramVariant_e eVariant : {VariantPlain, VariantPeeling}) {
+        m_programs[eVariant][VECTOR - 1] = std::make_unique<CVectorShaderProgram>(eVariant);
+        m_programs[eVariant][SURFACE - 1] = std::make_unique<CSurfaceShaderProgram>(eVariant);
+    }
     m_pSilhouette = std::make_unique<CSilhouetteShaderProgram>();
+    m_pLayer = std::make_unique<CLayerShaderProgram>();
 }
 
 void CShaderManager::DeletePrograms()
 {
-    m_pVector.reset();
-    m_pSurface.reset();
+    m_programs = {};
     m_pSilhouette.reset();
+    m_pLayer.reset();
 }
 
-bool CShaderManager::LinkAll()
+bool CShaderManager::LinkAll() { return UseVariant(VariantPlain) && m_pSilhouette->Link(); }
+
+bool CShaderManager::UseVariant(ProgramVariant_e eVariant)
 {
-    return m_pSurface && m_pVector->Link() && m_pSurface->Link() && m_pSilhouette->Link();
+    for (const auto& pProgram : m_programs[eVariant])
+        if (!pProgram || !pProgram->Link())
+            return false;
+    m_eVariant = eVariant;
+    return true;
 }
 
 void CShaderManager::PushGlobalUniforms()
 {
     if (!std::exchange(m_bGlobalsStale, false))
         return;
-    for (const int nKey : {SURFACE, VECTOR})
-        if (CSurfaceShaderProgram* const pProgram = GetSurfaceProgram(nKey); pProgram && pProgram->isLinked())
-            pProgram->SetGlobalUniforms();
+    for (const auto& programs : m_programs)
+        for (const auto& pProgram : programs)
+            if (pProgram && pProgram->isLinked())
+                pProgram->SetGlobalUniforms();
 }
 
 CSurfaceShaderProgram* CShaderManager::GetSurfaceProgram(int nKey) const
 {
-    return nKey == SURFACE ? m_pSurface.get() : nKey == VECTOR ? m_pVector.get() : nullptr;
+    return nKey == SURFACE || nKey == VECTOR ? m_programs[m_eVariant][nKey - 1].get() : nullptr;
+}
+
+CLayerShaderProgram* CShaderManager::GetLayerProgram() const
+{
+    return m_pLayer && m_pLayer->Link() ? m_pLayer.get() : nullptr;
 }

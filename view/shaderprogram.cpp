@@ -2,13 +2,23 @@
 
 #include "frame/messagesink.h"
 
+#include <QFile>
+
 CShaderProgram::CShaderProgram(const QString& sVertex, const QString& sGeometry, const QString& sFragment)
     : m_sVertex(sVertex), m_sGeometry(sGeometry), m_sFragment(sFragment)
 {}
 
 bool CShaderProgram::AddStage(QOpenGLShader::ShaderTypeBit eType, const QString& sResource)
 {
-    return sResource.isEmpty() || addShaderFromSourceFile(eType, sResource);
+    if (sResource.isEmpty())
+        return true;
+    QFile file(sResource);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    QByteArray text = file.readAll();
+    if (!m_sDefine.isEmpty()) // behind the line of the version, which must be the first
+        text.insert(text.indexOf('\n') + 1, "#define " + m_sDefine + '\n');
+    return addShaderFromSourceCode(eType, text);
 }
 
 bool CShaderProgram::Link()

@@ -13,6 +13,8 @@ class CShaderProgram : public QOpenGLShaderProgram
 public:
     /** An empty name means that there is no such stage. */
     CShaderProgram(const QString& sVertex, const QString& sGeometry, const QString& sFragment);
+    /** A variant: the name is defined in all stages. @param sDefine  empty: none */
+    void SetDefine(const QByteArray& sDefine) { m_sDefine = sDefine; }
 
     /** Compiles and links; true if it is linked already. The message sink says what is wrong. */
     bool Link();
@@ -29,4 +31,5 @@ private:
     const QString m_sVertex;
     const QString m_sGeometry;
     const QString m_sFragment;
+    QByteArray m_sDefine;
 };

@@ -29,6 +29,11 @@ QString Measured(const char* sFormat, const DVector3D& from, const DVector3D& to
 
 } // namespace
 
+QString StatusText::OfItem(const QString& sKind, const QString& sName)
+{
+    return sKind.isEmpty() || sName.startsWith(sKind) ? sName : QString("%1: %2").arg(sKind, sName);
+}
+
 QString StatusText::OfPoint(const QString& sName, const SPickedPoint& point)
 {
     if (!point.bHasPoint)

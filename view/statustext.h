@@ -6,6 +6,13 @@
 namespace StatusText {
 
 /**
+ * For an item under the pointer: what it is and its name.
+ *
+ * @param sKind  "Block"; left out where the name begins with it
+ */
+QString OfItem(const QString& sKind, const QString& sName);
+
+/**
  * For the status bar: name, indices, place with 15 digits, variable and value with 10. What isn't known is
  * left out.
  *

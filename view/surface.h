@@ -31,6 +31,7 @@ public:
 
     bool needsBuild() const override;
     void build() override;
+    double reachOutOfBounds() const override;
     void deleteDisplayLists() override { m_lists.ForgetAll(); }
     void upload() override;
     void draw(bool bOverlay) override;
@@ -98,6 +99,11 @@ private:
     void ForgetPickTree();
     void FillPickTree(CGLTree& tree) const;
     bool IsHole(qint64 nElement) const;
+    /** Elements that aren't shown; empty: all are. */
+    std::span<const char> ShownHoles() const
+    {
+        return showHoles() ? std::span<const char>(m_holes) : std::span<const char>();
+    }
 
     // surface_draw.cpp
     /** Something needs normals. They follow from the positions, so they are made to be uploaded, not kept. */
@@ -117,7 +123,7 @@ private:
     VectorArrays::SArrows Arrows() const;
     void DrawPart(SurfacePart_e ePart);
     void DrawElements(SurfacePart_e ePart);
-    void DrawLines(CSurfaceShaderProgram& program, SurfacePart_e ePart);
+    void DrawLines(CSurfaceShaderProgram& program, SurfacePart_e ePart, bool bOverlay);
     // surface_lists.cpp
     void ChooseForm();
     void ForgetStaleLists();
@@ -133,6 +139,7 @@ private:
     std::vector<float> m_thresholds; // three an element
     std::vector<char> m_holes;       // empty without blanking
     std::vector<DVector3D> m_vectors;
+    double m_dLongestVector = 0.0;
     SurfaceArrays::SContours m_contours;
     bool m_bThresholdThere = false;
     bool m_bMaskThere = false;

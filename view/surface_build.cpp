@@ -160,6 +160,7 @@ void CSurface::BuildVectors()
     m_vectors.assign(m_size.Count(), {});
     if (m_size.Count() == 0 || !ReadVectors(vectorVariable(), m_vectors))
         m_vectors.clear();
+    m_dLongestVector = VectorArrays::LongestVector(m_vectors, ShownHoles());
 }
 
 void CSurface::BuildContourLines()
@@ -170,8 +171,7 @@ void CSurface::BuildContourLines()
     if (m_values.empty())
         return;
     const QPointF range = colormapRange();
-    const std::span<const char> holes =
-        showHoles() ? std::span<const char>(m_holes) : std::span<const char>();
-    m_contours = SurfaceArrays::BuildContours({m_size, m_positions, m_origin, m_values, holes, m_thresholds},
-                                              contourCount(), range.x(), range.y());
+    m_contours =
+        SurfaceArrays::BuildContours({m_size, m_positions, m_origin, m_values, ShownHoles(), m_thresholds},
+                                     contourCount(), range.x(), range.y());
 }

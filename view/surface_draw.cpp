@@ -12,6 +12,7 @@ namespace {
 
 constexpr float HEAD_FACTOR = 0.25F; // of the scales that the user sets
 constexpr float BODY_FACTOR = 0.001F;
+constexpr float OVER_FILL = 0.45F; // brightness of lines over a fill in the colours of a scalar
 
 template <class Draw> void DrawModel(CRawModel& model, const Draw& draw)
 {
@@ -88,8 +89,18 @@ VectorArrays::SArrows CSurface::Arrows() const
     if (m_vectors.empty())
         return {};
     const std::vector<float> normals = MakeNormals();
-    return VectorArrays::Build({m_size, m_positions, m_origin, normals, m_values, m_thresholds, m_vectors,
-                                showHoles() ? std::span<const char>(m_holes) : std::span<const char>()});
+    return VectorArrays::Build(
+        {m_size, m_positions, m_origin, normals, m_values, m_thresholds, m_vectors, ShownHoles()});
+}
+
+double CSurface::reachOutOfBounds() const
+{
+    if (!drawVectors())
+        return 0.0;
+    // The head may reach back beyond the foot; its corners lie within 1.2 of its length from the tip.
+    constexpr double HEAD_REACH = 1.2;
+    return m_dLongestVector * std::abs(vectorBodyScale()) * BODY_FACTOR *
+           (1.0 + HEAD_REACH * std::abs(vectorHeadScale()) * HEAD_FACTOR);
 }
 
 void CSurface::UploadVectors()
@@ -122,7 +133,8 @@ void CSurface::UploadContours()
 
 void CSurface::SetUniforms(CSurfaceShaderProgram& program) const
 {
-    const bool bSelected = isSelected(true), bHighlighted = isHighlighted(true);
+    const bool bMarks = DrawContext().bMarks;
+    const bool bSelected = bMarks && isSelected(true), bHighlighted = bMarks && isHighlighted(true);
     program.Set(UniformSelected, bSelected ? 1.0F : 0.0F);
     program.Set(UniformHighlighted, bHighlighted ? 1.0F : 0.0F);
     program.Set(UniformIsPreview, isPreview() ? 1.0F : 0.0F);
@@ -183,22 +195,27 @@ void CSurface::DrawWith(CSurfaceShaderProgram& program, const QMatrix4x4& model,
 {
     SetMatrices(program, model);
     if (drawNodes() || nodeVisible())
-        DrawLines(program, NodesPart);
-    if (drawOutlines())
-        DrawLines(program, OutlinesPart);
-    else if (drawWireframe() || (bOverlay && drawShaded()))
-        DrawLines(program, WireframePart);
+        DrawLines(program, NodesPart, bOverlay);
+    // What is filled is marked by its edge, as long as it shows no other lines.
+    if (drawOutlines() || (bOverlay && drawShaded() && !drawWireframe()))
+        DrawLines(program, OutlinesPart, bOverlay);
+    else if (drawWireframe())
+        DrawLines(program, WireframePart, bOverlay);
     if (drawShaded() && !bOverlay)
         DrawShaded(program);
     if (drawVectors())
-        DrawLines(program, VectorsPart);
+        DrawLines(program, VectorsPart, bOverlay);
     if (drawContours())
-        DrawLines(program, ContoursPart);
+        DrawLines(program, ContoursPart, bOverlay);
 }
 
-void CSurface::DrawLines(CSurfaceShaderProgram& program, SurfacePart_e ePart)
+void CSurface::DrawLines(CSurfaceShaderProgram& program, SurfacePart_e ePart, bool bOverlay)
 {
-    program.Set(UniformEnableLight, 0.0F);
+    // Over its own fill a line is seen by the fill's colour, darker.
+    const bool bOverFill = drawShaded() && usesColormap() && !bOverlay;
+    const bool bHasNormals = ePart < ContoursPart;
+    program.Set(UniformBrightness, bOverFill ? OVER_FILL : 1.0F);
+    program.Set(UniformEnableLight, bOverFill && bHasNormals ? 1.0F : 0.0F);
     program.Set(UniformConstColor, wireframeColor());
     program.Set(UniformUseOutlineColor, CPreferences::Instance().Draw().bUseOutlineColor ? 1.0F : 0.0F);
     DrawPart(ePart);
@@ -210,6 +227,7 @@ void CSurface::DrawShaded(CSurfaceShaderProgram& program)
     program.Set(UniformHighlighted, 0.0F);
     program.Set(UniformAlphaValue, float(alphaValue()));
     program.Set(UniformConstColor, shadeColor());
+    program.Set(UniformBrightness, 1.0F);
     program.Set(UniformEnableLight, 1.0F);
     // A triangle in a corner has only edge vertices, and would be filled with the colour of the outline.
     program.Set(UniformUseOutlineColor, 0.0F);

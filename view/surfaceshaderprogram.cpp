@@ -17,19 +17,25 @@ constexpr const char* UNIFORM_NAMES[SURFACE_UNIFORM_COUNT] = {
     "u_useOutlineColor",   "u_maskMode",         "u_maskColor",
     "u_outlineSelectMode", "u_colormapTexture",  "u_vecPlane",
     "u_vecHeadScale",      "u_vecBodyScale",     "u_vecSkip",
+    "u_brightness",        "u_peeledDepth",      "u_texelSize",
 };
 
 const QColor NAN_COLOR(255, 102, 178, 255);
 
 } // namespace
 
-CSurfaceShaderProgram::CSurfaceShaderProgram()
-    : CSurfaceShaderProgram(":/shaders/surfaceVertexShader.glsl", ":/shaders/surfaceFragmentShader.glsl")
+CSurfaceShaderProgram::CSurfaceShaderProgram(ProgramVariant_e eVariant)
+    : CSurfaceShaderProgram(":/shaders/surfaceVertexShader.glsl", ":/shaders/surfaceFragmentShader.glsl",
+                            eVariant)
 {}
 
-CSurfaceShaderProgram::CSurfaceShaderProgram(const QString& sVertex, const QString& sFragment)
+CSurfaceShaderProgram::CSurfaceShaderProgram(const QString& sVertex, const QString& sFragment,
+                                             ProgramVariant_e eVariant)
     : CShaderProgram(sVertex, {}, sFragment)
-{}
+{
+    if (eVariant == VariantPeeling)
+        SetDefine("PEELING");
+}
 
 void CSurfaceShaderProgram::BindAttributes()
 {
@@ -41,6 +47,8 @@ void CSurfaceShaderProgram::ReadUniformLocations()
 {
     m_uniforms.ReadLocations(*this, UNIFORM_NAMES);
     m_uniforms.SetUnit(UniformColormapTexture, 0);
+    m_uniforms.SetUnit(UniformPeeledDepth, PEELED_DEPTH_UNIT);
+    Set(UniformBrightness, 1.0F);
     for (const SurfaceUniform_e eUniform : {UniformMaskMode, UniformOutlineSelectMode, UniformIsPreview,
                                             UniformHighlightOutlineOnly, UniformEnableLight})
         Set(eUniform, 0.0F);
@@ -60,6 +68,7 @@ void CSurfaceShaderProgram::SetGlobalUniforms()
     Set(UniformUseOutlineColor, draw.bUseOutlineColor ? 1.0F : 0.0F);
 }
 
-CVectorShaderProgram::CVectorShaderProgram()
-    : CSurfaceShaderProgram(":/shaders/vectorVertex120Shader.glsl", ":/shaders/vectorFragment120Shader.glsl")
+CVectorShaderProgram::CVectorShaderProgram(ProgramVariant_e eVariant)
+    : CSurfaceShaderProgram(":/shaders/vectorVertex120Shader.glsl", ":/shaders/vectorFragment120Shader.glsl",
+                            eVariant)
 {}

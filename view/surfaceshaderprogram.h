@@ -44,7 +44,17 @@ enum SurfaceUniform_e : int {
     UniformVecHeadScale,
     UniformVecBodyScale,
     UniformVecSkip,
+    UniformBrightness,
+    UniformPeeledDepth,
+    UniformTexelSize,
     SURFACE_UNIFORM_COUNT
+};
+
+/** What a program draws into. */
+enum ProgramVariant_e {
+    VariantPlain,
+    VariantPeeling, ///< one layer of what is transparent, see CTransparentLayers
+    VARIANT_COUNT
 };
 
 /** Draws surfaces and lines. Values are set through the cache while the program is bound. */
@@ -53,7 +63,9 @@ class CSurfaceShaderProgram : public CShaderProgram
     Q_OBJECT
 
 public:
-    CSurfaceShaderProgram();
+    static constexpr int PEELED_DEPTH_UNIT = 1; ///< of the texture in UniformPeeledDepth
+
+    explicit CSurfaceShaderProgram(ProgramVariant_e eVariant = VariantPlain);
 
     template <class Value> void Set(SurfaceUniform_e eUniform, const Value& value)
     {
@@ -63,7 +75,7 @@ public:
     void SetGlobalUniforms();
 
 protected:
-    CSurfaceShaderProgram(const QString& sVertex, const QString& sFragment);
+    CSurfaceShaderProgram(const QString& sVertex, const QString& sFragment, ProgramVariant_e eVariant);
     void BindAttributes() override;
     void ReadUniformLocations() override;
 
@@ -77,5 +89,5 @@ class CVectorShaderProgram : public CSurfaceShaderProgram
     Q_OBJECT
 
 public:
-    CVectorShaderProgram();
+    explicit CVectorShaderProgram(ProgramVariant_e eVariant = VariantPlain);
 };

@@ -16,6 +16,8 @@ bool HasArrow(const DVector3D& vector)
     return Length(vector) > 0.0;
 }
 
+bool IsHole(std::span<const char> holes, qint64 nElement) { return !holes.empty() && holes[nElement]; }
+
 /** Each element's numbers five times. */
 std::vector<float> Repeated(std::span<const float> numbers, int nComponents)
 {
@@ -62,10 +64,19 @@ VectorArrays::SArrows VectorArrays::Build(const SInput& input)
     arrows.thresholds = Repeated(input.thresholds, 3);
     arrows.ij = Addresses(input.size);
     for (qint64 n = 0; n < input.size.Count(); ++n) {
-        if (!HasArrow(input.vectors[n]) || (!input.holes.empty() && input.holes[n]))
+        if (!HasArrow(input.vectors[n]) || IsHole(input.holes, n))
             continue;
         for (const quint32 nCorner : ARROW_LINES)
             arrows.indices.append(static_cast<quint32>(n) * CORNERS + nCorner);
     }
     return arrows;
+}
+
+double VectorArrays::LongestVector(std::span<const DVector3D> vectors, std::span<const char> holes)
+{
+    double dLongest = 0.0;
+    for (std::size_t n = 0; n < vectors.size(); ++n)
+        if (HasArrow(vectors[n]) && !IsHole(holes, qint64(n)))
+            dLongest = std::max(dLongest, Length(vectors[n]));
+    return dLongest;
 }

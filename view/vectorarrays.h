@@ -33,4 +33,7 @@ struct SArrows
 /** A hole, and a vector of no length or without a value, gets vertices but no indices. */
 SArrows Build(const SInput& input);
 
+/** Length of the longest vector that gets an arrow; 0 without any. @param holes  as of SInput */
+double LongestVector(std::span<const DVector3D> vectors, std::span<const char> holes);
+
 } // namespace VectorArrays

@@ -2,7 +2,7 @@
 
 #include <QPushButton>
 
-/** Shows a colour, and asks for another one when it is pressed. */
+/** Shows a colour, and asks for another one when it is pressed. An invalid one is the automatic colour. */
 class CColorButton : public QPushButton
 {
     Q_OBJECT
@@ -12,6 +12,8 @@ public:
 
     QColor GetColor() const { return m_color; }
     void SetColor(const QColor& color);
+    /** A press gives the choice between the automatic colour and one to ask for. */
+    void OfferAutomatic();
 
 signals:
     /** The user has chosen another colour. */
@@ -23,6 +25,7 @@ protected:
 
 private:
     void Ask();
+    void Choose(const QColor& color);
 
     QColor m_color;
 };

@@ -122,6 +122,19 @@ TEST_F(Icons, EachIsLegibleOnTheBackgroundOfEveryTheme)
     }
 }
 
+TEST_F(Icons, ASplitShowsTheLayoutThatItMakes)
+{
+    // Side by side the halves left and right differ, one above the other those above and below.
+    const auto areMirrored = [](const char* sName, bool bSideways) {
+        const QImage image = Image(ThemeIcon(sName), 24);
+        return image == image.mirrored(bSideways, !bSideways);
+    };
+    EXPECT_FALSE(areMirrored(":/Icons/horizontal.ico", true)); // Qt::Horizontal: beside each other
+    EXPECT_TRUE(areMirrored(":/Icons/horizontal.ico", false));
+    EXPECT_TRUE(areMirrored(":/Icons/vertical.ico", true));
+    EXPECT_FALSE(areMirrored(":/Icons/vertical.ico", false));
+}
+
 TEST_F(Icons, AnIconInUseFollowsTheThemeAndTellsDisabledAndSelected)
 {
     const QIcon icon = ThemeIcon(":/Icons/save.png");

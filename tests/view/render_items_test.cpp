@@ -116,6 +116,93 @@ TEST_F(RenderItems, WhatIsTransparentAndBehindIsNotSeen)
     ExpectColor(0.4, 0.1, Blend(ORANGE, BACKGROUND, 0.5));
 }
 
+TEST_F(RenderItems, TransparentItemsShowEachOtherInAnyOrder)
+{
+    struct SGlass
+    {
+        double dDepth;
+        QColor color;
+    };
+    std::vector<SGlass> glasses = {{1.0, ORANGE}, {2.0, GREEN}, {3.0, Qt::red}};
+    const QColor seen = Blend(Qt::red, Blend(GREEN, Blend(ORANGE, BLUE, 0.5), 0.5), 0.5);
+    int n = 0;
+    do {
+        m_more.clear();
+        for (const SGlass& glass : glasses)
+            AddSquare({0.1 * glass.dDepth, 0, glass.dDepth}, 0.5, glass.color).setAlphaValue(0.5);
+        AddSquare({0, 0, 0}, 0.6, BLUE);
+        AddSquare({0, 0, -1}, 0.9, Qt::white).setAlphaValue(0.5); // hidden where the blue one stands
+        Draw();
+        ExpectColor(0.2, 0.0, seen);
+        ExpectColor(0.65, 0.0, Blend(Qt::red, Blend(GREEN, Blend(Qt::white, BACKGROUND, 0.5), 0.5), 0.5));
+        ExpectColor(-0.35, 0.0, Blend(ORANGE, BLUE, 0.5));
+        ++n;
+    } while (std::next_permutation(glasses.begin(), glasses.end(),
+                                   [](const SGlass& a, const SGlass& b) { return a.dDepth < b.dDepth; }));
+    EXPECT_EQ(n, 6);
+}
+
+TEST_F(RenderItems, TransparentItemsThatCrossAndMoreOfThemThanLayersAreAllSeen)
+{
+    for (const bool bFirst : {false, true}) { // one leans to the left, one to the right
+        m_more.clear();
+        for (const bool bLeft : {bFirst, !bFirst})
+            Add({2, 2}, bLeft ? Qt::red : Qt::green, [=](qint64 r, qint64 c) {
+                const double x = double(2 * r - 1);
+                return DVector3D{x, 0.5 * double(2 * c - 1), bLeft ? -0.01 * x : 0.01 * x};
+            }).setAlphaValue(0.5);
+        Draw();
+        ExpectColor(-0.5, 0.0, Blend(Qt::red, Blend(Qt::green, BACKGROUND, 0.5), 0.5));
+        ExpectColor(0.5, 0.0, Blend(Qt::green, Blend(Qt::red, BACKGROUND, 0.5), 0.5));
+    }
+    m_more.clear();
+    constexpr int COUNT = 3 * CTransparentLayers::MAX_LAYERS;
+    for (int n = 0; n < COUNT; ++n)
+        AddSquare({0, 0, double(n)}, 0.5, Qt::white).setAlphaValue(0.05);
+    Draw();
+    const int nWhite = int(255 * (1.0 - std::pow(0.95, COUNT)));
+    EXPECT_NEAR(At(0.1, 0.1).red(), nWhite, 2 * TOLERANCE);
+}
+
+TEST_F(RenderItems, WhatReachesFarOutOfItsItemIsWhole)
+{
+    CColouredSurface& surface = AddSquare({-0.5, 0.0125, 0}, 0.005, GREEN);
+    surface.setWireframeColor(GREEN);
+    surface.setLineThickness(3.0);
+    surface.m_vector = {1000, 0, 800};
+    surface.setVectorVariable(3);
+    Draw();
+    for (const double x : {-0.4, 0.0, 0.3})
+        ExpectColor(x, 0.0125, GREEN);
+    QMatrix4x4 extension; // a second copy, far behind
+    extension.translate(0.0F, 0.5F, -30.0F);
+    surface.setExtensionMatrix(extension);
+    surface.setExtended(true);
+    Draw();
+    ExpectColor(0.0, 0.5125, GREEN);
+    m_middle = {0.9, 0.0}; // the item itself is out of sight
+    surface.setExtended(false);
+    Draw();
+    ExpectColor(-0.6, 0.0125, GREEN);
+}
+
+TEST_F(RenderItems, VectorsInTheSurfaceLieInIt)
+{
+    // It faces along (0, -1, 1) / sqrt(2): of the vector (600, 0, 800) the part (600, 400, 400) is left.
+    CColouredSurface& surface = Add({2, 2}, GREEN, [](qint64 r, qint64 c) {
+        const double d = 0.005 * double(2 * c - 1);
+        return DVector3D{-0.4875 + 0.005 * double(2 * r - 1), 0.0125 + d, d};
+    });
+    surface.setWireframeColor(GREEN);
+    surface.setLineThickness(3.0);
+    surface.m_vector = {600, 0, 800};
+    surface.setVectorVariable(3);
+    surface.setVectorPlane(4);
+    Draw();
+    ExpectColor(-0.4875 + 0.3, 0.0125 + 0.2, GREEN);
+    ExpectColor(-0.4875 + 0.3, 0.0125, BACKGROUND);
+}
+
 TEST_F(RenderItems, AMirroredCopyHasThePlaceTheColoursAndTheLightOfItsOriginal)
 {
     const double dLean = 0.9; // about y: the normal has an x, which the mirror turns
@@ -176,7 +263,7 @@ TEST_F(RenderItems, ACopyThatIsLitIsPickedAndGivesItsItem)
                 expected = {3};
             EXPECT_EQ(Ids(ViewPicker::Hits(Pointer(x, y))), expected) << "at " << x << ", " << y;
         }
-    const SPointPick corner = ViewPicker::FirstPoint(Pointer(-0.9, -0.5)); // half a turn
+    const SPointPick corner = ViewPicker::PointAt(Pointer(-0.9, -0.5)); // half a turn
     EXPECT_LT(Length(corner.displayed - DVector3D{-0.9, -0.5, 0.0}), 1e-12);
     EXPECT_LT(Length(corner.point.xyz - DVector3D{0.9, 0.5, 0.0}), 1e-12);
     EXPECT_EQ(corner.pDrawable, m_more[0].pSurface.get());
@@ -197,9 +284,9 @@ TEST_F(RenderItems, ThePointerMeetsWhatIsDrawnAtItsPixelAndWhatLiesBehind)
     ExpectColor(0.1, 0.15, BLUE);
     EXPECT_TRUE(ViewPicker::Hits(Pointer(-1.1, -1.1)).isEmpty());
     ExpectColor(-1.1, -1.1, BACKGROUND);
-    EXPECT_FALSE(ViewPicker::FirstPoint(Pointer(-1.1, -1.1)).point.bHasPoint);
+    EXPECT_FALSE(ViewPicker::PointAt(Pointer(-1.1, -1.1)).point.bHasPoint);
 
-    const SPointPick point = ViewPicker::FirstPoint(Pointer(0.5, -1.0)); // row 3, column 0
+    const SPointPick point = ViewPicker::PointAt(Pointer(0.5, -1.0)); // row 3, column 0
     ASSERT_TRUE(point.point.bHasPoint);
     EXPECT_EQ(point.point.xyz, (DVector3D{0.5, -1.0, 0.0}));
     EXPECT_EQ(point.point.ijk, (IVector3D{4, 1, 1}));
@@ -210,7 +297,7 @@ TEST_F(RenderItems, ThePointerMeetsWhatIsDrawnAtItsPixelAndWhatLiesBehind)
     Draw();
     EXPECT_NE(At(0.1, 0.15), BLUE);
     EXPECT_EQ(Ids(ViewPicker::Hits(Pointer(0.1, 0.15))), (QVector<qint64>{1, 2}));
-    EXPECT_TRUE(ViewPicker::FirstPoint(Pointer(0.0, 0.0)).point.bIsHole);
+    EXPECT_TRUE(ViewPicker::PointAt(Pointer(0.0, 0.0)).point.bIsHole);
 }
 
 TEST_F(RenderItems, AMeasuredLineIsDashedAndInFrontOfAll)

@@ -65,7 +65,7 @@ TEST_F(RenderShapes, ARowOfElementsIsALineAndOneElementAPoint)
             } else if (eType == DisplayNodes || (!bPoint && eType < DisplayShaded))
                 ExpectColor(0.013, 0.013, ORANGE);
         });
-        EXPECT_EQ(ViewPicker::FirstPoint(Pointer(shape.last.x, shape.last.y)).point.ijk,
+        EXPECT_EQ(ViewPicker::PointAt(Pointer(shape.last.x, shape.last.y)).point.ijk,
                   (IVector3D{shape.size.nRows, shape.size.nColumns, 1}));
         surface.setDisplayTypeQuick(DisplayWireframe);
         EXPECT_EQ(ViewPicker::Hits(Pointer(0.2, 0.013)).size(), int(shape.size.nRows > 1));
@@ -134,7 +134,7 @@ TEST_F(RenderShapes, CellsWithoutAreaDrawNothingAndHarmNoNeighbour)
             EXPECT_EQ(CountLit(), 0);
         }
     });
-    EXPECT_TRUE(ViewPicker::FirstPoint(Pointer(0.113, 0.113)).point.bHasPoint);
+    EXPECT_TRUE(ViewPicker::PointAt(Pointer(0.113, 0.113)).point.bHasPoint);
 }
 
 TEST_F(RenderShapes, WithoutElementsNothingIsDrawnAndPicked)

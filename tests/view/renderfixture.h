@@ -26,6 +26,7 @@ class CColouredSurface : public CTestSurface
 public:
     using CTestSurface::CTestSurface;
     std::vector<double> m_values;
+    std::optional<DVector3D> m_vector; // of all elements
 
 protected:
     bool ReadValues(qint64, std::span<double> values) override
@@ -36,7 +37,7 @@ protected:
     bool ReadVectors(qint64, std::span<DVector3D> vectors) override
     {
         for (std::size_t n = 0; n < vectors.size(); ++n)
-            vectors[n] = {100.0, 20.0 * double(n), 0.0};
+            vectors[n] = m_vector.value_or(DVector3D{100.0, 20.0 * double(n), 0.0});
         return true;
     }
 };
@@ -62,6 +63,7 @@ protected:
         CSimulationManager::Instance().AddSimulation(pSimulation, VIEW);
         m_nSimulation = pSimulation->GetId();
         m_pSelectable = std::make_unique<CTestSelectable>(VIEW, m_nSimulation, 1);
+        SetPreference(PreferenceKey::HIGHLIGHT_OUTLINE, false);
     }
     void TearDown() override
     {
@@ -72,7 +74,7 @@ protected:
         m_pSurface.reset();
         CSimulationManager::Instance().RemoveAllViews();
         SetPreference(PreferenceKey::USE_DISPLAY_LISTS, false);
-        SetPreference(PreferenceKey::HIGHLIGHT_OUTLINE, false);
+        SetPreference(PreferenceKey::HIGHLIGHT_OUTLINE, true);
         SetPreference(PreferenceKey::USE_OUTLINE_COLOR, true);
     }
 
@@ -131,6 +133,7 @@ protected:
         frame.dBottom = m_middle.y - HALF_WIDTH;
         frame.dTop = m_middle.y + HALF_WIDTH;
         frame.viewport = {PIXELS, PIXELS};
+        frame.bMarks = m_bMarks;
         m_context.Renderer().Render(frame);
         m_image = m_context.Image();
     }
@@ -173,6 +176,7 @@ protected:
     COffscreenContext m_context;
     DMatrix4x4 m_view;
     std::vector<DVector3D> m_measureLine;
+    bool m_bMarks = true;
     SPickPoint m_middle; // of the picture, in view coordinates
     qint64 m_nSimulation = -1;
     std::unique_ptr<CTestSelectable> m_pSelectable;

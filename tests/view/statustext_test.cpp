@@ -14,6 +14,13 @@ SPickedPoint Point()
 
 } // namespace
 
+TEST(StatusText, AnItemIsNamedWithItsKindOnce)
+{
+    EXPECT_EQ(StatusText::OfItem("Block", "wing"), "Block: wing");
+    EXPECT_EQ(StatusText::OfItem("Block", "Block 3"), "Block 3");
+    EXPECT_EQ(StatusText::OfItem("", "wing"), "wing");
+}
+
 TEST(StatusText, TellsWhatIsKnownOfAPoint)
 {
     SPickedPoint point = Point();

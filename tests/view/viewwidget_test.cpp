@@ -118,6 +118,26 @@ protected:
         QKeyEvent event(eType, nKey, before);
         QCoreApplication::sendEvent(m_pDrawer.get(), &event);
     }
+    /** A small one, away from the edges. */
+    CAnnotationColormap& ShowLegend(CSurfaceSelectable& surface)
+    {
+        CAnnotationColormap& legend = *surface.annotationColormap();
+        surface.setScalarVariable(Id("Sum"));
+        surface.setGeometricColor(false);
+        SLegendSettings settings = legend.settings();
+        settings.colorbarSize = {20, 40};
+        settings.title.bVisible = settings.subtitle.bVisible = false;
+        legend.setSettings(settings);
+        legend.setPosition({20, 20});
+        legend.setVisible(true);
+        return legend;
+    }
+    QImage Captured()
+    {
+        QImage image;
+        m_pDrawer->renderToImage(image, 1.0, {CaptureDisplayed, false, true, false});
+        return image;
+    }
     static bool HasDark(const QImage& image)
     {
         for (int y = 0; y < image.height(); ++y)
@@ -229,7 +249,7 @@ TEST_F(ViewWidget, AGridOnCellsShowsEachCellAtItsCentre)
     EXPECT_EQ(drawable.boundsMaximum(), (DVector3D{1.5, 1.5, 0.5}));
     EXPECT_GT(Middle(image).green(), 200) << "the mean of the four";
     const auto pick = [&](double x, double y) {
-        return ViewPicker::FirstPoint({VIEW, {}, {x - 0.01, y - 0.01, x + 0.01, y + 0.01}}).point;
+        return ViewPicker::PointAt({VIEW, {}, {x - 0.01, y - 0.01, x + 0.01, y + 0.01}}).point;
     };
     for (const IVector3D& cell : {IVector3D{1, 1, 1}, {2, 1, 1}, {1, 2, 1}, {2, 2, 1}}) {
         const SPickedPoint point = pick(double(cell.i) - 0.5, double(cell.j) - 0.5);
@@ -295,18 +315,90 @@ TEST_F(ViewWidget, APickedPointIsToldWithTheItemThatItIsOn)
     EXPECT_EQ(window.m_sStatus, pOther->name() + ": IJK: (3, 3, 1), XYZ: (2, 2, 0)");
 }
 
-TEST_F(ViewWidget, ALegendUnderThePointerIsFramed)
+TEST_F(ViewWidget, ALegendUnderThePointerIsFramedButNotInAPicture)
 {
-    CAnnotationColormap& legend = *m_pSurface->annotationColormap();
-    m_pSurface->setScalarVariable(Id("Sum"));
-    m_pSurface->setGeometricColor(false);
-    legend.setPosition({20, 20});
-    legend.setVisible(true);
+    CAnnotationColormap& legend = ShowLegend(*m_pSurface);
     const QImage plain = Grab();
     MovePointer(legend.rect().center(), Qt::NoModifier);
     EXPECT_TRUE(legend.isHot());
     EXPECT_NE(Grab(), plain);
+    EXPECT_EQ(Captured(), plain);
     MovePointer({SIZE.width() - 2, 2}, Qt::NoModifier);
     EXPECT_FALSE(legend.isHot());
     EXPECT_EQ(Grab(), plain);
+}
+
+TEST_F(ViewWidget, WhatIsPaintedOverTheSceneIsWholeInFramesOfAllKinds)
+{
+    const CAnnotationColormap& legend = ShowLegend(*m_pSurface);
+    SCamera camera = m_pDrawer->GetCamera();
+    camera.viewSize *= 20.0; // the surface is not behind the legend
+    camera.viewCenter = {-15.0, 15.0};
+    const auto draw = [&](bool bOutline) {
+        Set(CPreferences::Instance(), PreferenceKey::HIGHLIGHT_OUTLINE, bOutline);
+        CPreferences::Instance().Apply();
+        m_pDrawer->SetCamera(camera, FitAll);
+        return Grab().copy(legend.rect());
+    };
+    const QImage whole = draw(false);
+    EXPECT_TRUE(HasDark(whole)) << "no texts";
+    EXPECT_EQ(draw(true), whole) << "nothing is selected: no silhouette is drawn";
+    EXPECT_EQ(Captured().copy(legend.rect()), whole);
+    m_pDrawer->SetDemotion(DemotionBoundingBox);
+    QWheelEvent wheel(QPointF(100, 80), QPointF(100, 80), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(m_pDrawer.get(), &wheel);
+    EXPECT_EQ(Grab().copy(legend.rect()), whole) << "boxes stand in for the items";
+}
+
+TEST_F(ViewWidget, LegendsStandBesideEachOtherAndStayInTheView)
+{
+    m_pDrawer->resize(500, 300);
+    CSurfaceSelectable* const pOther = AddSurface();
+    CAnnotationColormap &first = ShowLegend(*m_pSurface), &second = ShowLegend(*pOther);
+    for (CAnnotationColormap* const pLegend : {&first, &second})
+        pLegend->setPosition(CAnnotation::DEFAULT_POSITION);
+    Grab();
+    EXPECT_FALSE(first.rect().intersects(second.rect()));
+    EXPECT_EQ(first.rect().top(), second.rect().top());
+    EXPECT_EQ(first.shownPosition(), CAnnotation::DEFAULT_POSITION);
+    const QPoint place = second.shownPosition();
+    first.setVisible(false);
+    Grab();
+    EXPECT_EQ(second.shownPosition(), place) << "it keeps its place";
+
+    const QPoint grip = second.rect().center();
+    QTest::mousePress(m_pDrawer.get(), Qt::LeftButton, {}, grip);
+    for (const QPoint& way : {QPoint(3000, 2000), QPoint(-3000, -2000), QPoint(3000, 40)}) {
+        QMouseEvent move(QEvent::MouseMove, grip + way, Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(m_pDrawer.get(), &move);
+        EXPECT_TRUE(m_pDrawer->rect().contains(second.rect())) << way.x() << ", " << way.y();
+    }
+    QTest::mouseRelease(m_pDrawer.get(), Qt::LeftButton, {}, grip);
+    const QPoint dragged = second.position();
+    EXPECT_EQ(dragged, second.shownPosition());
+    m_pDrawer->resize(200, 160);
+    Grab();
+    EXPECT_TRUE(m_pDrawer->rect().contains(second.rect()));
+    m_pDrawer->resize(500, 300);
+    Grab();
+    EXPECT_EQ(second.shownPosition(), dragged);
+}
+
+TEST_F(ViewWidget, AnItemUnderThePointerIsNamedUntilThePointerHasLeft)
+{
+    const CCaseWindow window;
+    m_pDrawer->SetActive(true);
+    Grab();
+    MovePointer(PixelOf(0.3, 0.4), Qt::NoModifier);
+    EXPECT_EQ(window.m_sStatus, "Surface K = 2 [Block 1]");
+    MovePointer(PixelOf(2.0, 2.0), Qt::AltModifier);
+    EXPECT_TRUE(window.m_sStatus.contains("IJK: (3, 3, 2)"));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(m_pDrawer.get(), &leave);
+    EXPECT_EQ(window.m_sStatus, "");
+    MovePointer(PixelOf(0.3, 0.4), Qt::NoModifier);
+    CWidgetManager::Instance().SetStatusText("Saved");
+    QCoreApplication::sendEvent(m_pDrawer.get(), &leave);
+    EXPECT_EQ(window.m_sStatus, "Saved") << "of somebody else";
 }

@@ -16,6 +16,16 @@ bool HasPlainBrush(const QByteArray& bytes)
 }
 } // namespace
 
+QPoint CAnnotation::inside(const QPoint& position, const QSize& view) const
+{
+    const QRect frame = rect().translated(position - shownPosition());
+    const auto shift = [](int nFirst, int nLast, int nSize) {
+        return std::max(std::min(nSize - 1 - nLast, 0), -nFirst);
+    };
+    return position + QPoint(shift(frame.left(), frame.right(), view.width()),
+                             shift(frame.top(), frame.bottom(), view.height()));
+}
+
 QByteArray CAnnotation::toBinary() const
 {
     QByteArray bytes;

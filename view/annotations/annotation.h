@@ -7,6 +7,7 @@
 #include <QRect>
 
 class QPainter;
+struct SCanvas;
 
 /**
  * Something painted over the scene of a view, which the pointer can take hold of. Places are pixels of the
@@ -15,6 +16,8 @@ class QPainter;
 class CAnnotation
 {
 public:
+    static constexpr QPoint DEFAULT_POSITION{50, 50};
+
     virtual ~CAnnotation() = default;
 
     virtual QByteArray toBinary() const;
@@ -26,8 +29,9 @@ public:
     /** Top left of the content. */
     virtual void setPosition(const QPoint& position) { m_state.position = position; }
     virtual QPoint position() const { return m_state.position; }
-    /** @param dScale  device pixels of the picture for each pixel of the view: 1, or more in a capture */
-    virtual void paint(QPainter*, double /*dScale*/) {}
+    /** Top left of the content where it is seen, which may be moved so that it is in the view. */
+    virtual QPoint shownPosition() const { return position(); }
+    virtual void paint(QPainter*, const SCanvas&) {}
     /** What the pointer can hit. */
     virtual QRect rect() const { return {m_state.position, m_state.size}; }
     /** A double click on it; false if nothing came of it. */
@@ -44,8 +48,8 @@ public:
     /** The pointer is over it, or drags it. */
     void setHot(bool bHot) { m_state.bHot = bHot; }
     bool isHot() const { return m_state.bHot; }
-    /** A drag by so many pixels. */
-    void moveBy(const QPoint& distance) { setPosition(position() + distance); }
+    /** The position nearest to that one in which it lies in a view of that size, or at its upper left. */
+    QPoint inside(const QPoint& position, const QSize& view) const;
     /** The frame is filled with the brush. */
     void setBackgroundSolid(bool bSolid) { m_state.bSolid = bSolid; }
     bool isBackgroundSolid() const { return m_state.bSolid; }
@@ -67,7 +71,7 @@ private:
         bool bSolid = false;
         bool bOutline = false;
         QBrush brush{Qt::white};
-        QPoint position{50, 50};
+        QPoint position = DEFAULT_POSITION;
         QSize size{0, 0};
         bool bKeep = true; // stored and restored only
     };

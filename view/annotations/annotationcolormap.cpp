@@ -41,11 +41,19 @@ void CAnnotationColormap::setSettings(const SLegendSettings& settings)
     m_bDirty = true;
 }
 
-// Moved as it stands: a drag doesn't measure any text.
 void CAnnotationColormap::setPosition(const QPoint& position)
 {
-    const QPoint distance = position - this->position();
+    if (position != this->position())
+        m_freePlace.reset();
     CAnnotation::setPosition(position);
+    showAt(position);
+}
+
+// Moved as it stands: a drag doesn't measure any text.
+void CAnnotationColormap::showAt(const QPoint& position)
+{
+    const QPoint distance = position - m_shownPosition;
+    m_shownPosition = position;
     for (QRect* const pRect : {&m_layout.frame, &m_layout.colorbar, &m_layout.title, &m_layout.subtitle})
         pRect->translate(distance);
     for (QRect& label : m_layout.labels)
@@ -54,8 +62,10 @@ void CAnnotationColormap::setPosition(const QPoint& position)
 
 const IDrawable* CAnnotationColormap::ShownDrawable() const
 {
+    if (!isVisible())
+        return nullptr;
     const IDrawable* const pDrawable = CDrawableManager::Instance().Find(m_nSerial);
-    const bool bShown = isVisible() && pDrawable && pDrawable->usesColormap() &&
+    const bool bShown = pDrawable && pDrawable->usesColormap() &&
                         CVariableManager::Instance().GetVariable(pDrawable->scalarVariable());
     return bShown ? pDrawable : nullptr;
 }
@@ -100,18 +110,18 @@ void CAnnotationColormap::UpdateLayout(const IDrawable& drawable)
     if (!m_bDirty && content == m_content)
         return;
     m_content = content;
-    m_layout = LayoutLegend(m_settings, m_content, position());
+    m_layout = LayoutLegend(m_settings, m_content, m_shownPosition);
     setSize(m_layout.size);
     m_bDirty = false;
 }
 
-void CAnnotationColormap::paint(QPainter* pPainter, double dScale)
+void CAnnotationColormap::paint(QPainter* pPainter, const SCanvas& canvas)
 {
     const IDrawable* const pDrawable = ShownDrawable();
     if (!pDrawable)
         return;
     UpdateLayout(*pDrawable);
-    PaintLegend(*pPainter, *this, pDrawable->colormap().nId, dScale);
+    PaintLegend(*pPainter, *this, pDrawable->colormap().nId, canvas);
 }
 
 bool CAnnotationColormap::doubleClicked()

@@ -3,6 +3,8 @@
 #include "view/annotations/annotation.h"
 #include "view/annotations/legendlayout.h"
 
+#include <optional>
+
 class IDrawable;
 
 /**
@@ -26,15 +28,27 @@ public:
     void fromJson(const QJsonObject& object) override;
 
     void setPosition(const QPoint& position) override;
-    void paint(QPainter* pPainter, double dScale) override;
+    QPoint shownPosition() const override { return m_shownPosition; }
+    void paint(QPainter* pPainter, const SCanvas& canvas) override;
     /** The frame as it was last laid out. */
     QRect rect() const override { return m_layout.frame; }
     bool hitTest(const QPoint& point) const override;
     /** Makes the item the only selected one and lets the user edit its colormap. */
     bool doubleClicked() override;
 
+    /** It is visible and has something to say. */
+    bool isShown() const { return ShownDrawable(); }
     /** Lays it out if that is due; nothing without a drawable. */
     void updateLayout();
+    /** Moves what is seen of it; its position stays. */
+    void showAt(const QPoint& position);
+    /** Where nobody has moved it from the usual place: one that was free; nothing: none was looked for. */
+    void setFreePlace(const std::optional<QPoint>& place) { m_freePlace = place; }
+    /** Where it is to stand, inside of a view or not; nothing if a free place has to be found. */
+    std::optional<QPoint> wantedPosition() const
+    {
+        return position() == DEFAULT_POSITION ? m_freePlace : position();
+    }
     /** Looks like the other one, is visible as it is and stands where it stands. */
     void takeLook(const CAnnotationColormap& other);
     /** As before the first frame, and with no pointer over it. */
@@ -52,5 +66,7 @@ private:
     SLegendSettings m_settings;
     bool m_bDirty = true;
     SLegendContent m_content;
-    SLegendLayout m_layout;
+    SLegendLayout m_layout; // at the shown position
+    QPoint m_shownPosition = DEFAULT_POSITION;
+    std::optional<QPoint> m_freePlace; // not stored: a view that opens finds one anew
 };

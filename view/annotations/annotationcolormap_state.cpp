@@ -10,14 +10,21 @@ namespace {
 constexpr char TITLE[] = "title", SUBTITLE[] = "subtitle", LABELS[] = "labels", VISIBLE[] = "visible",
                TEXT[] = "text", FONT[] = "font", COLOR[] = "color", COUNT[] = "labelCount",
                FORMAT[] = "numericFormat", DIGITS[] = "digits", WIDTH[] = "colorbarWidth",
-               HEIGHT[] = "colorbarHeight";
+               HEIGHT[] = "colorbarHeight", AUTOMATIC[] = "automaticColor";
+
+/** What stands in the place of the automatic colour; files that don't know it have this where nobody chose.
+ */
+constexpr Qt::GlobalColor FORMER_COLOR = Qt::black;
+
+QColor StoredColor(const SLegendText& text) { return text.color.isValid() ? text.color : FORMER_COLOR; }
 
 QJsonObject ToJson(const SLegendText& text)
 {
     return {{VISIBLE, text.bVisible},
             {TEXT, text.sText},
             {FONT, text.font.toString()},
-            {COLOR, text.color.name(QColor::HexArgb)}};
+            {COLOR, StoredColor(text).name(QColor::HexArgb)},
+            {AUTOMATIC, !text.color.isValid()}};
 }
 
 void FromJson(const QJsonObject& object, SLegendText& text)
@@ -27,7 +34,10 @@ void FromJson(const QJsonObject& object, SLegendText& text)
     const QString sFont = object[FONT].toString();
     if (QFont font; !sFont.isEmpty() && font.fromString(sFont)) // Qt warns of an empty one
         text.font = font;
-    if (const QColor color(object[COLOR].toString()); color.isValid())
+    const QColor color(object[COLOR].toString());
+    if (object[AUTOMATIC].toBool(color == FORMER_COLOR))
+        text.color = QColor();
+    else if (color.isValid())
         text.color = color;
 }
 
@@ -46,6 +56,19 @@ void ReadLook(CByteReader& reader, SLegendText& text)
 {
     reader.Read(text.font);
     reader.Read(text.color);
+}
+
+/** Behind all else, where black was chosen: which of the colours are automatic. */
+void ReadAutomatic(CByteReader& reader, SLegendSettings& settings)
+{
+    const bool bKnown = reader.BytesLeft() > 0;
+    for (SLegendText* const pText : {&settings.title, &settings.subtitle, &settings.labels}) {
+        bool bAutomatic = pText->color == FORMER_COLOR;
+        if (bKnown)
+            reader.Read(bAutomatic);
+        if (bAutomatic)
+            pText->color = QColor();
+    }
 }
 
 bool IsSane(const SLegendSettings& settings)
@@ -67,10 +90,15 @@ QByteArray CAnnotationColormap::toBinary() const
     const SLegendText &title = m_settings.title, &subtitle = m_settings.subtitle, &labels = m_settings.labels;
     stream << CAnnotation::toBinary() << m_nSerial << m_layout.frame << m_layout.colorbar << m_layout.title
            << m_layout.subtitle << m_layout.labels;
-    stream << title.bVisible << title.sText << title.font << title.color;
-    stream << subtitle.bVisible << subtitle.sText << subtitle.font << subtitle.color;
-    stream << labels.bVisible << m_settings.nLabelCount << labels.font << labels.color;
+    stream << title.bVisible << title.sText << title.font << StoredColor(title);
+    stream << subtitle.bVisible << subtitle.sText << subtitle.font << StoredColor(subtitle);
+    stream << labels.bVisible << m_settings.nLabelCount << labels.font << StoredColor(labels);
     stream << m_settings.nFormat << m_settings.nDigits << m_settings.colorbarSize;
+    const auto texts = {&title, &subtitle, &labels};
+    const auto isMistakable = [](const SLegendText* pText) { return pText->color == FORMER_COLOR; };
+    if (std::any_of(texts.begin(), texts.end(), isMistakable))
+        for (const SLegendText* const pText : texts)
+            stream << !pText->color.isValid();
     return bytes;
 }
 
@@ -97,11 +125,13 @@ bool CAnnotationColormap::fromBinary(const QByteArray& bytes)
     reader.Read(nWidth);
     reader.Read(nHeight);
     settings.colorbarSize = {nWidth, nHeight};
+    ReadAutomatic(reader, settings);
     if (!reader.IsOk() || !IsSane(settings) || !CAnnotation::fromBinary(base))
         return false;
     if (m_nSerial == -1)
         m_nSerial = nSerial;
     setSettings(settings);
+    showAt(position());
     return true;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QColor>
-#include <QFont>
+#include "view/annotations/canvas.h"
+
 #include <QPointF>
 #include <QRect>
 #include <QStringList>
@@ -15,8 +15,8 @@ struct SLegendText
 {
     bool bVisible = true;
     QString sText; ///< empty: the automatic one; unused for the numbers
-    QFont font;
-    QColor color = Qt::black;
+    QFont font = OverlayFont();
+    QColor color = {}; ///< invalid: automatic, what stands out from the background
 
     friend bool operator==(const SLegendText&, const SLegendText&) = default;
 };

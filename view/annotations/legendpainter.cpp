@@ -14,21 +14,12 @@ QRect Scaled(const QRect& rect, double dScale)
             qRound(rect.height() * dScale)};
 }
 
-QFont Scaled(QFont font, double dScale)
+void PaintFrame(QPainter& painter, const CAnnotationColormap& legend, const SCanvas& canvas)
 {
-    if (font.pointSizeF() > 0.0)
-        font.setPointSizeF(font.pointSizeF() * dScale);
-    else
-        font.setPixelSize(std::max(1, qRound(font.pixelSize() * dScale)));
-    return font;
-}
-
-void PaintFrame(QPainter& painter, const CAnnotationColormap& legend, double dScale)
-{
-    const QRect frame = Scaled(legend.layout().frame, dScale);
-    const bool bHot = legend.isHot() && legend.isVisible();
+    const QRect frame = Scaled(legend.layout().frame, canvas.dScale);
+    const bool bHot = canvas.bMarks && legend.isHot() && legend.isVisible();
     QPen pen(bHot ? CPreferences::Instance().Draw().selectColor : legend.brush().color());
-    pen.setWidthF(painter.pen().widthF() * dScale);
+    pen.setWidthF(painter.pen().widthF() * canvas.dScale);
     if (legend.isBackgroundSolid())
         painter.fillRect(frame, legend.brush());
     if (bHot || (legend.isBackgroundOutline() && !legend.isBackgroundSolid())) {
@@ -47,28 +38,32 @@ void PaintColorbar(QPainter& painter, const QRect& rect, qint32 nColormap)
 
 /** In its rectangle, at the left, centred in height; nothing is cut off. */
 void PaintText(QPainter& painter, const SLegendText& text, const QString& sText, const QRect& rect,
-               double dScale)
+               const SCanvas& canvas)
 {
     if (!text.bVisible)
         return;
-    painter.setFont(Scaled(text.font, dScale));
-    painter.setPen(text.color);
-    painter.drawText(Scaled(rect, dScale), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, sText);
+    painter.setFont(Scaled(text.font, canvas.dScale));
+    painter.setPen(canvas.TextColor(text.color, rect));
+    painter.drawText(Scaled(rect, canvas.dScale), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, sText);
 }
 
 } // namespace
 
-void PaintLegend(QPainter& painter, const CAnnotationColormap& legend, qint32 nColormap, double dScale)
+void PaintLegend(QPainter& painter, const CAnnotationColormap& legend, qint32 nColormap,
+                 const SCanvas& canvas)
 {
     const SLegendSettings& settings = legend.settings();
     const SLegendLayout& layout = legend.layout();
     const SLegendContent& content = legend.content();
+    SCanvas behind = canvas;
+    if (legend.isBackgroundSolid())
+        behind.background = legend.brush();
     painter.save();
-    PaintFrame(painter, legend, dScale);
-    PaintColorbar(painter, Scaled(layout.colorbar, dScale), nColormap);
-    PaintText(painter, settings.title, content.sTitle, layout.title, dScale);
-    PaintText(painter, settings.subtitle, content.sSubtitle, layout.subtitle, dScale);
+    PaintFrame(painter, legend, canvas);
+    PaintColorbar(painter, Scaled(layout.colorbar, canvas.dScale), nColormap);
+    PaintText(painter, settings.title, content.sTitle, layout.title, behind);
+    PaintText(painter, settings.subtitle, content.sSubtitle, layout.subtitle, behind);
     for (int n = 0; n < layout.labels.size(); ++n)
-        PaintText(painter, settings.labels, content.sLabelList[n], layout.labels[n], dScale);
+        PaintText(painter, settings.labels, content.sLabelList[n], layout.labels[n], behind);
     painter.restore();
 }

@@ -4,9 +4,8 @@
 
 class CAnnotationColormap;
 class QPainter;
+struct SCanvas;
 
-/**
- * Paints a legend that has been laid out. The painter is afterwards as it was.
- * @param dScale  device pixels for each pixel of the layout
- */
-void PaintLegend(QPainter& painter, const CAnnotationColormap& legend, qint32 nColormap, double dScale);
+/** Paints a legend that has been laid out. The painter is afterwards as it was. */
+void PaintLegend(QPainter& painter, const CAnnotationColormap& legend, qint32 nColormap,
+                 const SCanvas& canvas);

@@ -50,6 +50,7 @@ CColormapDialog::CColormapDialog(qint64 nSimulationId, qint64 nViewId, bool bGlo
             &CColormapDialog::SlotMinValueChanged);
     connect(m_pUi->m_pRangeSlider, &CRangeSlider::MaxValueChanged, this,
             &CColormapDialog::SlotMaxValueChanged);
+    OfferAutomaticColors();
     m_pUi->m_pTabs->setEnabled(HasItems());
     if (!HasItems())
         return;

@@ -88,6 +88,7 @@ private:
     SValueRange SliderRange() const;
 
     // The legend (colormapdialog_legend.cpp).
+    void OfferAutomaticColors();
     void FillLegendTab();
     void ShowButtons();
     CAnnotationColormap* FirstLegend() const;

@@ -1,5 +1,6 @@
 // CColormapDialog: the tab of the legend.
 #include "frame/themeicon.h"
+#include "frame/ui/colorswatch.h"
 #include "frame/userprompt.h"
 #include "scene/iselectable.h"
 #include "ui_colormapdialog.h"
@@ -7,6 +8,7 @@
 #include "view/colormaps/colormapedit.h"
 #include "view/dialogs/colormapdialog.h"
 
+#include <QMenu>
 #include <QPainter>
 
 namespace {
@@ -16,8 +18,8 @@ enum Background_e { BackgroundNone = 0, BackgroundSolid = 1, BackgroundOutline =
 void ShowColor(QToolButton& button, const QColor& color)
 {
     QPixmap swatch(button.iconSize());
-    swatch.fill(color);
     QPainter painter(&swatch);
+    PaintColorSwatch(painter, swatch.rect(), color);
     painter.setPen(button.palette().color(QPalette::Mid));
     painter.drawRect(swatch.rect().adjusted(0, 0, -1, -1));
     painter.end();
@@ -51,6 +53,21 @@ CAnnotationColormap* CColormapDialog::FirstLegend() const
         if (CAnnotationColormap* const pLegend = pItem->annotationColormap())
             return pLegend;
     return nullptr;
+}
+
+/** Beside a colour of their own, texts can take the automatic one. */
+void CColormapDialog::OfferAutomaticColors()
+{
+    for (const auto& [pButton, part] : {std::pair(m_pUi->m_pTitleColorB, &SLegendSettings::title),
+                                        {m_pUi->m_pSubTitleColorB, &SLegendSettings::subtitle},
+                                        {m_pUi->m_pLabelColorB, &SLegendSettings::labels}}) {
+        auto* const pMenu = new QMenu(pButton);
+        pMenu->addAction("Automatic", this, [this, part = part] {
+            EditSettings([=](SLegendSettings& settings) { (settings.*part).color = QColor(); });
+        });
+        pButton->setMenu(pMenu);
+        pButton->setPopupMode(QToolButton::MenuButtonPopup);
+    }
 }
 
 void CColormapDialog::FillLegendTab()
@@ -124,7 +141,8 @@ void CColormapDialog::AskColor(TextPart part)
 {
     if (!FirstLegend())
         return;
-    const QColor color = UserPrompt::AskColor("Select Color", (FirstLegend()->settings().*part).color);
+    const QColor former = (FirstLegend()->settings().*part).color;
+    const QColor color = UserPrompt::AskColor("Select Color", former.isValid() ? former : Qt::black);
     if (color.isValid())
         EditSettings([=](SLegendSettings& settings) { (settings.*part).color = color; });
 }

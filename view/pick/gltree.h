@@ -2,6 +2,7 @@
 
 #include "view/pick/glitem.h"
 
+#include <limits>
 #include <vector>
 
 /**
@@ -46,6 +47,28 @@ public:
     const CGLItem* pickFirst(const DMatrix4x4& view, const SPickRect& rect, int nKindMask, bool bHoles);
     /** Whether there is one. */
     bool anyHit(const DMatrix4x4& view, const SPickRect& rect, int nKindMask, bool bHoles);
+    /**
+     * Greatest z, in view coordinates, of the triangles where the line of sight at a place meets them.
+     *
+     * @param dBehind  only what lies in front of this counts
+     * @param dEnough  anything in front of this is found soon enough: the search ends there
+     * @return NOT_MET if none is met
+     */
+    double frontTriangle(const DMatrix4x4& view, const SPickPoint& place, bool bHoles,
+                         double dBehind = NOT_MET, double dEnough = std::numeric_limits<double>::max());
+    /** The same of lines and points that come into a rectangle, where they come nearest to its middle. */
+    double frontLine(const DMatrix4x4& view, const SPickRect& rect, int nKindMask, bool bHoles,
+                     double dBehind = NOT_MET);
+    /**
+     * The point that is seen nearest to a place, of equal ones the one in front.
+     *
+     * @param dRadius  so far at most [view coordinates]
+     * @param bFilled  triangles hide what lies behind them
+     */
+    const CGLItem* nearestPoint(const DMatrix4x4& view, const SPickPoint& place, double dRadius, bool bHoles,
+                                bool bFilled);
+    static constexpr double NOT_MET = std::numeric_limits<double>::lowest();
+
     /** The items whose own box holds the world point, border included. */
     std::vector<CGLItem> itemsAtPoint(const DVector3D& point);
 
@@ -72,6 +95,13 @@ private:
     template <class Leaf, class Inside>
     void Walk(const DMatrix4x4& view, const SPickRect& rect, int nKindMask, bool bHoles, const Leaf& leaf,
               const Inside& inside) const;
+
+    template <class Skip, class Visit>
+    void Search(int nKindMask, bool bHoles, const Skip& skip, const Visit& visit) const;
+    DVector3D Seen(const DMatrix4x4& view, const CGLItem& item, int nCorner) const
+    {
+        return view.MapPoint(m_positions[item.nCorners[nCorner]]);
+    }
 
     std::span<const DVector3D> m_positions;
     DVector3D m_minimum;

@@ -7,7 +7,9 @@ bool CHoverList::Update(const QVector<ISelectable*>& hits)
 {
     if (hits == m_list)
         return false;
-    m_nIndex = std::max(hits.indexOf(Current()), 0);
+    const int nAsked = hits.indexOf(Asked());
+    m_bAsked = nAsked >= 0;
+    m_nIndex = std::max(nAsked, 0);
     m_list = hits;
     SetFlags();
     return true;
@@ -18,6 +20,7 @@ bool CHoverList::Step()
     if (m_list.size() < 2)
         return false;
     m_nIndex = (m_nIndex + 1) % m_list.size();
+    m_bAsked = true;
     SetFlags();
     return true;
 }
@@ -27,6 +30,7 @@ void CHoverList::Forget(ISelectable* pSelectable)
     const int nPlace = m_list.indexOf(pSelectable);
     if (nPlace < 0)
         return;
+    m_bAsked = m_bAsked && nPlace != m_nIndex;
     m_list.remove(nPlace);
     if (nPlace <= m_nIndex)
         m_nIndex = std::max(m_nIndex - 1, 0);

@@ -14,8 +14,8 @@ public:
     explicit CHoverList(qint64 nViewId) : m_nViewId(nViewId) {}
 
     /**
-     * Takes what the pointer meets now. The current one stays current if it is still there, otherwise the
-     * first one is. False if the list was the same, which changes nothing.
+     * Takes what the pointer meets now, what is in front first. That is the current one, unless another was
+     * asked for and is still there. False if the list was the same, which changes nothing.
      */
     bool Update(const QVector<ISelectable*>& hits);
     /** Makes the next one current, the first after the last; false for less than two. */
@@ -29,6 +29,8 @@ public:
     int Index() const { return m_nIndex; }
     /** Null while nothing is hovered. */
     ISelectable* Current() const { return m_list.value(m_nIndex); }
+    /** The current one if Step has made it that; else null. */
+    ISelectable* Asked() const { return m_bAsked ? Current() : nullptr; }
 
 private:
     void SetFlags() const;
@@ -36,4 +38,5 @@ private:
     const qint64 m_nViewId;
     QVector<ISelectable*> m_list;
     int m_nIndex = 0;
+    bool m_bAsked = false;
 };

@@ -98,14 +98,18 @@ bool IsApartAcross(int nAxis, const DMatrix4x4& view, const DVector3D& middle, c
            dReach + SEPARATION_TOLERANCE * (std::abs(nx) + std::abs(ny)) * dSize;
 }
 
-double DistanceToLine2(const SPickPoint& a, const SPickPoint& b, const SPickPoint& p)
+/** Where between a (0) and b (1) the line comes nearest to p. */
+double NearestPlace(const SPickPoint& a, const SPickPoint& b, const SPickPoint& p)
 {
     const double dx = b.x - a.x, dy = b.y - a.y;
     const double dLength2 = dx * dx + dy * dy;
-    const double t =
-        dLength2 > 0.0 ? std::clamp(((p.x - a.x) * dx + (p.y - a.y) * dy) / dLength2, 0.0, 1.0) : 0.0;
-    const double ex = a.x + t * dx - p.x, ey = a.y + t * dy - p.y;
-    return ex * ex + ey * ey;
+    return dLength2 > 0.0 ? std::clamp(((p.x - a.x) * dx + (p.y - a.y) * dy) / dLength2, 0.0, 1.0) : 0.0;
+}
+
+double DistanceToLine2(const SPickPoint& a, const SPickPoint& b, const SPickPoint& p)
+{
+    const double t = NearestPlace(a, b, p);
+    return PickGeometry::Distance2({a.x + t * (b.x - a.x), a.y + t * (b.y - a.y)}, p);
 }
 
 } // namespace
@@ -146,6 +150,39 @@ bool PickGeometry::TriangleMeetsCircle(const std::array<SPickPoint, 3>& triangle
     return IsInside(triangle, centre) || LineMeetsCircle({triangle[0], triangle[1]}, centre, dRadius2) ||
            LineMeetsCircle({triangle[1], triangle[2]}, centre, dRadius2) ||
            LineMeetsCircle({triangle[2], triangle[0]}, centre, dRadius2);
+}
+
+std::optional<double> PickGeometry::DepthAt(const std::array<DVector3D, 3>& corners, const SPickPoint& p)
+{
+    const auto& [a, b, c] = corners;
+    const SPickPoint seen[] = {{a.x, a.y}, {b.x, b.y}, {c.x, c.y}};
+    const double dA = Side(seen[1], seen[2], p), dB = Side(seen[2], seen[0], p),
+                 dC = Side(seen[0], seen[1], p);
+    const double dArea = dA + dB + dC;
+    if (dArea == 0.0 || dA * dArea < 0.0 || dB * dArea < 0.0 || dC * dArea < 0.0)
+        return {};
+    return (dA * a.z + dB * b.z + dC * c.z) / dArea;
+}
+
+DVector3D PickGeometry::NearestOfLine(const DVector3D& a, const DVector3D& b, const SPickPoint& p)
+{
+    return a + NearestPlace({a.x, a.y}, {b.x, b.y}, p) * (b - a);
+}
+
+PickGeometry::SSeenBox::SSeenBox(const DMatrix4x4& view, const DVector3D& boxMinimum,
+                                 const DVector3D& boxMaximum)
+{
+    for (int nRow = 0; nRow < 3; ++nRow) {
+        const SExtent extent(view.d.data() + 4 * nRow, boxMinimum, boxMaximum);
+        minimum[nRow] = extent.dLeast;
+        maximum[nRow] = extent.dGreatest;
+    }
+}
+
+double PickGeometry::SSeenBox::Distance2(const SPickPoint& p) const
+{
+    return PickGeometry::Distance2(
+        p, {std::clamp(p.x, minimum.x, maximum.x), std::clamp(p.y, minimum.y, maximum.y)});
 }
 
 PickBox_e PickGeometry::TestBox(const DMatrix4x4& view, const DVector3D& minimum, const DVector3D& maximum,

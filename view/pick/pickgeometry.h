@@ -3,6 +3,14 @@
 #include "frame/transform.h"
 
 #include <array>
+#include <optional>
+
+/** A point of the plane of a view [world units]. */
+struct SPickPoint
+{
+    double x = 0.0;
+    double y = 0.0;
+};
 
 /** An upright rectangle in the plane of a view [world units], y upwards; its border belongs to it. */
 struct SPickRect
@@ -13,13 +21,7 @@ struct SPickRect
     double dTop = 0.0;
 
     bool IsEmpty() const { return !(dLeft < dRight && dBottom < dTop); }
-};
-
-/** A point of the plane of a view [world units]. */
-struct SPickPoint
-{
-    double x = 0.0;
-    double y = 0.0;
+    SPickPoint Middle() const { return {0.5 * (dLeft + dRight), 0.5 * (dBottom + dTop)}; }
 };
 
 /** How a box lies to a rectangle. */
@@ -54,6 +56,33 @@ bool PointInCircle(const SPickPoint& p, const SPickPoint& centre, double dRadius
 bool LineMeetsCircle(const std::array<SPickPoint, 2>& line, const SPickPoint& centre, double dRadius2);
 bool TriangleMeetsCircle(const std::array<SPickPoint, 3>& triangle, const SPickPoint& centre,
                          double dRadius2);
+
+/**
+ * Depth of a triangle where a line of sight meets it, its border included; nothing where it doesn't, and for
+ * a triangle seen edge-on.
+ *
+ * @param corners  in view coordinates, z towards the user
+ */
+std::optional<double> DepthAt(const std::array<DVector3D, 3>& corners, const SPickPoint& p);
+
+/** The place of a line, seen by its ends in view coordinates, that is seen nearest to p. */
+DVector3D NearestOfLine(const DVector3D& a, const DVector3D& b, const SPickPoint& p);
+
+inline double Distance2(const SPickPoint& p, const SPickPoint& q)
+{
+    return (p.x - q.x) * (p.x - q.x) + (p.y - q.y) * (p.y - q.y);
+}
+
+/** What is seen of a world box, as an upright box in view coordinates; rounding loses nothing inside of it.
+ */
+struct SSeenBox
+{
+    SSeenBox(const DMatrix4x4& view, const DVector3D& boxMinimum, const DVector3D& boxMaximum);
+    double Distance2(const SPickPoint& p) const;
+
+    DVector3D minimum;
+    DVector3D maximum;
+};
 
 /**
  * How what is seen of a world box lies to the rectangle. What touches doesn't miss: no shape inside the box

@@ -37,42 +37,128 @@ template <class Visit> void AnyPickable(qint64 nViewId, const Visit& visit)
     }
 }
 
-/** The drawable's first point in the rectangle. */
-SPointPick PointOf(const SPickArea& area, const CSeenCopies& copies, IDrawable& drawable)
+/** One copy of a drawable as it lies under the pointer. */
+struct SUnderPointer
 {
-    SPointPick pick;
-    copies.Any(drawable, [&](const DMatrix4x4& toWorld) {
-        const DMatrix4x4 seen = area.view * toWorld;
-        if (MissesBox(seen, area.rect, drawable))
-            return false;
-        const CGLItem* const pItem =
-            drawable.pickTree().pickFirst(seen, area.rect, PickPoint, !drawable.showHoles());
-        if (!pItem)
-            return false;
-        pick.point = drawable.pickedPoint(pItem->nCorners[0]);
-        pick.displayed = toWorld.MapPoint(pick.point.xyz);
-        pick.pDrawable = &drawable;
-        return pick.point.bHasPoint;
-    });
-    return pick.point.bHasPoint ? pick : SPointPick();
+    IDrawable* pDrawable;
+    DMatrix4x4 toWorld;
+    DMatrix4x4 seen;
+    double dBoxFront;                 ///< greatest depth that any of it can have
+    double dDepth = CGLTree::NOT_MET; ///< of the place that is met
+    bool bHides = false;              ///< it is filled there: what lies behind isn't seen
+    bool bBeside = false;             ///< filled, and only its edge is within reach
+
+    bool IsMet() const { return dDepth != CGLTree::NOT_MET; }
+    bool HasFill() const { return ViewPicker::PickKinds(pDrawable->displayType()) & PickTriangle; }
+};
+using Copies = std::vector<SUnderPointer>;
+using CopyOrder = std::vector<SUnderPointer*>; // of copies that stay where they are
+
+template <class Takes> CopyOrder OrderOf(Copies& copies, const Takes& takes)
+{
+    CopyOrder order;
+    for (SUnderPointer& copy : copies)
+        if (takes(copy))
+            order.push_back(&copy);
+    return order;
 }
 
-/** The drawables of what is hovered and of what stands below it. */
-QSet<const IDrawable*> HoveredDrawables(qint64 nViewId)
+/** All copies whose boxes come into the rectangle; nothing is met yet. */
+Copies CopiesIn(const SPickArea& area)
 {
-    const CSelectableManager& manager = CSelectableManager::Instance();
-    const QVector<ISelectable*> hovered = manager.GetHovered(nViewId);
+    Copies found;
+    AnyPickable(area.nViewId, [&](IDrawable& drawable, const CSeenCopies& copies) {
+        return copies.Any(drawable, [&](const DMatrix4x4& toWorld) {
+            const DMatrix4x4 seen = area.view * toWorld;
+            if (MissesBox(seen, area.rect, drawable))
+                return false;
+            const PickGeometry::SSeenBox box(seen, drawable.boundsMinimum(), drawable.boundsMaximum());
+            found.push_back({&drawable, toWorld, seen, box.maximum.z});
+            return false;
+        });
+    });
+    return found;
+}
+
+/** Finds what of the copy the pointer meets. */
+void Meet(const SPickArea& area, SUnderPointer& copy)
+{
+    CGLTree& tree = copy.pDrawable->pickTree();
+    const bool bHoles = !copy.pDrawable->showHoles();
+    if (copy.HasFill())
+        copy.dDepth = tree.frontTriangle(copy.seen, area.rect.Middle(), bHoles);
+    copy.bHides = copy.IsMet();
+    if (copy.bHides)
+        return;
+    const int nKinds = ViewPicker::PickKinds(copy.pDrawable->displayType());
+    copy.dDepth = tree.frontLine(copy.seen, area.rect, nKinds, bHoles);
+    copy.bBeside = copy.IsMet() && copy.HasFill();
+}
+
+/** In one place, as far as the pointer can tell. */
+double Together(const SPickArea& area) { return 1e-3 * (area.rect.dRight - area.rect.dLeft); }
+
+/** Leaves those that are met, the one in front first; what lies beside the pointer comes last. */
+void SortFromFront(const SPickArea& area, CopyOrder& copies)
+{
+    std::erase_if(copies, [](const auto* pCopy) { return !pCopy->IsMet(); });
+    std::sort(copies.begin(), copies.end(), [](const auto* a, const auto* b) {
+        return std::pair(a->bBeside, -a->dDepth) < std::pair(b->bBeside, -b->dDepth);
+    });
+    // Those in one place keep the order of their drawables wherever on them the pointer is.
+    for (auto first = copies.begin(); first != copies.end();) {
+        const auto end = std::find_if(first, copies.end(), [&](const auto* pCopy) {
+            return pCopy->bBeside != (*first)->bBeside || (*first)->dDepth - pCopy->dDepth > Together(area);
+        });
+        std::sort(first, end); // as they stand in memory
+        first = end;
+    }
+}
+
+/** Leaves what can be seen at the pointer, from the front to what hides all behind it. */
+void FindSeen(const SPickArea& area, CopyOrder& copies)
+{
+    std::sort(copies.begin(), copies.end(),
+              [](const auto* a, const auto* b) { return a->dBoxFront > b->dBoxFront; });
+    double dHidden = CGLTree::NOT_MET;
+    for (SUnderPointer* const pCopy : copies) {
+        if (pCopy->dBoxFront < dHidden - Together(area))
+            break;
+        Meet(area, *pCopy);
+        if (pCopy->bHides)
+            dHidden = std::max(dHidden, pCopy->dDepth);
+    }
+    SortFromFront(area, copies);
+    const auto hiding = std::find_if(copies.begin(), copies.end(), [](const auto* p) { return p->bHides; });
+    if (hiding != copies.end())
+        copies.erase(hiding + 1, copies.end());
+}
+
+/** The node that is seen nearest to the pointer, of the first of the copies that has one in reach. */
+SPointPick NearestNode(const SPickArea& area, CopyOrder copies)
+{
+    FindSeen(area, copies);
+    const double dRadius = 0.5 * (area.rect.dRight - area.rect.dLeft);
+    for (const SUnderPointer* const pCopy : copies) {
+        IDrawable& drawable = *pCopy->pDrawable;
+        const CGLItem* const pItem = drawable.pickTree().nearestPoint(
+            pCopy->seen, area.rect.Middle(), dRadius, !drawable.showHoles(), pCopy->HasFill());
+        if (!pItem)
+            continue;
+        const SPickedPoint point = drawable.pickedPoint(pItem->nCorners[0]);
+        return {point, pCopy->toWorld.MapPoint(point.xyz), &drawable};
+    }
+    return {};
+}
+
+/** The drawables of an item and of what stands below it. */
+QSet<const IDrawable*> DrawablesOf(const ISelectable& item)
+{
     QSet<const IDrawable*> drawables;
-    if (hovered.isEmpty())
-        return drawables;
-    for (const ISelectable* const pSelectable : manager.GetSelectables(nViewId)) {
-        const auto isAbove = [&](const ISelectable* p) {
-            return p == pSelectable || pSelectable->isDescendantOf(p);
-        };
-        if (std::any_of(hovered.begin(), hovered.end(), isAbove))
+    for (const ISelectable* const pSelectable : CSelectableManager::Instance().GetSelectables(item.viewId()))
+        if (pSelectable == &item || pSelectable->isDescendantOf(&item))
             for (const IDrawable* const pDrawable : pSelectable->drawables())
                 drawables.insert(pDrawable);
-    }
     return drawables;
 }
 
@@ -136,22 +222,34 @@ QVector<ISelectable*> ViewPicker::HitsInside(const SPickArea& area, const SPickR
     return inside;
 }
 
-SPointPick ViewPicker::FirstPoint(const SPickArea& area)
+QVector<ISelectable*> ViewPicker::HitsFromFront(const SPickArea& area)
 {
-    const QSet<const IDrawable*> hovered = HoveredDrawables(area.nViewId);
-    SPointPick pick;
-    const auto take = [&](bool bHovered) {
-        AnyPickable(area.nViewId, [&](IDrawable& drawable, const CSeenCopies& copies) {
-            if (hovered.contains(&drawable) == bHovered)
-                pick = PointOf(area, copies, drawable);
-            return pick.pDrawable != nullptr;
-        });
-    };
-    if (!hovered.isEmpty())
-        take(true);
-    if (!pick.pDrawable)
-        take(false);
-    return pick;
+    Copies copies = CopiesIn(area);
+    for (SUnderPointer& copy : copies)
+        Meet(area, copy);
+    CopyOrder met = OrderOf(copies, [](const SUnderPointer& copy) { return copy.IsMet(); });
+    SortFromFront(area, met);
+    QVector<ISelectable*> hits;
+    QSet<const ISelectable*> known;
+    for (const SUnderPointer* const pCopy : met)
+        for (ISelectable* const pOwner : pCopy->pDrawable->ownerSelectables())
+            if (!known.contains(pOwner)) {
+                known.insert(pOwner);
+                hits.append(pOwner);
+            }
+    return hits;
+}
+
+SPointPick ViewPicker::PointAt(const SPickArea& area, const ISelectable* pAsked)
+{
+    Copies copies = CopiesIn(area);
+    if (pAsked) {
+        const QSet<const IDrawable*> drawables = DrawablesOf(*pAsked);
+        const auto isAsked = [&](const SUnderPointer& copy) { return drawables.contains(copy.pDrawable); };
+        if (const SPointPick pick = NearestNode(area, OrderOf(copies, isAsked)); pick.pDrawable)
+            return pick;
+    }
+    return NearestNode(area, OrderOf(copies, [](const SUnderPointer&) { return true; }));
 }
 
 qint64 ViewPicker::CountNewItems(const SPickArea& area)

@@ -39,6 +39,12 @@ int PickKinds(DisplayType_e eType);
 QVector<ISelectable*> Hits(const SPickArea& area);
 
 /**
+ * The same under a pointer, whose reach the rectangle is: what is in front at its middle comes first. Lines
+ * and points count within the reach; what is filled comes last where the pointer is only beside it.
+ */
+QVector<ISelectable*> HitsFromFront(const SPickArea& area);
+
+/**
  * Those that lie wholly in the rectangle: hits that aren't hit in the rectangles that surround it.
  *
  * @param whole  what the view shows; where it ends at the rectangle there is no surrounding one
@@ -46,9 +52,13 @@ QVector<ISelectable*> Hits(const SPickArea& area);
 QVector<ISelectable*> HitsInside(const SPickArea& area, const SPickRect& whole);
 
 /**
- * The first point in the rectangle. What is hovered, or stands below what is hovered, goes ahead of all else.
+ * The node of what is in front under a pointer, whose reach the rectangle is, that is seen nearest to it.
+ * What hides the rest has it or none has.
+ *
+ * @param pAsked  an item that goes ahead of all else with what stands below it, though it may lie behind; or
+ *                null
  */
-SPointPick FirstPoint(const SPickArea& area);
+SPointPick PointAt(const SPickArea& area, const ISelectable* pAsked = nullptr);
 
 /** How many pick items a pick in the rectangle would first have to put into trees: what is picked there
  * first. */

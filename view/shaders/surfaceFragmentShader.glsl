@@ -18,6 +18,7 @@ uniform float u_useOutlineColor;
 uniform float u_maskMode;
 uniform vec4 u_maskColor;
 uniform float u_outlineSelectMode;
+uniform float u_brightness; // of colours of the map
 uniform sampler1D u_colormapTexture;
 
 varying vec3 v_normal;
@@ -25,6 +26,18 @@ varying float v_texture;
 varying float v_value;
 varying vec3 v_threshold;
 varying float v_isOutline;
+
+#ifdef PEELING
+uniform sampler2D u_peeledDepth;
+uniform vec2 u_texelSize;
+const float DEPTH_STEP = 1.2e-7; // two of a buffer of 24 bits
+
+// The place was drawn with a layer in front of this one.
+bool isPeeled()
+{
+    return gl_FragCoord.z <= texture2D(u_peeledDepth, gl_FragCoord.xy * u_texelSize).r + DEPTH_STEP;
+}
+#endif
 
 bool isOutside(int row)
 {
@@ -53,6 +66,10 @@ vec4 lit(vec4 color)
 
 void main()
 {
+#ifdef PEELING
+    if (isPeeled())
+        discard;
+#endif
     if (isOutside(0) || isOutside(1) || isOutside(2))
         discard;
     if (u_maskMode == 1.0) {
@@ -75,8 +92,14 @@ void main()
     else if (isOutline && u_useOutlineColor == 1.0)
         color = u_outlineColor;
 
-    if (!isHighlighted && !isSelected && !isPreview && u_colorMap.x != 0.0)
+    if (!isHighlighted && !isSelected && !isPreview && u_colorMap.x != 0.0) {
         color = v_value > -1e30 && v_value < 1e30 ? texture1D(u_colormapTexture, v_texture) : u_nanColor;
+        color.rgb *= u_brightness;
+    }
     color = lit(color);
+#ifdef PEELING
+    gl_FragColor = vec4(color.rgb * u_alphaValue, u_alphaValue);
+#else
     gl_FragColor = vec4(color.rgb, u_alphaValue);
+#endif
 }

@@ -13,7 +13,6 @@ uniform vec4 u_previewColor;
 uniform vec4 u_nanColor;
 uniform float u_maskMode;
 uniform vec4 u_maskColor;
-uniform float u_outlineSelectMode;
 uniform float u_vecSkip;
 uniform sampler1D u_colormapTexture;
 
@@ -21,6 +20,18 @@ varying float v_texture;
 varying float v_value;
 varying vec3 v_threshold;
 varying vec3 v_ij;
+
+#ifdef PEELING
+uniform sampler2D u_peeledDepth;
+uniform vec2 u_texelSize;
+const float DEPTH_STEP = 1.2e-7; // two of a buffer of 24 bits
+
+// The place was drawn with a layer in front of this one.
+bool isPeeled()
+{
+    return gl_FragCoord.z <= texture2D(u_peeledDepth, gl_FragCoord.xy * u_texelSize).r + DEPTH_STEP;
+}
+#endif
 
 bool isOutside(int row)
 {
@@ -36,15 +47,19 @@ bool isSkipped(float index)
 
 void main()
 {
+#ifdef PEELING
+    if (isPeeled())
+        discard;
+#endif
     if (isOutside(0) || isOutside(1) || isOutside(2) || isSkipped(v_ij.x) || isSkipped(v_ij.y))
         discard;
     if (u_maskMode == 1.0) {
         gl_FragColor = u_maskColor;
         return;
     }
-    bool takesSelection = u_outlineSelectMode != 1.0;
-    bool isHighlighted = u_highlighted == 1.0 && takesSelection;
-    bool isSelected = u_selected == 1.0 && takesSelection;
+    // In every mode: no line goes round arrows.
+    bool isHighlighted = u_highlighted == 1.0;
+    bool isSelected = u_selected == 1.0;
     bool isPreview = u_isPreview == 1.0;
 
     vec4 color = u_constColor;
@@ -56,5 +71,9 @@ void main()
         color = u_selectColor;
     else if (u_colorMap.x != 0.0)
         color = v_value > -1e30 && v_value < 1e30 ? texture1D(u_colormapTexture, v_texture) : u_nanColor;
+#ifdef PEELING
+    gl_FragColor = vec4(color.rgb * u_alphaValue, u_alphaValue);
+#else
     gl_FragColor = vec4(color.rgb, u_alphaValue);
+#endif
 }

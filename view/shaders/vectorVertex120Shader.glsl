@@ -33,12 +33,14 @@ vec3 planeNormal()
         return vec3(0.0, 1.0, 0.0);
     if (u_vecPlane < 3.5)
         return vec3(1.0, 0.0, 0.0);
-    return normalize(a_normal);
+    float normalLength = length(a_normal);
+    return normalLength <= 1e-8 ? vec3(0.0) : a_normal / normalLength; // a singular cell has no plane
 }
 
 vec3 corner()
 {
-    vec3 arrow = (a_vector - a_vector * planeNormal()) * u_vecBodyScale;
+    vec3 normal = planeNormal();
+    vec3 arrow = (a_vector - dot(a_vector, normal) * normal) * u_vecBodyScale;
     vec3 head = a_position + arrow;
     float index = a_ij.z;
     if (index < 0.5)

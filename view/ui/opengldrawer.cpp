@@ -8,6 +8,7 @@
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 #include "view/annotations/annotationcolormap.h"
+#include "view/annotations/legendplaces.h"
 #include "view/overlays.h"
 #include "view/planecase.h"
 #include "view/scalebar.h"
@@ -136,7 +137,7 @@ void COpenGLDrawer::paintGL()
 void COpenGLDrawer::PaintBackground(QPainter& painter) const
 {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(m_capture ? m_capture->background : CPreferences::Instance().Draw().background);
+    painter.setBrush(Canvas().background);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.drawRect(rect());
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
@@ -170,19 +171,26 @@ void COpenGLDrawer::PaintScene(bool bInteracting)
     frame.viewport = size() * devicePixelRatioF();
     frame.bBoundingBoxes = bInteracting && m_eDemotion == DemotionBoundingBox;
     frame.bCheckDrawables = TakeNeedsCheck();
+    frame.bMarks = !m_capture;
     frame.fScale = float(devicePixelRatioF() * RenderScale());
     if (m_bMeasureShown && m_measureFrom && m_measureTo)
         frame.measureLine = {*m_measureFrom, *m_measureTo};
     m_renderer.Render(frame);
 }
 
+QVector<IDrawable*> COpenGLDrawer::Drawables() const
+{
+    QVector<IDrawable*> drawables;
+    for (const qint64 nSimulationId : CSimulationManager::Instance().GetSimulationIds(m_nViewId))
+        drawables += CDrawableManager::Instance().GetDrawables(m_nViewId, nSimulationId);
+    return drawables;
+}
+
 QVector<IDrawable*> COpenGLDrawer::VisibleDrawables() const
 {
-    QVector<IDrawable*> visible;
-    for (const qint64 nSimulationId : CSimulationManager::Instance().GetSimulationIds(m_nViewId))
-        for (IDrawable* const pDrawable : CDrawableManager::Instance().GetDrawables(m_nViewId, nSimulationId))
-            if (pDrawable->isVisible())
-                visible.append(pDrawable);
+    QVector<IDrawable*> visible = Drawables();
+    visible.erase(std::remove_if(visible.begin(), visible.end(), [](auto* p) { return !p->isVisible(); }),
+                  visible.end());
     return visible;
 }
 
@@ -220,29 +228,41 @@ void COpenGLDrawer::RestoreDemoted()
     if (!std::exchange(m_bDemoted, false))
         return;
     const QHash<IDrawable*, SShownParts> saved = std::exchange(m_savedParts, {});
-    for (const qint64 nSimulationId : CSimulationManager::Instance().GetSimulationIds(m_nViewId))
-        for (IDrawable* const pDrawable :
-             CDrawableManager::Instance().GetDrawables(m_nViewId, nSimulationId)) // those that still live
-            if (const auto parts = saved.constFind(pDrawable); parts != saved.cend()) {
-                pDrawable->setDisplayTypeQuick(parts->eType);
-                pDrawable->setDrawWireframe(parts->bWireframe);
-                pDrawable->setDrawShaded(parts->bShaded);
-                pDrawable->setDrawNodes(parts->bNodes);
-                pDrawable->setDrawOutlines(parts->bOutlines);
-                pDrawable->setDrawContours(parts->bContours);
-                pDrawable->setDrawVectors(parts->bVectors);
-            }
+    for (IDrawable* const pDrawable : Drawables()) // those that still live
+        if (const auto parts = saved.constFind(pDrawable); parts != saved.cend()) {
+            pDrawable->setDisplayTypeQuick(parts->eType);
+            pDrawable->setDrawWireframe(parts->bWireframe);
+            pDrawable->setDrawShaded(parts->bShaded);
+            pDrawable->setDrawNodes(parts->bNodes);
+            pDrawable->setDrawOutlines(parts->bOutlines);
+            pDrawable->setDrawContours(parts->bContours);
+            pDrawable->setDrawVectors(parts->bVectors);
+        }
 }
 
 // What is painted over the scene.
+
+SCanvas COpenGLDrawer::Canvas() const
+{
+    const QBrush& background = m_capture ? m_capture->background : CPreferences::Instance().Draw().background;
+    return {(QSizeF(size()) / RenderScale()).toSize(), RenderScale(), background, !m_capture};
+}
+
+QColor COpenGLDrawer::OverlayColor(const QPointF& place) const
+{
+    return Canvas().TextColor(CPreferences::Instance().Draw().axesColor,
+                              QRectF(place / RenderScale(), QSizeF()));
+}
 
 void COpenGLDrawer::PaintAnnotations(QPainter& painter)
 {
     if (m_capture && !m_capture->parts.bAnnotations)
         return;
+    const SCanvas canvas = Canvas();
+    PlaceLegends(Drawables(), canvas.size);
     for (const IDrawable* const pDrawable : VisibleDrawables())
         if (CAnnotationColormap* const pLegend = pDrawable->annotationColormap(); pLegend->isVisible())
-            pLegend->paint(&painter, RenderScale());
+            pLegend->paint(&painter, canvas);
 }
 
 void COpenGLDrawer::PaintOverlays(QPainter& painter, bool bInteracting)
@@ -250,11 +270,13 @@ void COpenGLDrawer::PaintOverlays(QPainter& painter, bool bInteracting)
     const SDrawPreferences& draw = CPreferences::Instance().Draw();
     const double dScale = RenderScale();
     if (m_capture ? m_capture->parts.bAxes : draw.bShowAxes)
-        Overlays::PaintAxes(painter, size(), m_camera.FloatView(), draw.axesColor, dScale);
+        Overlays::PaintAxes(painter, size(), m_camera.FloatView(),
+                            OverlayColor(Overlays::AxesOrigin(size(), dScale)), dScale);
     PaintRotationMarker(painter, bInteracting);
-    if (m_capture ? m_capture->parts.bScale : !bInteracting && draw.bShowScaling)
-        Overlays::PaintScaleBar(painter, MakeScaleBar(size() / dScale, m_camera.Box().Width()),
-                                draw.axesColor, dScale);
+    if (m_capture ? m_capture->parts.bScale : !bInteracting && draw.bShowScaling) {
+        const SScaleBar bar = MakeScaleBar(size() / dScale, m_camera.Box().Width());
+        Overlays::PaintScaleBar(painter, bar, OverlayColor({0.5 * width(), bar.dY * dScale}), dScale);
+    }
     if (const QRect band = RubberBand(); !m_capture && !band.isEmpty())
         Overlays::PaintRubberBand(painter, band);
 }
@@ -275,8 +297,8 @@ void COpenGLDrawer::PaintRotationMarker(QPainter& painter, bool bInteracting)
                         (draw.nRotationAxisVisibility == ON_ROTATION && (bInteracting || bJustNow));
     if (m_capture || !bShown || !ShowsItems())
         return;
-    Overlays::PaintRotationPoint(painter, size(), m_camera.ToPixel(m_camera.RotationPoint()),
-                                 m_camera.FloatView(), draw.axesColor, 1.0);
+    const QPointF origin = m_camera.ToPixel(m_camera.RotationPoint());
+    Overlays::PaintRotationPoint(painter, size(), origin, m_camera.FloatView(), OverlayColor(origin), 1.0);
     if (draw.nRotationAxisVisibility == ON_ROTATION && bJustNow) // one more frame takes it away
         QTimer::singleShot(int(MARKER_MS + 16 - m_sinceRotation.elapsed()), this, [this] { UpdateCamera(); });
 }

@@ -3,6 +3,7 @@
 #include "frame/capture.h"
 #include "frame/inputstate.h"
 #include "scene/displaytype.h"
+#include "view/annotations/canvas.h"
 #include "view/cameramath.h"
 #include "view/cameramoves.h"
 #include "view/cameraoperator.h"
@@ -109,12 +110,17 @@ private:
     void RestoreDemoted();
     void PaintScene(bool bInteracting);
     void PaintOverlays(QPainter& painter, bool bInteracting);
+    /** What is painted over the scene is painted on. */
+    SCanvas Canvas() const;
+    /** Of axes, scale and their texts. @param place  [pixels of the picture] */
+    QColor OverlayColor(const QPointF& place) const;
     void PaintAnnotations(QPainter& painter);
     void PaintRotationMarker(QPainter& painter, bool bInteracting);
     bool ShowsItems();
     /** Only the camera, or what lies over the scene, has changed. */
     void UpdateCamera();
     bool TakeNeedsCheck();
+    QVector<IDrawable*> Drawables() const;
     QVector<IDrawable*> VisibleDrawables() const;
     SViewBounds BoundsInView(bool bSelectedOnly) const;
 
@@ -148,6 +154,7 @@ private:
     static std::unique_ptr<CWaitCursor> WaitFor(const SPickArea& area);
     void Hover();
     void ShowHover();
+    void Tell(const QString& sText);
     void StepHover();
     void ClearHover();
     void PickPoint();
@@ -178,6 +185,7 @@ private:
     bool m_bInside = false;
     CHoverList m_hover; // what lies under the pointer
     SPointPick m_picked;
+    QString m_sTold;                        // in the status bar, of what is under the pointer
     std::optional<DVector3D> m_measureFrom; // the end of the measured line that was pressed last
     std::optional<DVector3D> m_measureTo;
     bool m_bMeasureShown = false; // from a press until its key is released
@@ -188,7 +196,7 @@ private:
     bool m_bFitNext = false;
     std::optional<bool> m_showsItems; // unknown after a selectable has come or gone
     CAnnotation* m_pDragged = nullptr;
-    QPoint m_dragStart;
+    QPoint m_dragGrip; // from its place to the pointer
     /** A picture that is being captured. */
     struct SCapturing
     {

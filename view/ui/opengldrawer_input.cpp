@@ -185,9 +185,10 @@ void COpenGLDrawer::mousePressEvent(QMouseEvent* pEvent)
     m_input.SetModifiers(pEvent->modifiers());
     m_input.PressButton(pEvent->button(), pEvent->pos());
     m_pDragged = pEvent->button() == Qt::LeftButton ? AnnotationAt(pEvent->pos()) : nullptr;
-    m_dragStart = pEvent->pos();
-    if (m_pDragged)
+    if (m_pDragged) {
+        m_dragGrip = pEvent->pos() - m_pDragged->shownPosition();
         m_input.Clear();
+    }
     StartTimer();
 }
 
@@ -202,8 +203,7 @@ void COpenGLDrawer::mouseMoveEvent(QMouseEvent* pEvent)
     if (m_pDragged && !IsShown(m_pDragged))
         m_pDragged = nullptr; // it went with its item
     if (m_pDragged) {
-        m_pDragged->moveBy(pEvent->pos() - m_dragStart);
-        m_dragStart = pEvent->pos();
+        m_pDragged->setPosition(m_pDragged->inside(pEvent->pos() - m_dragGrip, size()));
         UpdateCamera();
         return;
     }
@@ -305,6 +305,7 @@ void COpenGLDrawer::leaveEvent(QEvent* pEvent)
     QOpenGLWidget::leaveEvent(pEvent);
     m_bInside = false;
     ClearHover();
+    CWidgetManager::Instance().ForgetStatusText(m_sTold); // a picked point needs nothing hovered
     ShowHot(nullptr);
 }
 

@@ -37,17 +37,24 @@ void COpenGLDrawer::Hover()
 {
     const SPickArea area = AreaAtCursor();
     const auto pWait = WaitFor(area);
-    if (m_hover.Update(ViewPicker::Hits(area)))
+    if (m_hover.Update(ViewPicker::HitsFromFront(area)))
         ShowHover();
 }
 
 void COpenGLDrawer::ShowHover()
 {
-    if (const ISelectable* const pCurrent = m_hover.Current()) {
-        const QString sShort = Get(*pCurrent, SelectableKey::STATUSBAR_STRING);
-        CWidgetManager::Instance().SetStatusText(sShort.isEmpty() ? pCurrent->name() : sShort);
-    }
+    if (const ISelectable* const pCurrent = m_hover.Current())
+        Tell(StatusText::OfItem(Get(*pCurrent, SelectableKey::STATUSBAR_STRING), pCurrent->name()));
+    else
+        CWidgetManager::Instance().ForgetStatusText(m_sTold);
     UpdateCamera(); // selection and highlight need no building
+}
+
+/** In the status bar, until the pointer has gone on. */
+void COpenGLDrawer::Tell(const QString& sText)
+{
+    m_sTold = sText;
+    CWidgetManager::Instance().SetStatusText(sText);
 }
 
 void COpenGLDrawer::StepHover()
@@ -59,21 +66,21 @@ void COpenGLDrawer::StepHover()
 void COpenGLDrawer::ClearHover()
 {
     if (m_hover.Clear())
-        UpdateCamera();
+        ShowHover();
 }
 
 void COpenGLDrawer::PickPoint()
 {
     const SPickArea area = AreaAtCursor();
     const auto pWait = WaitFor(area);
-    m_picked = ViewPicker::FirstPoint(area);
+    m_picked = ViewPicker::PointAt(area, m_hover.Asked());
     if (!m_picked.point.bHasPoint)
         return;
     // Not the hovered item's name: while the key is held, the pointer goes on to others.
-    CWidgetManager::Instance().SetStatusText(StatusText::OfPoint(m_picked.point.sItemName, m_picked.point));
+    Tell(StatusText::OfPoint(m_picked.point.sItemName, m_picked.point));
     if (m_bMeasureShown && IsMeasuring()) {
         m_measureTo = m_picked.displayed;
-        CWidgetManager::Instance().SetStatusText(StatusText::Distance(*m_measureFrom, *m_measureTo));
+        Tell(StatusText::Distance(*m_measureFrom, *m_measureTo));
         UpdateCamera();
     }
 }
@@ -102,7 +109,7 @@ void COpenGLDrawer::MeasurePress()
     m_bMeasureShown = true;
     if (former) {
         m_measureTo = former;
-        CWidgetManager::Instance().SetStatusText(StatusText::DistanceFromPrevious(*former, *m_measureFrom));
+        Tell(StatusText::DistanceFromPrevious(*former, *m_measureFrom));
     }
     UpdateCamera();
 }

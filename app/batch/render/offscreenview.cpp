@@ -20,10 +20,7 @@ constexpr double FREE_BORDER = 1.06; // view to case
 /** What a frame reads of the user's settings: those of the request, the defaults for the rest. */
 void SetDrawSettings(const SRenderRequest& request)
 {
-    enum { HIDE_ROTATION_AXIS };
     CPreferences& preferences = CPreferences::Instance();
-    Set(preferences, PreferenceKey::SHOW_AXES, request.bAxes);
-    Set(preferences, PreferenceKey::ROTATION_AXIS_VISIBILITY, HIDE_ROTATION_AXIS);
     if (request.background.isValid())
         for (const SKey<QColor>& key : PreferenceKey::BACKGROUND_COLORS)
             Set(preferences, key, request.background);
@@ -103,6 +100,10 @@ QImage OffscreenView::Draw(qint64 nViewId, const SRenderRequest& request,
         drawer.SetCamera(*stored, FitAll);
     else
         SetCamera(drawer, request.view.value_or(UsualView(nViewId)));
-    const QImage image = drawer.grabFramebuffer();
+    SCaptureParts parts;
+    parts.bAxes = request.bAxes;
+    parts.bScale = CPreferences::Instance().Draw().bShowScaling;
+    QImage image;
+    drawer.renderToImage(image, 1.0, parts);
     return image.size() == request.size ? image.convertToFormat(QImage::Format_RGB32) : QImage();
 }

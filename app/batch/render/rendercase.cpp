@@ -12,7 +12,6 @@
 #include "scene/selectablemanager.h"
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"
-#include "view/annotations/annotationcolormap.h"
 #include "view/annotations/onelegend.h"
 #include "view/selectables/surfaceitems.h"
 #include "view/variablechoice.h"
@@ -20,8 +19,6 @@
 #include <QFileInfo>
 
 namespace {
-
-constexpr int DARK_BELOW = 128; // lightness
 
 /** Puts a file where it belongs; gives the problem in one line. */
 QString AddFile(CCaseRecords& records, const QString& sFileName, FileRole_e eRole)
@@ -141,7 +138,7 @@ BatchStatus_e CRenderCase::Show(const SRenderRequest& request)
         for (ISelectable* const pSelectable : Shown())
             pSelectable->setDisplayType(request.mode.value_or(DisplayShaded));
     if (request.bLegend)
-        ShowLegend(request.background);
+        ShowOneLegend(Shown());
     return BatchOk;
 }
 
@@ -238,16 +235,4 @@ BatchStatus_e CRenderCase::ShowVector(const QString& sName)
             pDrawable->build();
     VariableChoice::Show(Shown(), RoleVector, nId);
     return BatchOk;
-}
-
-/** In colours that can be read on the background. */
-void CRenderCase::ShowLegend(const QColor& background) const
-{
-    CAnnotationColormap* const pLegend = ShowOneLegend(Shown());
-    if (!pLegend || !background.isValid() || background.lightness() >= DARK_BELOW)
-        return;
-    SLegendSettings settings = pLegend->settings();
-    for (SLegendText* const pText : {&settings.title, &settings.subtitle, &settings.labels})
-        pText->color = Qt::white;
-    pLegend->setSettings(settings);
 }

@@ -40,7 +40,6 @@ private:
     BatchStatus_e ShowScalar(const SRenderRequest& request);
     BatchStatus_e ShowVector(const QString& sName);
     BatchStatus_e FindVariable(const QString& sName, bool bVector, qint64& nId);
-    void ShowLegend(const QColor& background) const;
     /** What is on show and has a look of its own. */
     QVector<ISelectable*> Shown() const;
 

@@ -80,6 +80,7 @@ void CDisplayPage::BindColors()
     m_binder.Bind(m_pUi->m_pUseOutlineColorCB, USE_OUTLINE_COLOR);
     m_binder.Bind(m_pUi->m_pPreviewColorB, PREVIEW_COLOR);
     m_binder.Bind(m_pUi->m_pAxesColorB, AXES_COLOR);
+    m_pUi->m_pAxesColorB->OfferAutomatic();
 }
 
 void CDisplayPage::BindViews()

@@ -50,7 +50,7 @@ TEST_F(Plot3DRead, AGridThatDoesntFitSaysWhy)
     ExpectFailure(CheckGrid(file, "a.xyz", {false, 1, {4, 3, 2}}), "Invalid grid precision");
     ExpectFailure(CheckGrid(file, "a.xyz", {true, 2, {4, 3, 2}}), "Invalid File Index: 3 of 2)");
     ExpectFailure(CheckGrid(file, "a.xyz", {true, -1, {4, 3, 2}}), "Invalid File Index: 0 of 2)");
-    ExpectFailure(CheckGrid(file, "a.xyz", {true, 0, {4, 3, 2}}), "Grid Dimensions don't match a.xyz 4 3 2");
+    ExpectFailure(CheckGrid(file, "a.xyz", {true, 0, {4, 3, 2}}), "Grid Dimensions dont match a.xyz 4 3 2");
     ExpectFailure(CheckGrid(SPlot3DFile(), "a.xyz", {true, 0, {4, 3, 2}}), "");
 }
 
@@ -68,7 +68,7 @@ TEST_F(Plot3DRead, ASolutionThatDoesntFitSaysWhy)
     EXPECT_TRUE(CheckSolution(file, {true, 1, {4, 3, 2}}).IsOk());
     ExpectFailure(CheckSolution(file, {false, 1, {4, 3, 2}}), "Invalid solution precision");
     ExpectFailure(CheckSolution(file, {true, 2, {4, 3, 2}}), "Invalid File Index: 3 of 2");
-    ExpectFailure(CheckSolution(file, {true, 1, {4, 3, 1}}), "Warning: Solution Dimensions don't match");
+    ExpectFailure(CheckSolution(file, {true, 1, {4, 3, 1}}), "Warning: Solution Dimensions dont match");
     ExpectFailure(CheckSolution(SPlot3DFile(), {true, 1, {4, 3, 2}}), "");
 }
 

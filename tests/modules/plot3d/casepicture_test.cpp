@@ -86,7 +86,7 @@ protected:
             for (ISelectable* const p : CSelectableManager::Instance().GetSelectables(VIEW, nSimulation))
                 if (CAnnotationColormap* const pLegend = p->annotationColormap();
                     pLegend && pLegend->isVisible())
-                    pLegend->paint(&painter, 1.0);
+                    pLegend->paint(&painter, {SIZE});
         return image;
     }
     static int CountColors(const QImage& image)

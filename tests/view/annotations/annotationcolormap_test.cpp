@@ -53,7 +53,7 @@ protected:
         QImage image(int(400 * dScale), int(400 * dScale), QImage::Format_RGB32);
         image.fill(Qt::gray);
         QPainter painter(&image);
-        Annotation().paint(&painter, dScale);
+        Annotation().paint(&painter, {{400, 400}, dScale, Qt::gray});
         return image;
     }
 
@@ -67,7 +67,7 @@ protected:
 TEST_F(Legend, NumbersStandBesideTheBarTheMinimumAtTheBottom)
 {
     const SLegendLayout layout = Layout([](SLegendSettings& settings) { settings.nLabelCount = 3; });
-    const int nHeight = QFontMetrics(QFont()).height();
+    const int nHeight = QFontMetrics(OverlayFont()).height();
     const int nAhead = 2 * (nHeight + 8); // title and subtitle with their gaps
     const int nTop = 50 - nHeight / 2 + nAhead;
     EXPECT_EQ(Annotation().content().sLabelList, QStringList({"0.000", "0.500", "1.000"}));
@@ -101,7 +101,7 @@ TEST_F(Legend, ADragMovesAllOfItAsALayoutWould)
 {
     Painted();
     const SLegendLayout before = Annotation().layout();
-    Annotation().moveBy({100, -20});
+    Annotation().setPosition({150, 30});
     EXPECT_FALSE(Annotation().hitTest({50, 51}));
     EXPECT_TRUE(Annotation().hitTest({150, 31}));
     const SLegendLayout moved = Annotation().layout();
@@ -185,7 +185,7 @@ TEST_F(Legend, BothStoredFormsGiveItBackToAnotherDrawable)
     SLegendSettings settings;
     settings.title = {false, "T", QFont("Serif", 17), Qt::red};
     settings.subtitle.sText = "below";
-    settings.labels.color = Qt::blue;
+    settings.labels.color = Qt::black; // chosen, not automatic
     settings.nLabelCount = 5;
     settings.nFormat = LegendExponential;
     settings.nDigits = 6;
@@ -206,6 +206,54 @@ TEST_F(Legend, BothStoredFormsGiveItBackToAnotherDrawable)
         EXPECT_EQ(pRead->brush().color(), QColor(1, 2, 3));
         EXPECT_EQ(pRead->position(), QPoint(12, 34));
     }
+}
+
+TEST_F(Legend, ATextFindsTheColourThatStandsOutAndIsLargeEnough)
+{
+    EXPECT_EQ(ColorToReadOn(QColor(16, 56, 121)), QColor(Qt::white)); // the default background
+    EXPECT_EQ(ColorToReadOn(QColor(240, 240, 240)), QColor(Qt::black));
+    EXPECT_EQ(ColorToReadOn(QColor(0, 160, 0)), QColor(Qt::black)); // though dark by its mean
+    QLinearGradient gradient(0, 0, 1, 0);
+    gradient.setCoordinateMode(QGradient::ObjectBoundingMode);
+    gradient.setColorAt(0.0, Qt::black);
+    gradient.setColorAt(1.0, Qt::white);
+    const SCanvas canvas{{400, 400}, 1.0, gradient};
+    EXPECT_EQ(canvas.TextColor({}, QRectF(10, 10, 50, 20)), QColor(Qt::white));
+    EXPECT_EQ(canvas.TextColor({}, QRectF(340, 10, 50, 20)), QColor(Qt::black));
+    EXPECT_EQ(canvas.TextColor(Qt::red, QRectF(10, 10, 50, 20)), QColor(Qt::red));
+    const SCanvas nothing{{400, 400}};
+    EXPECT_EQ(nothing.TextColor({}, QRectF()), QColor(Qt::black));
+    EXPECT_FALSE(Annotation().settings().title.color.isValid());
+    EXPECT_GE(Annotation().settings().labels.font.pointSizeF(), 12.0);
+}
+
+TEST_F(Legend, FilesWithoutTheAutomaticColourHaveItWhereNobodyChose)
+{
+    QJsonObject json = Annotation().toJson();
+    QJsonObject title = json["title"].toObject();
+    title.remove("automaticColor");
+    json["title"] = title;
+    QJsonObject labels = title;
+    labels["color"] = "#ff00ff00";
+    json["labels"] = labels;
+    SLegendSettings settings;
+    settings.title.color = settings.labels.color = Qt::red;
+    Annotation().setSettings(settings);
+    Annotation().fromJson(json);
+    EXPECT_FALSE(Annotation().settings().title.color.isValid());
+    EXPECT_EQ(Annotation().settings().labels.color, QColor(Qt::green));
+
+    settings.title.color = QColor(); // stored as black, with the word that it is automatic
+    settings.labels.color = Qt::green;
+    settings.subtitle.color = Qt::black;
+    Annotation().setSettings(settings);
+    const QByteArray bytes = Annotation().toBinary();
+    CAnnotationColormap now, former;
+    EXPECT_TRUE(now.fromBinary(bytes));
+    EXPECT_EQ(now.settings(), settings);
+    EXPECT_TRUE(former.fromBinary(bytes.left(bytes.size() - 3)));
+    EXPECT_FALSE(former.settings().title.color.isValid());
+    EXPECT_EQ(former.settings().labels.color, QColor(Qt::green));
 }
 
 TEST_F(Legend, BytesThatEndEarlyChangeNothing)
@@ -263,6 +311,7 @@ TEST_F(Legend, EachNumberIsPaintedBesideTheColourOfItsValue)
         QImage expected(label.size(), QImage::Format_RGB32);
         expected.fill(Qt::gray);
         QPainter painter(&expected);
+        painter.setFont(OverlayFont());
         painter.drawText(expected.rect(), Qt::AlignLeft | Qt::AlignVCenter, content.sLabelList[n]);
         painter.end();
         for (int y = 0; y < label.height(); ++y)

@@ -58,6 +58,26 @@ protected:
         return nullptr;
     }
 
+    DVector3D Seen(const DMatrix4x4& view, const CGLItem& item, int nCorner) const
+    {
+        return view.MapPoint(m_positions[item.nCorners[nCorner]]);
+    }
+    /** The greatest z that depth(item) gives of all that aren't holes. */
+    template <class Depth> double FrontOf(int nKind, const Depth& depth)
+    {
+        double dFront = CGLTree::NOT_MET;
+        for (const CGLItem& item : m_tree.Items())
+            if (item.nKind == nKind && !item.bIsHole)
+                dFront = std::max(dFront, depth(item).value_or(CGLTree::NOT_MET));
+        return dFront;
+    }
+    double FrontTriangle(const DMatrix4x4& view, const SPickPoint& p)
+    {
+        return FrontOf(PickTriangle, [&](const CGLItem& item) {
+            return PickGeometry::DepthAt({Seen(view, item, 0), Seen(view, item, 1), Seen(view, item, 2)}, p);
+        });
+    }
+
     bool Hits(const SPickRect& rect, int nMask = ANY_PICK_KIND, bool bHoles = false)
     {
         return m_tree.anyHit({}, rect, nMask, bHoles);
@@ -140,6 +160,47 @@ TEST_F(GLTree, ItemsStandInTheOrderOfATreeThatIsBuiltNodeByNode)
         const std::span<const CGLItem> got = m_tree.Items();
         ASSERT_TRUE(std::equal(got.begin(), got.end(), expected.begin(), expected.end())) << nSeed;
     }
+}
+
+TEST_F(GLTree, FindsInFrontWhatATestOfAllItemsFinds)
+{
+    std::mt19937 random(5);
+    std::uniform_real_distribution<double> place(-1.0, 1.0), angle(-3.0, 3.0);
+    int nMet = 0, nNear = 0;
+    for (int nSeed = 1; nSeed <= 6; ++nSeed) {
+        BuildRandom(nSeed, 1000);
+        for (int nTry = 0; nTry < 300; ++nTry) {
+            const DMatrix4x4 view = nTry % 2 ? DMatrix4x4() : Turned(angle(random), angle(random));
+            const SPickPoint p{place(random), place(random)};
+            const double dReach = nTry % 3 ? 0.05 : 0.3;
+            const SPickRect rect{p.x - dReach, p.y - dReach, p.x + dReach, p.y + dReach};
+            const double dFront = FrontTriangle(view, p);
+            ASSERT_EQ(m_tree.frontTriangle(view, p, false), dFront) << nSeed << ' ' << nTry;
+            ASSERT_EQ(m_tree.frontLine(view, rect, PickLine, false),
+                      FrontOf(PickLine, [&](const CGLItem& item) -> std::optional<double> {
+                          if (!item.intersectsRect(m_positions, view, rect))
+                              return {};
+                          return PickGeometry::NearestOfLine(Seen(view, item, 0), Seen(view, item, 1), p).z;
+                      }));
+            const CGLItem* const pNearest = m_tree.nearestPoint(view, p, dReach, false, true);
+            const double dNearest = -FrontOf(PickPoint, [&](const CGLItem& item) -> std::optional<double> {
+                const DVector3D seen = Seen(view, item, 0);
+                const double d = std::sqrt(PickGeometry::Distance2({seen.x, seen.y}, p));
+                if (d > dReach || FrontTriangle(view, {seen.x, seen.y}) > seen.z + 1e-5)
+                    return {};
+                return -d;
+            });
+            ASSERT_EQ(pNearest != nullptr, dNearest <= dReach);
+            if (pNearest) {
+                const DVector3D seen = Seen(view, *pNearest, 0);
+                ASSERT_EQ(std::sqrt(PickGeometry::Distance2({seen.x, seen.y}, p)), dNearest);
+            }
+            nMet += dFront != CGLTree::NOT_MET;
+            nNear += pNearest != nullptr;
+        }
+    }
+    EXPECT_GT(nMet, 100);
+    EXPECT_GT(nNear, 500);
 }
 
 TEST_F(GLTree, FindsWhatATestOfAllItemsFinds)

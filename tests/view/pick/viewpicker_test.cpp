@@ -107,7 +107,7 @@ TEST_F(ViewPickerTest, HolesAreHitOnlyWhileTheyAreHidden)
     pSurface->setShowHoles(false);
     pSurface->build();
     EXPECT_TRUE(IsHit(0, 1)); // the box has grown along
-    EXPECT_TRUE(ViewPicker::FirstPoint(At(0, 1)).point.bIsHole);
+    EXPECT_TRUE(ViewPicker::PointAt(At(0, 1)).point.bIsHole);
 }
 
 TEST_F(ViewPickerTest, MirrorsSectorsModelAndExtensionMatricesAreAllSeen)
@@ -120,7 +120,7 @@ TEST_F(ViewPickerTest, MirrorsSectorsModelAndExtensionMatricesAreAllSeen)
     m_manager.SetMirror(VIEW, m_nSimulation, mirror);
     EXPECT_TRUE(IsHit(-3, 2));
     EXPECT_TRUE(IsHit(3, 2));
-    const SPointPick pick = ViewPicker::FirstPoint(At(-3, 2));
+    const SPointPick pick = ViewPicker::PointAt(At(-3, 2));
     EXPECT_EQ(pick.point.xyz, (DVector3D{3, 2, 0}));
     EXPECT_EQ(pick.displayed, (DVector3D{-3, 2, 0}));
     pSurface->m_givenModel.translate(0, 100, 0);
@@ -136,21 +136,66 @@ TEST_F(ViewPickerTest, MirrorsSectorsModelAndExtensionMatricesAreAllSeen)
     EXPECT_TRUE(IsHit(3, -48));
 }
 
-TEST_F(ViewPickerTest, APickedPointHasPlaceIndexAndNameAndWhatIsHoveredGoesAhead)
+TEST_F(ViewPickerTest, APickedPointHasPlaceIndexAndNameAndWhatIsAskedForGoesAhead)
 {
     Select({Square(0, 0)});
     CPickSelectable* const pChild = Select({Square(0, 0)});
     static_cast<CTestSurface*>(pChild->drawables().first())->m_sName = "child";
-    SPointPick pick = ViewPicker::FirstPoint(At(2, 1));
+    SPointPick pick = ViewPicker::PointAt(At(2, 1));
     EXPECT_EQ(pick.point.sItemName, "surface");
     EXPECT_EQ(pick.point.xyz, (DVector3D{2, 1, 0}));
     EXPECT_EQ(pick.point.ijk, (IVector3D{3, 2, 1}));
     EXPECT_EQ(pick.point.dValue, NO_VALUE);
     ISelectable* const pParent = Select({});
     pChild->addParent(pParent, false);
-    pParent->setHover(true);
-    EXPECT_EQ(ViewPicker::FirstPoint(At(2, 1)).point.sItemName, "child");
-    EXPECT_EQ(ViewPicker::FirstPoint(At(1.5, 0.5)).pDrawable, nullptr); // a face has no point
+    EXPECT_EQ(ViewPicker::PointAt(At(2, 1), pParent).point.sItemName, "child");
+    EXPECT_EQ(ViewPicker::PointAt(At(1.5, 0.5)).pDrawable, nullptr); // a face has no point
+}
+
+TEST_F(ViewPickerTest, WhatIsInFrontAtThePointerComesFirstAndHasTheNode)
+{
+    CTestSurface* const pBehind = Square(0, 0);
+    CTestSurface* const pFront = Square(-0.5, -0.5); // its nodes stand at halves
+    CTestSurface* const pLines = Square(0, 0.3);
+    pFront->m_givenModel.translate(0, 0, 1);
+    pLines->m_givenModel.translate(0, 0, 2);
+    for (CTestSurface* const pSurface : {pFront, pLines}) {
+        pSurface->invalidateAll();
+        pSurface->build();
+    }
+    pLines->setDisplayTypeQuick(DisplayOutline);
+    ISelectable* const pBack = Select({pBehind});
+    ISelectable* const pShown = Select({pFront});
+    ISelectable* const pLine = Select({pLines});
+    EXPECT_EQ(ViewPicker::HitsFromFront(At(0.9, 0.8)), (Selectables{pShown, pBack}));
+    EXPECT_EQ(ViewPicker::HitsFromFront(At(0.0, 0.6)), (Selectables{pLine, pShown, pBack}));
+    EXPECT_EQ(ViewPicker::HitsFromFront(At(1.6, 1.6, 0.2)), (Selectables{pBack, pShown})) << "beside it";
+    EXPECT_EQ(ViewPicker::PointAt(At(0.95, 0.95, 0.2)).pDrawable, nullptr) << "a node behind is hidden";
+    EXPECT_EQ(ViewPicker::PointAt(At(0.95, 0.95, 0.2), pBack).pDrawable, pBehind) << "but was asked for";
+    const SPointPick near = ViewPicker::PointAt(At(0.8, 0.85, 0.47)); // nearer to the hidden node at 1, 1
+    EXPECT_EQ(near.pDrawable, pFront);
+    EXPECT_EQ(near.point.xyz, (DVector3D{0.5, 0.5, 0.0}));
+}
+
+TEST_F(ViewPickerTest, OfASurfaceThatFoldsTheNodeInFrontIsTaken)
+{
+    // Half a tube along y: rows go round it, those behind are seen between those in front.
+    const auto place = [](qint64 r, qint64 c) {
+        const double dAngle = 0.1 + 2.0 * M_PI * double(r) / 40.0;
+        return DVector3D{std::cos(dAngle), 0.1 * double(c), std::sin(dAngle)};
+    };
+    auto* const pTube = new CTestSurface(m_nSimulation, VIEW, {41, 3}, place);
+    pTube->setDisplayTypeQuick(DisplayShaded);
+    Select({pTube});
+    for (double x = -0.9; x < 0.9; x += 0.017) {
+        const SPointPick pick = ViewPicker::PointAt(At(x, 0.1, 0.12));
+        ASSERT_TRUE(pick.pDrawable) << x;
+        EXPECT_GT(pick.point.xyz.z, 0.0) << x;
+        for (qint64 r = 0; r < 20; ++r)
+            if (place(r, 1).z > 0.0) {
+                EXPECT_LE(std::abs(pick.point.xyz.x - x), std::abs(place(r, 1).x - x) + 1e-12) << x;
+            }
+    }
 }
 
 TEST_F(ViewPickerTest, InTheBoxIsWhatDoesNotReachOutOfIt)
@@ -191,7 +236,7 @@ TEST_F(ViewPickerTest, SelectingChangesFlagsAndTellsOnce)
     expect({}, 1);
 }
 
-TEST_F(ViewPickerTest, TheHoveredItemStaysWhileThePointerIsOnIt)
+TEST_F(ViewPickerTest, WhatIsInFrontIsHoveredUntilTheKeyAsksForWhatLiesBehind)
 {
     ISelectable* const a = Select({});
     ISelectable* const b = Select({});
@@ -201,11 +246,15 @@ TEST_F(ViewPickerTest, TheHoveredItemStaysWhileThePointerIsOnIt)
     EXPECT_FALSE(a->isHover());
     EXPECT_FALSE(list.Update({b}));
     EXPECT_TRUE(list.Update({a, b}));
-    EXPECT_EQ(list.Current(), b);
+    EXPECT_EQ(list.Current(), a) << "the pointer has come to it";
+    EXPECT_EQ(list.Asked(), nullptr);
     EXPECT_TRUE(list.Step());
-    EXPECT_EQ(CSelectableManager::Instance().GetHovered(VIEW), Selectables{a});
-    list.Step();
-    list.Forget(a);
+    EXPECT_EQ(CSelectableManager::Instance().GetHovered(VIEW), Selectables{b});
+    ISelectable* const c = Select({});
+    list.Update({c, a, b});
+    EXPECT_EQ(list.Asked(), b) << "it stays while the pointer is on it";
+    list.Update({c, b});
+    list.Forget(c);
     EXPECT_EQ(list.Current(), b);
     list.Forget(b);
     EXPECT_EQ(list.Current(), nullptr);
