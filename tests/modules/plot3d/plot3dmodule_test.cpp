@@ -195,4 +195,8 @@ TEST_F(Plot3DModule, SettingsAreUnifiedAfterTheQuestion)
     EXPECT_EQ(user.Asked().last().sText,
               "Would you like to unify the data of 'Block 2' with its 1 occurrence(s)?");
     EXPECT_EQ(pTwin->GetInt("Setting", 0), 7);
+    simulation.Undo();
+    EXPECT_EQ(simulation.GetItem(5)->GetInt("Setting", 0), 0);
+    simulation.Redo();
+    EXPECT_EQ(simulation.GetItem(5)->GetInt("Setting", 0), 7);
 }
