@@ -14,7 +14,7 @@
 QVector<SBatchOption> CaseOptions()
 {
     return {{"--grid", "FILE", false, "Plot3D grid file"},
-            {"--q", "FILE", true, "Q file; several are the levels of a series"},
+            {"--q", "FILE", true, "Q file; several are the levels of a series (render: one)"},
             {"--function", "FILE", true, "function file"},
             {"--define", "NAME=FORMULA", true, "a variable over others: \"twice=2 * <P[Q]>\""},
             {"--variable", "NAME", true, "what to tell; ? lists the names"},
