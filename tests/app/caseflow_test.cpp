@@ -109,8 +109,7 @@ TEST_F(CaseFlow, WhatWasShownIsShownAgain)
     EXPECT_TRUE(again == picture);
 
     // The next time from the data, the user is asked for the display of the last time.
-    user.Press("Close");
-    emit pTabs->tabCloseRequested(0);
+    emit pTabs->tabCloseRequested(0); // it is as it was saved: nothing is asked
     user.ChooseEntry(QDir(m_folder.path()).entryList({"*~analyze.disp"}, QDir::Files, QDir::Name).last());
     m_pWindow->SlotOpenSimulation(Path("scene.x"));
     EXPECT_EQ(user.AskedChoices().last().sTitle, "Select Display File");

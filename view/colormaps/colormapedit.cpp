@@ -6,10 +6,15 @@
 
 namespace {
 
+/** Of the scalar, though an own colour may stand in for it now. */
 SValueRange ShownRange(IDrawable& drawable, const ISelectable&)
 {
+    const bool bOwnColor = drawable.geometricColor();
+    drawable.setGeometricColor(false);
     drawable.build(); // does nothing where all is as it was
     const QPointF own = drawable.scalarRange();
+    drawable.setGeometricColor(bOwnColor);
+    drawable.build();
     return {own.x(), own.y()};
 }
 

@@ -6,6 +6,7 @@
 #include "tests/support/print.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -41,7 +42,10 @@ TEST(ReplaceFile, AKillInTheMiddleLeavesAWholeFile)
     QTemporaryDir folder;
     const QString sFile = folder.filePath("case.zento");
     const QByteArray contents[] = {QByteArray(LARGE, 'a'), QByteArray(LARGE, 'b')};
+    QElapsedTimer timer;
+    timer.start();
     ASSERT_TRUE(ReplaceFile(sFile, contents[0]));
+    const int nLongest = 4 * std::max(int(timer.nsecsElapsed() / 1000), 5000); // [us] a few times as long
     QRandomGenerator random(3);
     std::array<int, 2> found = {};
     for (int n = 0; n < 100; ++n) {
@@ -49,7 +53,7 @@ TEST(ReplaceFile, AKillInTheMiddleLeavesAWholeFile)
             for (int nTurn = 0;; ++nTurn)
                 ReplaceFile(sFile, contents[nTurn % 2]);
         });
-        usleep(random.bounded(20000));
+        usleep(random.bounded(nLongest));
         kill(pid, SIGKILL);
         waitpid(pid, nullptr, 0);
         const QByteArray content = Files::Read(sFile);
