@@ -115,6 +115,7 @@ CPlainView::CPlainView()
     m_program.setUniformValue("u_modelMatrix", QMatrix4x4());
     m_program.setUniformValue("u_enableLight", 1.0F);
     m_program.setUniformValue("u_alphaValue", 1.0F);
+    m_program.setUniformValue("u_brightness", 1.0F);
     m_program.setUniformValue("u_outlineSelectMode", 1.0F);
     m_program.setUniformValue("u_useOutlineColor", 1.0F);
     m_program.release();

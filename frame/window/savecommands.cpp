@@ -57,12 +57,11 @@ void CSaveCommands::SlotExportDisplayState()
     const SActivePair active;
     if (!active.pSimulation)
         return;
-    const QString sStart =
-        QString("%1%2%3~display.disp")
-            .arg(Get(*active.pSimulation, SimulationKey::DIRECTORY), QString(QDir::separator()),
-                 QDateTime::currentDateTime().toString("yyyy-MM-dd~hh-mm-ss"));
-    const QString sFile = RecentFolder::AskFile(
-        {EXPORT_TITLE, sStart, "Display Files (*.disp);; All Files (*)", true, ".disp"});
+    const QString sDirectory = Get(*active.pSimulation, SimulationKey::DIRECTORY);
+    const QString sName = QDateTime::currentDateTime().toString("yyyy-MM-dd~hh-mm-ss") + "~display.disp";
+    const QString sFile =
+        RecentFolder::AskFile({EXPORT_TITLE, sDirectory.isEmpty() ? sName : QDir(sDirectory).filePath(sName),
+                               "Display Files (*.disp);; All Files (*)", true, ".disp"});
     if (sFile.isEmpty())
         return;
     bool bWritten = false;
