@@ -1,4 +1,5 @@
 // Case files of the module: what is saved comes back, whatever happens to files and folders.
+#include "data/solutionmanager.h"
 #include "modules/base/casestorage.h"
 #include "tests/modules/plot3d/showncase.h"
 #include "tests/support/files.h"
@@ -73,6 +74,22 @@ TEST_F(CaseFile, EverythingComesBack)
     const QByteArray stored = Files::Read(sFile);
     EXPECT_TRUE(m_module.Save(Path("again.zento"), pAgain->GetId()));
     EXPECT_TRUE(Files::Read(Path("again.zento")) == stored);
+}
+
+TEST_F(CaseFile, ADataFileThatIsGoneIsToldInTheStatusBar)
+{
+    OpenWindow();
+    const CPlot3DSimulation& wing = *OpenData();
+    QFile::remove(Path("data/flow2.q"));
+    CLogCapture log;
+    const auto pField =
+        CSolutionManager::Instance().GetSolution(Variable(wing, "R"), wing.GetId(), 1, -1, 2.0);
+    ASSERT_TRUE(pField);
+    pField->GetValue(IVector3D{1, 1, 1});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(m_pWindow->m_sStatus,
+              QString("Can't read %1: it is not there any more").arg(Path("data/flow2.q")));
+    EXPECT_EQ(log.Lines().filter(m_pWindow->m_sStatus).size(), 1);
 }
 
 TEST_F(CaseFile, AFileOfTheFirstVersionOpensAndIsWrittenTheSame)
