@@ -1,9 +1,8 @@
 #pragma once
 
+#include "data/io/filestamp.h"
 #include "data/io/plot3dfile.h"
 
-#include <QDateTime>
-#include <QFileInfo>
 #include <QHash>
 #include <QString>
 
@@ -25,8 +24,7 @@ public:
     SPlot3DFile Find(const QString& sFileName, const SPlot3DFile& like, const Detect& detect)
     {
         const SKey key{sFileName, like.nCode, like.layout};
-        const QFileInfo info(sFileName);
-        const SStamp stamp{info.size(), info.lastModified().toMSecsSinceEpoch()};
+        const SFileStamp stamp = SFileStamp::Of(sFileName);
         {
             const std::lock_guard lock(m_mutex);
             const auto found = m_files.constFind(key);
@@ -59,16 +57,9 @@ private:
             return ::qHash(key.sFileName, nSeed) ^ uint(key.nCode);
         }
     };
-    struct SStamp
-    {
-        qint64 nSize;    // [bytes]
-        qint64 nChanged; // [ms]
-
-        friend bool operator==(const SStamp&, const SStamp&) = default;
-    };
     struct SEntry
     {
-        SStamp stamp;
+        SFileStamp stamp;
         SPlot3DFile file;
     };
 

@@ -1,10 +1,10 @@
 #include "data/io/filefaults.h"
 
+#include "data/io/filestamp.h"
 #include "frame/messagesink.h"
 #include "frame/widgetmanager.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QFileInfo>
 #include <QHash>
 
@@ -13,18 +13,10 @@
 
 namespace {
 
-struct SStamp
-{
-    qint64 nSize = -1;
-    qint64 nChanged = -1; // [ms]
-
-    friend bool operator==(const SStamp&, const SStamp&) = default;
-};
-
 struct STold
 {
     std::mutex mutex; // guards the rest
-    QHash<QString, SStamp> files;
+    QHash<QString, SFileStamp> files;
     QString sLast;
 };
 
@@ -60,8 +52,7 @@ void FileFaults::Report(const QString& sFileName, const SPlot3DFile& file, const
     if (result.IsOk() || result.eStatus == LoadNoMemory)
         return;
     const QFileInfo info(sFileName);
-    const SStamp stamp =
-        info.exists() ? SStamp{info.size(), info.lastModified().toMSecsSinceEpoch()} : SStamp{};
+    const SFileStamp stamp = SFileStamp::Of(sFileName);
     const QString sText = QString("Can't read %1: %2").arg(sFileName, ReasonOf(info, file, result));
     {
         STold& told = Told();
