@@ -7,7 +7,7 @@
 #include "data/plot3dcase.h"
 #include "data/solutionmanager.h"
 #include "data/variables/variablemanager.h"
-#include "frame/memorymanager.h"
+#include "frame/memory/memorymanager.h"
 
 #include <QFile>
 #include <QTemporaryDir>

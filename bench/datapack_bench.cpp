@@ -1,7 +1,7 @@
 // Packs to bytes and back, in bytes/s of the stream. The limit is a memcpy of the same bytes; the way not
 // taken, a QDataStream for each value, is timed on the same mix of counts, strings and numbers.
-#include "frame/bytestream.h"
-#include "frame/datapack.h"
+#include "frame/packs/bytestream.h"
+#include "frame/packs/datapack.h"
 
 #include <QDataStream>
 

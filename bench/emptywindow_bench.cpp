@@ -1,5 +1,5 @@
 // The least that a Qt program with a window takes: bench/startup compares with it.
-#include "frame/window/startuptimings.h"
+#include "window/startup/startuptimings.h"
 
 #include <QApplication>
 #include <QWidget>

@@ -1,6 +1,6 @@
 // What the memory manager costs when a large case has registered its blocks.
-#include "frame/memoryitem.h"
-#include "frame/memorymanager.h"
+#include "frame/memory/memoryitem.h"
+#include "frame/memory/memorymanager.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,12 +2,12 @@
 // Only headers are read; the limit beside it is the registration alone. Then the bracket round an edit, and
 // saving and opening its case file, with the selectables of the program, each coloured by a formula of
 // formulas.
+#include "cases/autosave/autosavefolder.h"
+#include "cases/display/displayfile.h"
+#include "cases/files/casestorage.h"
 #include "data/casedata.h"
 #include "data/variables/variablemanager.h"
 #include "frame/replacefile.h"
-#include "modules/base/autosavefolder.h"
-#include "modules/base/casestorage.h"
-#include "modules/base/displayfile.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "simulation/simulationmanager.h"
 #include "tests/support/testsimulation.h"

@@ -2,11 +2,11 @@
 // could be drawn. Needs a display (Xvfb serves): view_bench [few|many|tiny] [ROUNDS]. Both sides alternate;
 // the figures are medians, and what counts are the ratios.
 #include "bench/view/plainview.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 #include "tests/support/offscreencontext.h"
 #include "tests/support/testsettings.h"
-#include "view/rawmodel.h"
+#include "view/gl/rawmodel.h"
 
 #include <QElapsedTimer>
 #include <QFile>

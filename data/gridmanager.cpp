@@ -4,7 +4,7 @@
 #include "data/grids/interpgrid.h"
 #include "data/grids/storagegrid.h"
 #include "data/io/gridio.h"
-#include "frame/memorymanager.h"
+#include "frame/memory/memorymanager.h"
 #include "frame/messagesink.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include "data/grids/gridmask.h"
 #include "data/grids/transformgrid.h"
 #include "data/levelregistry.h"
-#include "frame/imemorycache.h"
+#include "frame/memory/imemorycache.h"
 
 #include <QHash>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/imemoryitem.h"
+#include "frame/memory/imemoryitem.h"
 
 #include <QVector>
 

@@ -9,7 +9,7 @@
 #include "data/solutions/solutionpack.h"
 #include "data/solutions/solutionvariable.h"
 #include "data/variables/variablemanager.h"
-#include "frame/memorymanager.h"
+#include "frame/memory/memorymanager.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "data/filecache.h"
 #include "data/levelregistry.h"
 #include "data/solutions/solutionmask.h"
-#include "frame/imemorycache.h"
+#include "frame/memory/imemorycache.h"
 
 #include <QHash>
 

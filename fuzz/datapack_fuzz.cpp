@@ -1,6 +1,6 @@
 // Whatever the bytes, reading a pack or a property sheet must end without harm. What was read, whole or in
 // part, is a pack like any other: its own bytes read back, and give the same bytes again.
-#include "frame/datapropertypack.h"
+#include "frame/packs/datapropertypack.h"
 
 #include <cstdlib>
 

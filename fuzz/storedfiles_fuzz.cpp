@@ -1,12 +1,12 @@
 // Case, restart, display and autosave files of any bytes, with what is read out of them: cameras and
 // overrides. The first byte says which reader; what it takes is written again as it was.
-#include "frame/bytestream.h"
-#include "modules/base/autosavefile.h"
-#include "modules/base/casefile.h"
-#include "modules/base/displaydocument.h"
-#include "modules/base/displayoverrides.h"
-#include "modules/base/pairjson.h"
-#include "modules/base/restartfile.h"
+#include "cases/autosave/autosavefile.h"
+#include "cases/display/displaydocument.h"
+#include "cases/display/displayoverrides.h"
+#include "cases/display/pairjson.h"
+#include "cases/files/casefile.h"
+#include "cases/files/restartfile.h"
+#include "frame/packs/bytestream.h"
 
 #include <cstdlib>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/valuerange.h"
-#include "frame/datapack.h"
+#include "frame/packs/datapack.h"
 #include "scene/drawablegroup.h"
 #include "scene/selectablekind.h"
 

@@ -1,6 +1,6 @@
 #include "scene/itemdrag.h"
 
-#include "frame/bytestream.h"
+#include "frame/packs/bytestream.h"
 #include "scene/selectablemanager.h"
 
 #include <QMimeData>

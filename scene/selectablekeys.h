@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/novalue.h"
-#include "frame/packkey.h"
+#include "frame/packs/packkey.h"
 
 /** Keys of every selectable's pack: the fixed properties of its kind, set by the concrete class. */
 namespace SelectableKey {

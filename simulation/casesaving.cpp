@@ -2,7 +2,7 @@
 
 #include "frame/imoduleinterface.h"
 #include "frame/moduleregistry.h"
-#include "frame/recentfolder.h"
+#include "frame/preferences/recentfolder.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 

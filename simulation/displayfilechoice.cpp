@@ -1,6 +1,6 @@
 #include "simulation/displayfilechoice.h"
 
-#include "frame/recentfolder.h"
+#include "frame/preferences/recentfolder.h"
 #include "frame/userprompt.h"
 #include "simulation/isimulation.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "frame/datapack.h"
-#include "frame/packkey.h"
+#include "frame/packs/datapack.h"
+#include "frame/packs/packkey.h"
 
 #include <QIcon>
 

@@ -1,6 +1,6 @@
 #include "simulation/item.h"
 
-#include "frame/bytestream.h"
+#include "frame/packs/bytestream.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulationitems.h"
 #include "simulation/itemkeys.h"

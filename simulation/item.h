@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/datapack.h"
+#include "frame/packs/datapack.h"
 #include "frame/transform.h"
 
 #include <QJsonObject>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/novalue.h"
-#include "frame/packkey.h"
+#include "frame/packs/packkey.h"
 
 /** Keys of every item's pack. "#" marks bookkeeping of the object itself, not settings. */
 namespace ItemKey {

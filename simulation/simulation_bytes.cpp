@@ -1,5 +1,5 @@
 // ISimulationItems: the bytes of a case, which files and undo states are made of.
-#include "frame/bytestream.h"
+#include "frame/packs/bytestream.h"
 #include "simulation/isimulationitems.h"
 #include "simulation/item.h"
 

@@ -1,5 +1,5 @@
 // ISimulation: undo states and the bracket around an edit.
-#include "frame/bytestream.h"
+#include "frame/packs/bytestream.h"
 #include "frame/widgetmanager.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"

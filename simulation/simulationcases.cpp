@@ -1,7 +1,7 @@
 #include "simulation/simulationcases.h"
 
 #include "data/grids/igrid.h"
-#include "frame/bytestream.h"
+#include "frame/packs/bytestream.h"
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/packkey.h"
+#include "frame/packs/packkey.h"
 
 /** Keys of an item that is an index plane of its parent's block. Addresses are one-based, ends included. */
 namespace SurfaceKey {

@@ -1,8 +1,8 @@
 #include "view/adjacency.h"
 
 #include "scene/iselectable.h"
-#include "view/surface.h"
-#include "view/viewbounds.h"
+#include "view/camera/viewbounds.h"
+#include "view/mesh/surface.h"
 
 #include <cmath>
 #include <map>

@@ -4,8 +4,8 @@
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"
+#include "view/camera/viewbounds.h"
 #include "view/selectables/surfaceitems.h"
-#include "view/viewbounds.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include "data/variables/variablemanager.h"
 #include "scene/iselectable.h"
 #include "simulation/simulationmanager.h"
-#include "view/viewbounds.h"
+#include "view/camera/viewbounds.h"
 
 #include <cmath>
 

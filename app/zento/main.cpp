@@ -1,6 +1,6 @@
 #include "frame/moduleregistry.h"
-#include "frame/window/startup.h"
 #include "modules/plot3d/ui/plot3dmodule.h"
+#include "window/startup/startup.h"
 
 int main(int argc, char** argv)
 {

@@ -1,7 +1,7 @@
 #include "bench/view/plainview.h"
 
 #include "view/colormaps/colormaptables.h"
-#include "view/surfaceshaderprogram.h"
+#include "view/gl/surfaceshaderprogram.h"
 
 #include <cmath>
 

@@ -3,7 +3,7 @@
 #include "data/gridmanager.h"
 #include "data/solutionmanager.h"
 #include "tests/support/testsimulation.h"
-#include "view/surfacedrawable.h"
+#include "view/drawables/surfacedrawable.h"
 
 #include <QTemporaryDir>
 

@@ -1,8 +1,8 @@
 // CGrid: the edges of its faces.
 #include "data/grids/faceedges.h"
 #include "data/grids/grid.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 
 void CGrid::ResetFaceEdges()
 {

@@ -4,7 +4,7 @@
 #include "data/idisposable.h"
 #include "data/pointbuffers.h"
 #include "data/valuerange.h"
-#include "frame/memoryitem.h"
+#include "frame/memory/memoryitem.h"
 #include "frame/transform.h"
 
 #include <QPair>

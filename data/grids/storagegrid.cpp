@@ -1,7 +1,7 @@
 #include "data/grids/storagegrid.h"
 
 #include "data/io/gridio.h"
-#include "frame/memorymanager.h"
+#include "frame/memory/memorymanager.h"
 #include "frame/messagesink.h"
 
 template <class Real> CStorageGrid<Real>::CStorageGrid()

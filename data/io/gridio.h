@@ -3,7 +3,7 @@
 #include "data/blockshape.h"
 #include "data/io/plot3dfile.h"
 #include "data/pointbuffers.h"
-#include "frame/taskcreator.h"
+#include "frame/tasks/taskcreator.h"
 
 #include <QVector>
 

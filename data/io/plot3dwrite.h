@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/iprogress.h"
+#include "frame/tasks/iprogress.h"
 #include "frame/vector3d.h"
 
 #include <QString>

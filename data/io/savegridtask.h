@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/grids/igrid.h"
-#include "frame/task.h"
+#include "frame/tasks/task.h"
 
 #include <vector>
 

@@ -2,7 +2,7 @@
 
 #include "data/blockshape.h"
 #include "data/io/plot3dfile.h"
-#include "frame/taskcreator.h"
+#include "frame/tasks/taskcreator.h"
 
 #include <QVector>
 

@@ -1,6 +1,6 @@
 #include "data/kernels/parallel.h"
 
-#include "frame/threadhandover.h"
+#include "frame/tasks/threadhandover.h"
 
 #include <QRunnable>
 #include <QThreadPool>

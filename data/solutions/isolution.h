@@ -2,7 +2,7 @@
 
 #include "data/idisposable.h"
 #include "data/valuerange.h"
-#include "frame/memoryitem.h"
+#include "frame/memory/memoryitem.h"
 #include "frame/vector3d.h"
 
 #include <QString>

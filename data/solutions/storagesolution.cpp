@@ -3,7 +3,7 @@
 #include "data/io/solutionio.h"
 #include "data/kernels/range.h"
 #include "data/solutions/bytesolution.h"
-#include "frame/memorymanager.h"
+#include "frame/memory/memorymanager.h"
 
 template <class Real> CStorageSolution<Real>::CStorageSolution()
 {

@@ -3,8 +3,8 @@
 #include "data/variables/formula.h"
 #include "data/variables/formulatext.h"
 #include "data/variables/variablemanager.h"
-#include "frame/bytestream.h"
 #include "frame/novalue.h"
+#include "frame/packs/bytestream.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include "data/icases.h"
 #include "data/variables/ivariablelistener.h"
 #include "data/variables/variablemanager.h"
-#include "frame/bytestream.h"
 #include "frame/novalue.h"
+#include "frame/packs/bytestream.h"
 
 IVariable::IVariable(qint64 nSimulationId, bool bAddToManager) : m_nSimulationId(nSimulationId)
 {

@@ -5,7 +5,7 @@
 #include "data/variables/variablemanager.h"
 #include "frame/applicationinfo.h"
 #include "frame/novalue.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferences.h"
 
 #include <algorithm>
 

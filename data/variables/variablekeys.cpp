@@ -1,7 +1,7 @@
 #include "data/variables/variablekeys.h"
 
 #include "data/variables/variablemanager.h"
-#include "frame/bytestream.h"
+#include "frame/packs/bytestream.h"
 
 #include <QHash>
 

@@ -4,10 +4,6 @@
 // OpenGL. The user's settings are neither read nor written.
 #include "frame/capture.h"
 #include "frame/moduleregistry.h"
-#include "frame/window/mainwindow.h"
-#include "frame/window/viewarea.h"
-#include "frame/window/windowactions.h"
-#include "frame/window/windowcapture.h"
 #include "modules/plot3d/ui/plot3dmodule.h"
 #include "scene/iselectable.h"
 #include "scene/selectablekind.h"
@@ -26,6 +22,10 @@
 #include "view/ui/opengldrawer.h"
 #include "view/ui/surfaceformat.h"
 #include "view/variablechoice.h"
+#include "window/commands/windowactions.h"
+#include "window/mainwindow.h"
+#include "window/viewarea.h"
+#include "window/windowcapture.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "frame/ui/fontincrement.h"
 
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 
 #include <QTableWidget>
 #include <QTreeWidget>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/itaskdialog.h"
+#include "frame/tasks/itaskdialog.h"
 
 #include <QProgressDialog>
 

@@ -1,7 +1,7 @@
 #include "modules/plot3d/datafilekeys.h"
 
-#include "modules/base/casestorage.h"
-#include "modules/base/displaydocument.h"
+#include "cases/display/displaydocument.h"
+#include "cases/files/casestorage.h"
 #include "modules/plot3d/plot3dkeys.h"
 #include "simulation/isimulationidentity.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/plot3dcase.h"
-#include "frame/packkey.h"
+#include "frame/packs/packkey.h"
 
 /** Keys of a file record. */
 namespace FileRecordKey {

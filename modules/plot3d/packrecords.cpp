@@ -1,7 +1,7 @@
 #include "modules/plot3d/packrecords.h"
 
-#include "frame/bytestream.h"
-#include "modules/base/movedfiles.h"
+#include "cases/files/movedfiles.h"
+#include "frame/packs/bytestream.h"
 #include "modules/plot3d/plot3dkeys.h"
 #include "simulation/isimulationidentity.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/packkey.h"
+#include "frame/packs/packkey.h"
 
 /** Keys of a Plot3D simulation's pack: its files, and what their headers say. */
 namespace Plot3DKey {

@@ -1,6 +1,6 @@
 #include "modules/plot3d/plot3dsimulation.h"
 
-#include "frame/preferences.h"
+#include "frame/preferences/preferences.h"
 #include "frame/themeicon.h"
 #include "modules/plot3d/icasefileseditor.h"
 #include "modules/plot3d/plot3dkeys.h"

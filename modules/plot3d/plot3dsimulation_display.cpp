@@ -1,8 +1,8 @@
 // CPlot3DSimulation: what a view shows of it, as bytes and as JSON.
-#include "frame/bytestream.h"
-#include "modules/base/casefile.h"
-#include "modules/base/viewjson.h"
-#include "modules/base/viewstate.h"
+#include "cases/display/viewjson.h"
+#include "cases/display/viewstate.h"
+#include "cases/files/casefile.h"
+#include "frame/packs/bytestream.h"
 #include "modules/plot3d/plot3dkeys.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "scene/iselectable.h"

@@ -1,5 +1,5 @@
 // CPlot3DSimulation: its display files, and what they say of its data.
-#include "modules/base/displayfile.h"
+#include "cases/display/displayfile.h"
 #include "modules/plot3d/datafilekeys.h"
 #include "modules/plot3d/fieldview/fieldviewimport.h"
 #include "modules/plot3d/plot3dkeys.h"

@@ -1,11 +1,11 @@
 // CPlot3DSimulation: from files to items and registered data.
+#include "cases/files/movedfiles.h"
 #include "data/gridmanager.h"
 #include "data/solutionmanager.h"
 #include "data/variables/storedvariables.h"
 #include "data/variables/variablemanager.h"
 #include "frame/messagesink.h"
 #include "frame/widgetmanager.h"
-#include "modules/base/movedfiles.h"
 #include "modules/plot3d/block.h"
 #include "modules/plot3d/boundaryfiles.h"
 #include "modules/plot3d/boundaryitem.h"

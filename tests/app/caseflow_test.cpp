@@ -1,9 +1,6 @@
 // A case on its way through the whole program: opened from data, shown, saved, closed, opened again. With
 // OpenGL the view looks the same before and after; without it that is skipped.
 #include "frame/moduleregistry.h"
-#include "frame/window/mainwindow.h"
-#include "frame/window/viewarea.h"
-#include "frame/window/windowactions.h"
 #include "modules/plot3d/ui/plot3dmodule.h"
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
@@ -16,6 +13,9 @@
 #include "view/selectables/selectablefactory.h"
 #include "view/ui/oglviewer.h"
 #include "view/ui/opengldrawer.h"
+#include "window/commands/windowactions.h"
+#include "window/mainwindow.h"
+#include "window/viewarea.h"
 
 #include <QDir>
 #include <QTabBar>

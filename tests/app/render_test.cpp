@@ -1,7 +1,7 @@
 // zento-batch render, as a script sees it: on a machine with no display but with Xvfb.
+#include "cases/display/displayfile.h"
+#include "cases/files/casestorage.h"
 #include "frame/replacefile.h"
-#include "modules/base/casestorage.h"
-#include "modules/base/displayfile.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"

@@ -1,7 +1,7 @@
 #include "data/grids/gridpack.h"
 #include "data/grids/interpgrid.h"
 #include "data/io/filefaults.h"
-#include "frame/memorymanager.h"
+#include "frame/memory/memorymanager.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/plot3dcasefixture.h"
 

@@ -1,5 +1,5 @@
-#include "frame/bytestream.h"
-#include "frame/datapack.h"
+#include "frame/packs/bytestream.h"
+#include "frame/packs/datapack.h"
 
 #include <QElapsedTimer>
 

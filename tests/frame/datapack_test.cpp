@@ -1,6 +1,6 @@
-#include "frame/bytestream.h"
-#include "frame/datapack.h"
 #include "frame/novalue.h"
+#include "frame/packs/bytestream.h"
+#include "frame/packs/datapack.h"
 
 namespace {
 /** The keys of the string table in their order. */

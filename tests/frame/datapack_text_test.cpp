@@ -1,4 +1,4 @@
-#include "frame/datapack.h"
+#include "frame/packs/datapack.h"
 
 namespace {
 /** Writes one value into a pack in text mode and shows the text; "<none>" if the key isn't there. */

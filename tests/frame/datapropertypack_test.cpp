@@ -1,5 +1,5 @@
-#include "frame/bytestream.h"
-#include "frame/datapropertypack.h"
+#include "frame/packs/bytestream.h"
+#include "frame/packs/datapropertypack.h"
 
 namespace {
 class CSheet : public CDataPropertyPack

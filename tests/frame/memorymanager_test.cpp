@@ -1,8 +1,8 @@
-#include "frame/memorymanager.h"
+#include "frame/memory/memorymanager.h"
 
-#include "frame/imemorycache.h"
-#include "frame/memoryitem.h"
-#include "frame/memorypin.h"
+#include "frame/memory/imemorycache.h"
+#include "frame/memory/memoryitem.h"
+#include "frame/memory/memorypin.h"
 #include "tests/support/logcapture.h"
 
 #include <deque>

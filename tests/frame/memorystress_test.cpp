@@ -1,8 +1,8 @@
 // Threads that load, read, release, evict, register and unregister items at the same time while memory is
 // short. Meant for the thread sanitizer as much as for the expectations; a dead-lock shows as a time-out.
-#include "frame/memoryitem.h"
-#include "frame/memorymanager.h"
-#include "frame/memorypin.h"
+#include "frame/memory/memoryitem.h"
+#include "frame/memory/memorymanager.h"
+#include "frame/memory/memorypin.h"
 #include "tests/support/logcapture.h"
 
 #include <array>

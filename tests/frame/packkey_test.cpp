@@ -1,4 +1,4 @@
-#include "frame/packkey.h"
+#include "frame/packs/packkey.h"
 
 namespace {
 constexpr SKey<const char*> TITLE{"Plot.Title", "none"};

@@ -1,8 +1,8 @@
-#include "frame/preferences.h"
+#include "frame/preferences/preferences.h"
 
-#include "frame/memorymanager.h"
+#include "frame/memory/memorymanager.h"
 #include "frame/messagesink.h"
-#include "frame/preferencekeys.h"
+#include "frame/preferences/preferencekeys.h"
 #include "tests/support/files.h"
 #include "tests/support/logcapture.h"
 

@@ -1,6 +1,6 @@
 #include "frame/ui/progressdialog.h"
 
-#include "frame/task.h"
+#include "frame/tasks/task.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,7 +1,7 @@
-#include "frame/task.h"
+#include "frame/tasks/task.h"
 
-#include "frame/memoryitem.h"
-#include "frame/taskmanager.h"
+#include "frame/memory/memoryitem.h"
+#include "frame/tasks/taskmanager.h"
 #include "tests/support/logcapture.h"
 
 #include <QTimer>

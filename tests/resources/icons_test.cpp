@@ -1,6 +1,6 @@
 #include "frame/themeicon.h"
-#include "frame/window/stylesheets.h"
 #include "tests/support/files.h"
+#include "window/stylesheets.h"
 
 #include <QComboBox>
 #include <QDirIterator>

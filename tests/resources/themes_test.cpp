@@ -1,9 +1,9 @@
 #include "frame/applicationinfo.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
-#include "frame/window/mainwindow.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 #include "tests/support/ownmodules.h"
 #include "tests/support/testsettings.h"
+#include "window/mainwindow.h"
 
 #include <QDockWidget>
 #include <QMenuBar>

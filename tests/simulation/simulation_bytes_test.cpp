@@ -1,4 +1,4 @@
-#include "frame/bytestream.h"
+#include "frame/packs/bytestream.h"
 #include "tests/support/testsimulation.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include "frame/imainmenus.h"
 #include "frame/widgetmanager.h"
 #include "simulation/simulationmanager.h"
-#include "view/icameraview.h"
+#include "view/camera/icameraview.h"
 #include "view/iviewer.h"
 
 #include <QMainWindow>

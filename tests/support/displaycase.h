@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/bytestream.h"
+#include "frame/packs/bytestream.h"
 #include "scene/selectablekind.h"
 #include "simulation/simulationcases.h"
 #include "tests/support/plot3dcasefixture.h"

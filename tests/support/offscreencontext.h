@@ -1,7 +1,7 @@
 #pragma once
 
-#include "view/scenerenderer.h"
-#include "view/shadermanager.h"
+#include "view/gl/shadermanager.h"
+#include "view/render/scenerenderer.h"
 
 #include <QOffscreenSurface>
 #include <QOpenGLContext>

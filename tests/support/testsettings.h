@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/applicationinfo.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferences.h"
 
 #include <QSettings>
 #include <QStandardPaths>

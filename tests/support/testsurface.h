@@ -1,6 +1,6 @@
 #pragma once
 
-#include "view/surface.h"
+#include "view/mesh/surface.h"
 
 #include <QString>
 

@@ -47,8 +47,8 @@ class CheckLayers(unittest.TestCase):
         self.expect_problem("data/kernel.cpp", '#include "view/viewer.h"\n', "higher layer view")
 
     def test_the_longest_folder_names_the_layer(self):
-        self.write("frame/window/mainwindow.h", "")
-        self.expect_problem("frame/a.cpp", '#include "frame/window/mainwindow.h"\n', "frame/window")
+        self.write("simulation/panel/list.h", "")
+        self.expect_problem("simulation/ui/a.cpp", '#include "simulation/panel/list.h"\n', "higher layer simulation/panel")
 
     def test_an_include_relative_to_the_file_is_followed_too(self):
         self.write("simulation/panel/panel.h", "")
@@ -57,9 +57,10 @@ class CheckLayers(unittest.TestCase):
     def test_a_widget_in_a_plain_half_fails(self):
         self.expect_problem("frame/a.cpp", "#include <QMessageBox>\n", "widget header")
 
-    def test_the_ui_half_in_a_plain_half_fails(self):
-        self.write("frame/ui/box.h", "")
-        self.expect_problem("frame/a.cpp", '#include "frame/ui/box.h"\n', "ui half")
+    def test_a_widget_half_in_a_plain_half_fails(self):
+        for folder in ("frame/ui", "view/docks", "view/dialogs", "simulation/panel", "window"):
+            self.write(f"{folder}/box.h", "")
+            self.expect_problem("modules/plot3d/a.cpp", f'#include "{folder}/box.h"\n', "of a widget half")
 
     def test_a_file_in_no_layer_fails(self):
         self.write("modules/new/a.cpp", "")

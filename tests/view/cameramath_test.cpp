@@ -1,6 +1,6 @@
-#include "view/cameramath.h"
-#include "view/cameramoves.h"
-#include "view/scalebar.h"
+#include "view/camera/cameramath.h"
+#include "view/camera/cameramoves.h"
+#include "view/render/scalebar.h"
 
 namespace {
 

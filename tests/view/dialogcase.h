@@ -4,7 +4,7 @@
 #include "data/grids/igrid.h"
 #include "data/plot3dcase.h"
 #include "data/variables/variablemanager.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferences.h"
 #include "simulation/simulationcases.h"
 #include "tests/support/plot3dfile.h"
 #include "tests/support/shownselectable.h"

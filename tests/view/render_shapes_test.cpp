@@ -1,6 +1,6 @@
 // Pictures of surfaces without a proper extent: thin blocks, axes, cells of no area.
 #include "tests/view/renderfixture.h"
-#include "view/surfacearrays.h"
+#include "view/mesh/surfacearrays.h"
 
 namespace {
 

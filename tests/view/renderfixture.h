@@ -1,8 +1,8 @@
 #pragma once
 
 #include "frame/novalue.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 #include "tests/support/offscreencontext.h"
 #include "tests/support/testsimulation.h"
 #include "tests/support/testsurface.h"

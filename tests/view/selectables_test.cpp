@@ -1,6 +1,6 @@
 // Selectables: what they show of an item, how they stand together, what they keep.
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 #include "scene/selectablekeys.h"
 #include "tests/support/displaycase.h"
 #include "tests/support/everysetting.h"

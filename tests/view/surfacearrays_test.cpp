@@ -1,4 +1,4 @@
-#include "view/surfacearrays.h"
+#include "view/mesh/surfacearrays.h"
 
 #include "frame/novalue.h"
 

@@ -1,7 +1,7 @@
 // Picked points of surfaces over a case on disk.
 #include "tests/support/plot3dcasefixture.h"
+#include "view/drawables/surfacedrawable.h"
 #include "view/pick/gltree.h"
-#include "view/surfacedrawable.h"
 
 using SurfacePick = Plot3DCaseFixture;
 

@@ -1,12 +1,12 @@
 // The widget of a view: sizes that it may have, samples a pixel, data that go while they are shown.
-#include "frame/memorymanager.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/memory/memorymanager.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 #include "tests/support/casewindow.h"
 #include "tests/support/displaycase.h"
 #include "view/annotations/annotationcolormap.h"
+#include "view/gl/shadermanager.h"
 #include "view/pick/viewpicker.h"
-#include "view/shadermanager.h"
 #include "view/ui/opengldrawer.h"
 #include "view/ui/surfaceformat.h"
 

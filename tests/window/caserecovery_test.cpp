@@ -1,7 +1,7 @@
 // What the next start makes of cases that an instance left when it died.
-#include "frame/window/caserecovery.h"
+#include "window/startup/caserecovery.h"
 
-#include "modules/base/casestorage.h"
+#include "cases/files/casestorage.h"
 #include "tests/support/files.h"
 #include "tests/support/openingmodule.h"
 #include "tests/support/promptscript.h"

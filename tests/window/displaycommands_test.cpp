@@ -1,11 +1,5 @@
 // How items are shown, changed through the actions and boxes of the main window.
 #include "data/variables/variablemanager.h"
-#include "frame/window/displaycommandtable.h"
-#include "frame/window/firstcolors.h"
-#include "frame/window/mainwindow.h"
-#include "frame/window/variabletoolbar.h"
-#include "frame/window/windowactions.h"
-#include "frame/window/windowtoolbars.h"
 #include "tests/support/displaycase.h"
 #include "tests/support/ownmodules.h"
 #include "tests/support/promptscript.h"
@@ -13,6 +7,12 @@
 #include "view/annotations/annotationcolormap.h"
 #include "view/colormaps/colormapedit.h"
 #include "view/iviewer.h"
+#include "window/commands/displaycommandtable.h"
+#include "window/commands/firstcolors.h"
+#include "window/commands/windowactions.h"
+#include "window/mainwindow.h"
+#include "window/variabletoolbar.h"
+#include "window/windowtoolbars.h"
 
 #include <QApplication>
 #include <QComboBox>

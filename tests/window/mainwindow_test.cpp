@@ -1,19 +1,19 @@
-#include "frame/window/mainwindow.h"
+#include "window/mainwindow.h"
 
 #include "frame/applicationinfo.h"
 #include "frame/moduleregistry.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 #include "frame/ui/fontincrement.h"
 #include "frame/widgetmanager.h"
-#include "frame/window/commandline.h"
-#include "frame/window/stylesheets.h"
-#include "frame/window/viewarea.h"
-#include "frame/window/windowactions.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
 #include "tests/support/testmodule.h"
 #include "tests/support/testsettings.h"
+#include "window/commands/windowactions.h"
+#include "window/startup/commandline.h"
+#include "window/stylesheets.h"
+#include "window/viewarea.h"
 
 #include <QLabel>
 #include <QSettings>

@@ -1,12 +1,9 @@
 // Saving, opening, and restart files, seen through the window.
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
-#include "frame/window/mainwindow.h"
-#include "frame/window/viewarea.h"
-#include "frame/window/windowactions.h"
-#include "modules/base/casefile.h"
-#include "modules/base/displaydocument.h"
-#include "modules/base/restartfile.h"
+#include "cases/display/displaydocument.h"
+#include "cases/files/casefile.h"
+#include "cases/files/restartfile.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 #include "tests/support/files.h"
 #include "tests/support/openingmodule.h"
 #include "tests/support/print.h"
@@ -14,6 +11,9 @@
 #include "tests/support/simulationfixture.h"
 #include "tests/support/testsettings.h"
 #include "view/ui/oglviewer.h"
+#include "window/commands/windowactions.h"
+#include "window/mainwindow.h"
+#include "window/viewarea.h"
 
 #include <QAbstractButton>
 #include <QTabBar>

@@ -1,11 +1,11 @@
 // The real start-up with modules that do what their first argument says; startup_test runs it.
 #include "frame/moduleregistry.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
-#include "frame/window/startup.h"
 #include "tests/support/testmodule.h"
+#include "window/startup/startup.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -1,7 +1,7 @@
 // How the process starts and ends, seen from outside.
 #include "frame/applicationinfo.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 
 #include <QProcess>
 #include <QSettings>

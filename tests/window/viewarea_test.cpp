@@ -1,10 +1,10 @@
-#include "frame/window/viewarea.h"
+#include "window/viewarea.h"
 
-#include "frame/window/viewcommands.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
-#include "view/shadermanager.h"
+#include "view/gl/shadermanager.h"
 #include "view/ui/oglviewer.h"
+#include "window/commands/viewcommands.h"
 
 #include <QSplitter>
 #include <QToolButton>

@@ -1,14 +1,14 @@
-#include "frame/window/windowcapture.h"
+#include "window/windowcapture.h"
 
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
-#include "frame/window/mainwindow.h"
-#include "frame/window/viewarea.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
 #include "view/dialogs/screenshotdialog.h"
 #include "view/ui/oglviewer.h"
 #include "view/ui/opengldrawer.h"
+#include "window/mainwindow.h"
+#include "window/viewarea.h"
 
 #include <QComboBox>
 #include <QPushButton>

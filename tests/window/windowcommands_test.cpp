@@ -1,18 +1,18 @@
 // The commands of the main window, seen through its actions.
 #include "frame/applicationinfo.h"
-#include "frame/preferencekeys.h"
-#include "frame/window/dropdownbutton.h"
-#include "frame/window/mainwindow.h"
-#include "frame/window/recentfiles.h"
-#include "frame/window/sectordisplay.h"
-#include "frame/window/viewarea.h"
-#include "frame/window/windowactions.h"
+#include "frame/preferences/preferencekeys.h"
 #include "scene/selectablemanager.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
 #include "tests/support/testsettings.h"
 #include "view/ui/oglviewer.h"
 #include "view/ui/opengldrawer.h"
+#include "window/commands/windowactions.h"
+#include "window/dropdownbutton.h"
+#include "window/mainwindow.h"
+#include "window/recentfiles.h"
+#include "window/sectordisplay.h"
+#include "window/viewarea.h"
 
 #include <QMenu>
 #include <QMenuBar>

@@ -2,7 +2,7 @@
 // they look in a theme (0 to 3); or of an open menu, or of every icon. For looking at a style sheet while
 // working on it.
 #include "frame/themeicon.h"
-#include "frame/window/stylesheets.h"
+#include "window/stylesheets.h"
 
 #include <QApplication>
 #include <QCheckBox>

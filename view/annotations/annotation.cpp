@@ -1,6 +1,6 @@
 #include "view/annotations/annotation.h"
 
-#include "frame/bytestream.h"
+#include "frame/packs/bytestream.h"
 
 #include <QDataStream>
 

@@ -1,6 +1,6 @@
 #include "view/annotations/legendpainter.h"
 
-#include "frame/preferences.h"
+#include "frame/preferences/preferences.h"
 #include "view/annotations/annotationcolormap.h"
 #include "view/colormaps/colormaptables.h"
 

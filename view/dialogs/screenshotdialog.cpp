@@ -1,9 +1,9 @@
 #include "view/dialogs/screenshotdialog.h"
 
 #include "frame/applicationinfo.h"
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
-#include "frame/recentfolder.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
+#include "frame/preferences/recentfolder.h"
 #include "frame/themeicon.h"
 #include "frame/ui/fontincrement.h"
 #include "frame/ui/waitcursor.h"

@@ -1,7 +1,7 @@
 #include "view/selectables/itemselectable.h"
 
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 #include "scene/selectablekeys.h"
 #include "simulation/item.h"
 #include "view/selectables/surfaceitems.h"

@@ -9,7 +9,7 @@
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"
-#include "view/drawable.h"
+#include "view/drawables/drawable.h"
 
 namespace {
 

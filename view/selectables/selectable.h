@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/blockshape.h"
-#include "frame/packkey.h"
+#include "frame/packs/packkey.h"
 #include "scene/iselectable.h"
 
 class CByteReader;

@@ -1,6 +1,6 @@
 // CSelectable: its stored forms.
-#include "frame/bytestream.h"
-#include "frame/jsoninteger.h"
+#include "frame/packs/bytestream.h"
+#include "frame/packs/jsoninteger.h"
 #include "view/selectables/selectable.h"
 
 #include <QJsonArray>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "view/surfacedrawable.h"
+#include "view/drawables/surfacedrawable.h"
 
 class CDataPack;
 class CItem;

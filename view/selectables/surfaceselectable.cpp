@@ -1,6 +1,6 @@
 #include "view/selectables/surfaceselectable.h"
 
-#include "frame/jsoninteger.h"
+#include "frame/packs/jsoninteger.h"
 #include "scene/selectablekeys.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"

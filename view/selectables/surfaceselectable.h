@@ -1,7 +1,7 @@
 #pragma once
 
+#include "view/drawables/surfacedrawable.h"
 #include "view/selectables/selectable.h"
-#include "view/surfacedrawable.h"
 
 /**
  * An index plane of a block, an item of the case under that block. The plane of a new selectable is that of

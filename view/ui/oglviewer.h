@@ -1,7 +1,7 @@
 #pragma once
 
-#include "view/cameraoperator.h"
-#include "view/icameraview.h"
+#include "view/camera/cameraoperator.h"
+#include "view/camera/icameraview.h"
 #include "view/iviewer.h"
 
 #include <QWidget>

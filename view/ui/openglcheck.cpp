@@ -1,7 +1,7 @@
 #include "view/ui/openglcheck.h"
 
 #include "frame/userprompt.h"
-#include "view/shadermanager.h"
+#include "view/gl/shadermanager.h"
 
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>

@@ -1,6 +1,6 @@
 #include "view/ui/opengldrawer.h"
 
-#include "frame/preferences.h"
+#include "frame/preferences/preferences.h"
 #include "scene/drawablemanager.h"
 #include "scene/idrawable.h"
 #include "scene/iselectable.h"
@@ -9,11 +9,11 @@
 #include "simulation/simulationmanager.h"
 #include "view/annotations/annotationcolormap.h"
 #include "view/annotations/legendplaces.h"
-#include "view/overlays.h"
+#include "view/camera/viewbounds.h"
 #include "view/planecase.h"
-#include "view/scalebar.h"
+#include "view/render/overlays.h"
+#include "view/render/scalebar.h"
 #include "view/ui/openglcheck.h"
-#include "view/viewbounds.h"
 
 #include <QPainter>
 

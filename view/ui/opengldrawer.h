@@ -4,12 +4,12 @@
 #include "frame/inputstate.h"
 #include "scene/displaytype.h"
 #include "view/annotations/canvas.h"
-#include "view/cameramath.h"
-#include "view/cameramoves.h"
-#include "view/cameraoperator.h"
+#include "view/camera/cameramath.h"
+#include "view/camera/cameramoves.h"
+#include "view/camera/cameraoperator.h"
 #include "view/pick/hoverlist.h"
 #include "view/pick/viewpicker.h"
-#include "view/scenerenderer.h"
+#include "view/render/scenerenderer.h"
 
 #include <QBrush>
 #include <QElapsedTimer>

@@ -1,5 +1,5 @@
 // COpenGLDrawer: pictures of the view, of any size.
-#include "frame/preferences.h"
+#include "frame/preferences/preferences.h"
 #include "view/ui/opengldrawer.h"
 
 #include <QOpenGLContext>

@@ -1,6 +1,6 @@
 // COpenGLDrawer: mouse, keyboard and the timer that moves the camera while they are held.
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
 #include "scene/idrawable.h"

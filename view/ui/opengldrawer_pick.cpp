@@ -1,5 +1,5 @@
 // COpenGLDrawer: what lies under the pointer and in rectangles.
-#include "frame/preferences.h"
+#include "frame/preferences/preferences.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/widgetmanager.h"
 #include "scene/iselectable.h"

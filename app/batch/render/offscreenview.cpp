@@ -1,7 +1,7 @@
 #include "app/batch/render/offscreenview.h"
 
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 #include "scene/drawablemanager.h"
 #include "scene/idrawable.h"
 #include "simulation/simulationmanager.h"

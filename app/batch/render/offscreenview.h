@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/batch/render/renderrequest.h"
-#include "view/camera.h"
+#include "view/camera/camera.h"
 
 #include <QImage>
 

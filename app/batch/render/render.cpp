@@ -10,8 +10,8 @@
 #include "app/batch/timings.h"
 #include "data/io/filefaults.h"
 #include "simulation/simulationcases.h"
+#include "view/gl/shadermanager.h"
 #include "view/selectables/selectablefactory.h"
-#include "view/shadermanager.h"
 #include "view/ui/surfaceformat.h"
 
 #include <QApplication>

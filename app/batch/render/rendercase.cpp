@@ -2,9 +2,9 @@
 
 #include "app/batch/batchcase.h"
 #include "app/batch/nearnames.h"
+#include "cases/display/displaydocument.h"
+#include "cases/files/casestorage.h"
 #include "data/variables/variablemanager.h"
-#include "modules/base/casestorage.h"
-#include "modules/base/displaydocument.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "modules/plot3d/ui/plot3dmodule.h"
 #include "scene/iselectable.h"

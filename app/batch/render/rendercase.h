@@ -2,7 +2,7 @@
 
 #include "app/batch/batch.h"
 #include "app/batch/render/renderrequest.h"
-#include "view/camera.h"
+#include "view/camera/camera.h"
 
 class CPlot3DSimulation;
 class ISelectable;

@@ -1,11 +1,11 @@
 // CModuleInterface: saving and opening the cases of a module.
-#include "frame/bytestream.h"
+#include "cases/files/casestorage.h"
+#include "cases/files/movedfiles.h"
+#include "cases/files/updateblock.h"
+#include "frame/packs/bytestream.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
-#include "modules/base/casestorage.h"
-#include "modules/base/movedfiles.h"
 #include "modules/base/ui/moduleinterface.h"
-#include "modules/base/updateblock.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 

@@ -1,6 +1,6 @@
 #include "modules/plot3d/dialogs/plot3ddialog.h"
 
-#include "frame/recentfolder.h"
+#include "frame/preferences/recentfolder.h"
 #include "frame/themeicon.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"

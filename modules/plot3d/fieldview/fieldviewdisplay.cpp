@@ -1,8 +1,8 @@
 #include "modules/plot3d/fieldview/fieldviewdisplay.h"
 
-#include "modules/base/displayoverrides.h"
-#include "modules/base/pairjson.h"
-#include "modules/base/storedcamera.h"
+#include "cases/display/displayoverrides.h"
+#include "cases/display/pairjson.h"
+#include "cases/files/storedcamera.h"
 #include "modules/plot3d/fieldview/fieldviewdrawable.h"
 
 #include <QJsonArray>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "modules/base/displaydocument.h"
+#include "cases/display/displaydocument.h"
 #include "modules/plot3d/fieldview/fieldviewrestart.h"
 
 /**

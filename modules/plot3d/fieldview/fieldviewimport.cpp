@@ -1,11 +1,11 @@
 #include "modules/plot3d/fieldview/fieldviewimport.h"
 
+#include "cases/display/displayfile.h"
 #include "data/variables/variablemanager.h"
 #include "frame/messagesink.h"
-#include "frame/recentfolder.h"
+#include "frame/preferences/recentfolder.h"
 #include "frame/replacefile.h"
 #include "frame/userprompt.h"
-#include "modules/base/displayfile.h"
 #include "modules/plot3d/datafilekeys.h"
 #include "modules/plot3d/fieldview/fieldviewdisplay.h"
 #include "modules/plot3d/filerecords.h"

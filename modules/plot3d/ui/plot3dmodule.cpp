@@ -1,10 +1,10 @@
 #include "modules/plot3d/ui/plot3dmodule.h"
 
+#include "cases/files/updateblock.h"
 #include "frame/messagesink.h"
 #include "frame/novalue.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
-#include "modules/base/updateblock.h"
 #include "modules/plot3d/datafilekeys.h"
 #include "modules/plot3d/fieldview/fieldviewimport.h"
 #include "modules/plot3d/packrecords.h"

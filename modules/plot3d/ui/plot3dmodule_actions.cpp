@@ -1,6 +1,6 @@
 // CPlot3DModule: its commands, and what the item panel asks.
 #include "frame/imainmenus.h"
-#include "frame/recentfolder.h"
+#include "frame/preferences/recentfolder.h"
 #include "frame/themeicon.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"

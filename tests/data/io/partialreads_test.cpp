@@ -1,5 +1,5 @@
 #include "data/io/partialreads.h"
-#include "frame/memorymanager.h"
+#include "frame/memory/memorymanager.h"
 #include "tests/support/plot3dcasefixture.h"
 
 using Plot3DFixture::Blocks;

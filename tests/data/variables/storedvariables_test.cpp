@@ -3,7 +3,7 @@
 #include "data/variables/expressionvariable.h"
 #include "data/variables/variablemanager.h"
 #include "frame/novalue.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferences.h"
 
 namespace {
 

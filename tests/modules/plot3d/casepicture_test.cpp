@@ -1,6 +1,6 @@
 // A case that was saved and opened looks as before, pixel for pixel. Skipped where there is no OpenGL.
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 #include "tests/modules/plot3d/showncase.h"
 #include "tests/support/offscreencontext.h"
 

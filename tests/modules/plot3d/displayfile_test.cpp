@@ -1,5 +1,5 @@
 // Display files of the module.
-#include "modules/base/displaydocument.h"
+#include "cases/display/displaydocument.h"
 #include "modules/plot3d/dialogs/plot3ddialog.h"
 #include "modules/plot3d/icasefileseditor.h"
 #include "tests/modules/plot3d/showncase.h"

@@ -2,8 +2,8 @@
 #include "tests/support/files.h"
 #include "tests/support/promptscript.h"
 
-#include "frame/preferencekeys.h"
-#include "frame/preferences.h"
+#include "frame/preferences/preferencekeys.h"
+#include "frame/preferences/preferences.h"
 
 #include "simulation/itemkeys.h"
 

@@ -1,0 +1,39 @@
+#include "cases/files/viewcamera.h"
+
+#include "cases/files/storedcamera.h"
+#include "frame/widgetmanager.h"
+#include "view/camera/icameraview.h"
+#include "view/iviewer.h"
+
+namespace {
+
+ICameraView* FindCameraView(qint64 nViewId)
+{
+    return dynamic_cast<ICameraView*>(CWidgetManager::Instance().GetViewerById(nViewId));
+}
+
+} // namespace
+
+std::optional<SCamera> TakeViewCamera(qint64 nViewId)
+{
+    const ICameraView* const pView = FindCameraView(nViewId);
+    return pView ? std::optional(pView->GetCamera()) : std::nullopt;
+}
+
+void ApplyViewCamera(qint64 nViewId, const SCamera& camera)
+{
+    if (ICameraView* const pView = FindCameraView(nViewId))
+        pView->SetCamera(camera);
+}
+
+void ApplyCameraBlock(qint64 nViewId, const QByteArray& block)
+{
+    const std::optional<SCamera> shown = TakeViewCamera(nViewId);
+    if (!shown)
+        return;
+    SStoredCamera stored;
+    stored.block = block;
+    stored.rotationPoint = shown->rotationPoint;
+    if (const std::optional<SCamera> camera = stored.Camera())
+        ApplyViewCamera(nViewId, *camera);
+}

@@ -1,3 +1,0 @@
-#include "frame/taskcreator.h"
-
-void CTaskCreator::TaskFinished(qlonglong, TaskStatus_e) {}

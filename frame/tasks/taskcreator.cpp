@@ -1,0 +1,3 @@
+#include "frame/tasks/taskcreator.h"
+
+void CTaskCreator::TaskFinished(qlonglong, TaskStatus_e) {}

@@ -1,7 +1,0 @@
-#include "view/drawcontext.h"
-
-SDrawContext& DrawContext()
-{
-    static SDrawContext s_context;
-    return s_context;
-}
