@@ -153,10 +153,26 @@ IGrid* CGridManager::Hold(qint64 nId, bool bMoved)
     }
     {
         const std::lock_guard prepare(pChain->prepareMutex);
+        if (pChain->mask.HasFileChangedSinceFailure() && IsAlone(*pChain)) {
+            pChain->mask.StartAnew();
+            pChain->flipped.ForgetDerived();
+            pChain->transformed.ForgetDerived();
+            ++m_nRestarts;
+        }
         pChain->mask.Prepare();
     }
     CMemoryManager::Instance().Acquire(pChain->mask.GetBaseGrid()->GetMemoryId());
     return bMoved ? static_cast<IGrid*>(&pChain->transformed) : &pChain->flipped;
+}
+
+/**
+ * Nobody but the caller, who holds the chain and its prepareMutex, knows what is behind the mask: whoever
+ * wants it as well waits for that mutex.
+ */
+bool CGridManager::IsAlone(const SChain& chain) const
+{
+    const std::lock_guard lock(m_mutex);
+    return chain.nHolders == 1;
 }
 
 void CGridManager::Release(CGrid* pGrid)
@@ -220,8 +236,7 @@ void CGridManager::FlipAxis(qint64 nSimulationId, qint64 nItemId, int nAxis)
     const std::lock_guard lock(m_mutex);
     for (const ChainPointer& pChain : ChainsOf(m_registry.IdsOf(nSimulationId, nItemId))) {
         pChain->flipped.ToggleFlip(nAxis);
-        // The grid around it doesn't notice, and would keep its ranges and its search tree.
-        pChain->transformed.SetTransform(pChain->transformed.GetTransform());
+        pChain->transformed.ForgetDerived(); // it doesn't notice
     }
 }
 

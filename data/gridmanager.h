@@ -9,6 +9,7 @@
 
 #include <QHash>
 
+#include <atomic>
 #include <memory>
 #include <mutex>
 
@@ -67,6 +68,8 @@ public:
     void RemoveItem(qint64 nSimulationId, qint64 nItemId);
     void RemoveSimulation(qint64 nSimulationId);
     qint64 CountGrids() const; ///< registered or still held
+    /** How often data that couldn't be read were tried anew: what was derived of data before needn't hold. */
+    qint64 CountRestarts() const { return m_nRestarts; }
 
     CFileCache& GetFileCache() { return m_fileCache; }
     void EmptyCache() override { m_fileCache.Clear(); }
@@ -90,6 +93,7 @@ private:
     std::vector<ChainPointer> ChainsOf(const QVector<qint64>& ids) const;
     CLease<IGrid> Request(qint64 nSimulationId, qint64 nItemId, qint64 nSubId, double dTime, bool bExact);
     IGrid* Hold(qint64 nId, bool bMoved);
+    bool IsAlone(const SChain& chain) const;
     bool HaveOneTransform(const QVector<STimeMatch>& matches) const;
     void Drop(const QVector<qint64>& ids);
 
@@ -97,5 +101,6 @@ private:
     CLevelRegistry m_registry;
     QHash<qint64, ChainPointer> m_chains; // by grid id
     qint64 m_nNextId = 0;
+    std::atomic<qint64> m_nRestarts = 0;
     CFileCache m_fileCache;
 };

@@ -170,10 +170,24 @@ IStructredSolution* CSolutionManager::Hold(qint64 nId)
     }
     {
         const std::lock_guard prepare(pEntry->prepareMutex);
+        if (pEntry->mask.HasFileChangedSinceFailure() && IsAlone(*pEntry)) {
+            pEntry->mask.StartAnew();
+            ++m_nRestarts;
+        }
         pEntry->mask.Prepare();
     }
     CMemoryManager::Instance().Acquire(pEntry->mask.GetBaseSolution()->GetMemoryId());
     return &pEntry->mask;
+}
+
+/**
+ * Nobody but the caller, who holds the entry and its prepareMutex, knows what is behind the mask: whoever
+ * wants it as well waits for that mutex.
+ */
+bool CSolutionManager::IsAlone(const SEntry& entry) const
+{
+    const std::lock_guard lock(m_mutex);
+    return entry.nHolders == 1;
 }
 
 void CSolutionManager::Release(CSolution* pSolution)

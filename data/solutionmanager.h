@@ -7,6 +7,7 @@
 
 #include <QHash>
 
+#include <atomic>
 #include <memory>
 #include <mutex>
 
@@ -59,6 +60,8 @@ public:
     void RemoveItem(qint64 nSimulationId, qint64 nItemId);
     void RemoveSimulation(qint64 nSimulationId);
     qint64 CountSolutions() const; ///< registered or still held
+    /** How often data that couldn't be read were tried anew: what was derived of data before needn't hold. */
+    qint64 CountRestarts() const { return m_nRestarts; }
 
     CFileCache& GetFileCache() { return m_fileCache; }
     void EmptyCache() override { m_fileCache.Clear(); }
@@ -81,11 +84,13 @@ private:
     CLease<IStructredSolution> Computed(const IVariable& variable, qint64 nSimulationId, qint64 nItemId,
                                         double dTime);
     IStructredSolution* Hold(qint64 nId);
+    bool IsAlone(const SEntry& entry) const;
     void Drop(const QVector<qint64>& ids);
 
     mutable std::mutex m_mutex; // the last to be taken; guards all but the file cache
     CLevelRegistry m_registry;
     QHash<qint64, EntryPointer> m_entries; // by solution id
     qint64 m_nNextId = 0;
+    std::atomic<qint64> m_nRestarts = 0;
     CFileCache m_fileCache;
 };

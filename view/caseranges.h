@@ -13,19 +13,19 @@
 class CCaseRanges
 {
 public:
-    /** Over the whole case that the item shows; empty for -1 and without data. */
-    SValueRange Get(const ISelectable& item, qint64 nVariableId)
+    /** Over the whole case that the item shows; nothing for -1 and without data. */
+    std::optional<SValueRange> Get(const ISelectable& item, qint64 nVariableId)
     {
         const Key key({item.viewId(), item.simulationId()}, nVariableId);
         if (const auto known = m_ranges.constFind(key); known != m_ranges.cend())
             return *known;
         IVariable* const pVariable = CVariableManager::Instance().GetVariable(nVariableId);
-        const SValueRange range =
-            pVariable ? pVariable->GetGlobalRange(item.viewId(), item.simulationId(), -1) : SValueRange();
+        const std::optional<SValueRange> range =
+            pVariable ? pVariable->GetGlobalRange(item.viewId(), item.simulationId(), -1) : std::nullopt;
         return *m_ranges.insert(key, range);
     }
 
 private:
     using Key = QPair<QPair<qint64, qint64>, qint64>; // view and simulation, variable
-    QHash<Key, SValueRange> m_ranges;
+    QHash<Key, std::optional<SValueRange>> m_ranges;
 };

@@ -7,10 +7,10 @@
 namespace {
 
 /** An item's range has an extent even where that of the variable has none. */
-bool IsTakenFrom(const SValueRange& variable, const SValueRange& item)
+bool IsTakenFrom(const std::optional<SValueRange>& variable, const SValueRange& item)
 {
-    return variable.IsEmpty() ||
-           (item.dMin == variable.dMin && (item.dMax == variable.dMax || variable.dMin == variable.dMax));
+    return !variable ||
+           (item.dMin == variable->dMin && (item.dMax == variable->dMax || variable->dMin == variable->dMax));
 }
 
 SValueRange ColorRange(const ISelectable& item)
@@ -58,9 +58,9 @@ void CTakenRanges::TakeAnew() const
 {
     CCaseRanges ranges;
     for (ISelectable* const pItem : m_scalars)
-        if (const SValueRange range = ranges.Get(*pItem, pItem->scalarVariable()); !range.IsEmpty())
-            pItem->setColormapValues(range.dMin, range.dMax);
+        if (const auto range = ranges.Get(*pItem, pItem->scalarVariable()))
+            pItem->setColormapValues(range->dMin, range->dMax);
     for (ISelectable* const pItem : m_thresholds)
-        if (const SValueRange range = ranges.Get(*pItem, pItem->thresholdVariable()); !range.IsEmpty())
-            pItem->setThresholdRange({range.dMin, range.dMax});
+        if (const auto range = ranges.Get(*pItem, pItem->thresholdVariable()))
+            pItem->setThresholdRange({range->dMin, range->dMax});
 }

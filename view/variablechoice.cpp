@@ -11,11 +11,11 @@
 
 namespace {
 
-SValueRange GlobalRange(const ISelectable& selectable, qint64 nId)
+std::optional<SValueRange> GlobalRange(const ISelectable& selectable, qint64 nId)
 {
     IVariable* const pVariable = CVariableManager::Instance().GetVariable(nId);
     return pVariable ? pVariable->GetGlobalRange(selectable.viewId(), selectable.simulationId(), NO_ID)
-                     : SValueRange();
+                     : std::nullopt;
 }
 
 /** The item is shaded if it was shown by what has no variable now. */
@@ -32,8 +32,8 @@ void ShowScalar(ISelectable& selectable, qint64 nId)
     selectable.setGeometricColor(nId == NO_ID);
     if (nId == NO_ID)
         LeaveType(selectable, DisplayContour);
-    if (const SValueRange range = bNew ? GlobalRange(selectable, nId) : SValueRange(); !range.IsEmpty())
-        selectable.setColormapValues(range.dMin, range.dMax);
+    if (const auto range = bNew ? GlobalRange(selectable, nId) : std::nullopt)
+        selectable.setColormapValues(range->dMin, range->dMax);
 }
 
 void ShowVector(ISelectable& selectable, qint64 nId)
@@ -52,8 +52,8 @@ double LargestComponent(const ISelectable& selectable, qint64 nId)
                                                                  selectable.blockId(), -1, dTime);
     double dLargest = 0.0;
     for (int nAxis = 0; pField && nAxis < 3; ++nAxis)
-        if (const SValueRange range = pField->GetRange(nAxis, true); !range.IsEmpty())
-            dLargest = std::max({dLargest, std::abs(range.dMin), std::abs(range.dMax)});
+        if (const std::optional<SValueRange> range = pField->GetRange(nAxis, true))
+            dLargest = std::max({dLargest, std::abs(range->dMin), std::abs(range->dMax)});
     return dLargest;
 }
 
@@ -87,8 +87,8 @@ void ShowThreshold(ISelectable& selectable, qint64 nId)
     const bool bNew = selectable.thresholdVariable() != nId;
     selectable.setThresholdVariable(nId);
     selectable.setThresholdEnable(nId != NO_ID);
-    if (const SValueRange range = bNew ? GlobalRange(selectable, nId) : SValueRange(); !range.IsEmpty())
-        selectable.setThresholdRange({range.dMin, range.dMax});
+    if (const auto range = bNew ? GlobalRange(selectable, nId) : std::nullopt)
+        selectable.setThresholdRange({range->dMin, range->dMax});
 }
 
 struct SRole

@@ -145,7 +145,7 @@ int RunOnCase(const SCaseCommand& command, const QStringList& sArgumentList)
     json.BeginObject();
     sProblem = command.write(json, batchCase, options);
     if (sProblem.isEmpty())
-        sProblem = FileFaults::Last(); // what can't be read reads as zeros
+        sProblem = FileFaults::Last(); // a part of the case without values
     if (!sProblem.isEmpty())
         return BatchError(BatchFailed, sProblem);
     json.EndObject();

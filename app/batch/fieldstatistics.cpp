@@ -7,23 +7,23 @@
 namespace {
 
 /** The values of a part, or the magnitudes of its vectors. */
-void Fill(const IStructredSolution& field, const SIJKRange& part, bool bVector, std::vector<double>& values)
+LoadStatus_e Fill(const IStructredSolution& field, const SIJKRange& part, bool bVector,
+                  std::vector<double>& values)
 {
     const qint64 nCount = part.Count();
     values.resize(bVector ? 3 * nCount : nCount);
     const std::span<double> all(values);
-    if (!bVector) {
-        field.FillValues(part, all);
-        return;
-    }
+    if (!bVector)
+        return field.FillValues(part, all);
     const SPointBuffers vectors{all.first(nCount), all.subspan(nCount, nCount),
                                 all.subspan(2 * nCount, nCount)};
-    field.FillVectors(part, vectors);
+    const LoadStatus_e eStatus = field.FillVectors(part, vectors);
     for (qint64 n = 0; n < nCount; ++n) {
         const DVector3D vector{vectors.x[n], vectors.y[n], vectors.z[n]};
         const bool bAll = IsFieldValue(vector.x) && IsFieldValue(vector.y) && IsFieldValue(vector.z);
         values[n] = bAll ? Length(vector) : NO_VALUE;
     }
+    return eStatus;
 }
 
 } // namespace
@@ -36,10 +36,12 @@ SFieldStatistics ComputeStatistics(const IStructredSolution& field, const IStruc
     result.nPoints = shape.PointCount();
     std::vector<double> values, holes;
     double dSum = 0.0;
-    ForEachSlice(shape.Range(), [&](const SIJKRange& part) {
-        Fill(field, part, bVector, values);
-        if (pHoles)
-            Fill(*pHoles, part, false, holes);
+    result.eStatus = ForEachSlice(shape.Range(), [&](const SIJKRange& part) {
+        LoadStatus_e eStatus = Fill(field, part, bVector, values);
+        if (eStatus == LoadOk && pHoles)
+            eStatus = Fill(*pHoles, part, false, holes);
+        if (eStatus != LoadOk)
+            return eStatus;
         const SBlockShape slice{part.Extent(), part.min};
         for (qint64 n = 0; n < part.Count(); ++n) {
             if (!IsFieldValue(values[n]) || (pHoles && holes[n] == 0.0))
@@ -55,6 +57,7 @@ SFieldStatistics ComputeStatistics(const IStructredSolution& field, const IStruc
             dSum += values[n];
             ++result.nCounted;
         }
+        return LoadOk;
     });
     if (result.nCounted > 0)
         result.dMean = dSum / double(result.nCounted);

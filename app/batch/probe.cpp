@@ -4,7 +4,6 @@
 #include "app/batch/commands.h"
 #include "app/batch/jsonwriter.h"
 #include "data/gridmanager.h"
-#include "data/loadedleaves.h"
 #include "data/solutionmanager.h"
 #include "data/variables/variablemanager.h"
 
@@ -36,6 +35,12 @@ std::optional<DVector3D> ParseTriple(const QString& sText)
     return triple;
 }
 
+bool CanBeRead(const IStructredSolution& field, const IVector3D& ijk)
+{
+    double dValue = NO_VALUE;
+    return field.FillValues({ijk, ijk}, {&dValue, 1}) == LoadOk;
+}
+
 /** Writes the values at a grid point, or interpolated at a place near it. False if one can't be had. */
 bool WriteValues(CJsonWriter& json, const CBatchCase& batchCase, qint64 nBlock, const IVector3D& ijk,
                  const IGrid& grid, const std::optional<DVector3D>& place)
@@ -51,14 +56,12 @@ bool WriteValues(CJsonWriter& json, const CBatchCase& batchCase, qint64 nBlock, 
             CSolutionManager::Instance().GetSolution(nId, CBatchCase::SIMULATION, nBlock, -1, STEADY_TIME);
         if (variable.IsConstant())
             json.Value(variable.EvaluateScalarConstant());
-        else if (!pField)
+        else if (!pField || !CanBeRead(*pField, pField->GetShape().Clamped(ijk)))
             return false;
         else if (variable.GetKind() == KindVector)
             json.Value(place ? pField->InterpolateVectorAt(*place, ijk, grid) : pField->GetVector(ijk));
         else
             json.Value(place ? pField->InterpolateAt(*place, ijk, grid) : pField->GetValue(ijk));
-        if (pField && !AreLoaded(pField->GetLeafSolutions()))
-            return false;
         json.EndObject();
     }
     json.EndArray();

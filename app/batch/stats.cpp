@@ -4,7 +4,6 @@
 #include "app/batch/commands.h"
 #include "app/batch/fieldstatistics.h"
 #include "app/batch/jsonwriter.h"
-#include "data/loadedleaves.h"
 #include "data/solutionmanager.h"
 #include "data/variables/variablemanager.h"
 
@@ -53,7 +52,7 @@ QString WriteVariable(CJsonWriter& json, qint64 nVariableId, const QVector<qint6
                   : nullptr;
         const SFieldStatistics statistics =
             ComputeStatistics(*pField, pHoles.get(), variable.GetKind() == KindVector);
-        if (!AreLoaded(pField->GetLeafSolutions()))
+        if (statistics.eStatus != LoadOk)
             return QString("block %1 of %2 can't be read").arg(nBlock).arg(pField->GetFileName());
         if (statistics.nCounted > 0)
             range.Add({statistics.dMin, statistics.dMax});

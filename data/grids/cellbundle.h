@@ -5,16 +5,26 @@
 #include "data/grids/igrid.h"
 
 #include <array>
+#include <limits>
 
-/** The points of a range of a grid, read in one go; gaps are three NaN. Throws std::bad_alloc. */
+/** The points of a range of a grid, read in one go; gaps are three NaN, and all where it can't be read.
+ * Throws std::bad_alloc. */
 class CGridPiece
 {
 public:
     CGridPiece(const IGrid& grid, const SIJKRange& range)
-        : m_range(range), m_scratch(range.Count()), m_points(m_scratch.First(range.Count()))
+        : m_range(range),
+          m_scratch(range.Count()),
+          m_points(m_scratch.First(range.Count())),
+          m_eStatus(FillRange(grid, range, GapsAreNaN, m_points))
     {
-        FillRange(grid, range, GapsAreNaN, m_points);
+        if (m_eStatus != LoadOk)
+            for (int nAxis = 0; nAxis < 3; ++nAxis)
+                std::fill(m_points.Axis(nAxis).begin(), m_points.Axis(nAxis).end(),
+                          std::numeric_limits<double>::quiet_NaN());
     }
+
+    LoadStatus_e GetStatus() const { return m_eStatus; }
 
     DVector3D Point(const IVector3D& ijk) const { return PointAt(m_points, m_range.IndexOf(ijk)); }
     SBox BoxOf(const SIJKRange& part) const;
@@ -38,6 +48,7 @@ private:
     SIJKRange m_range;
     CPointScratch m_scratch;
     SPointBuffers m_points;
+    LoadStatus_e m_eStatus;
 };
 
 /** Between which places a layer of cells lies; low above high for a layer without points. */

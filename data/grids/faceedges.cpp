@@ -32,12 +32,14 @@ SEdgeRanges RangesOf(const SBlockShape& shape, int nFace, int nEdge)
     return ranges;
 }
 
+/** Empty if they can't be read. */
 QVector<DVector3D> PointsOf(const IGrid& grid, const SIJKRange& range)
 {
     CPointScratch scratch(range.Count());
     const SPointBuffers points = scratch.First(range.Count());
-    FillRange(grid, range, GapsAreZeros, points);
     QVector<DVector3D> result;
+    if (FillRange(grid, range, GapsAreZeros, points) != LoadOk)
+        return result;
     result.reserve(int(range.Count()));
     for (qint64 n = 0; n < range.Count(); ++n)
         result.append(PointAt(points, n));
@@ -155,6 +157,8 @@ const CFaceEdges::SEdge& CFaceEdges::Get(const IGrid& grid, int nFace, int nEdge
         const SEdgeRanges ranges = RangesOf(shape, nFace, nEdge);
         const QVector<DVector3D> inside = PointsOf(grid, ranges.inside);
         edge.points = PointsOf(grid, ranges.edge);
+        if (inside.size() != edge.points.size() || inside.isEmpty()) // unreadable: nothing now, perhaps later
+            return edge = {};
         // All normals of a face point the same way, that of its two directions in cyclic order.
         edge.normals = NormalsOf(edge.points, inside, nEdge == 1 || nEdge == 2);
         for (int n = 0; n < inside.size(); ++n) {

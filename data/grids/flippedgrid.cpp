@@ -5,8 +5,7 @@
 void CFlippedGrid::ToggleFlip(int nAxis)
 {
     m_bFlipped[nAxis] = !m_bFlipped[nAxis];
-    ReleaseCoordinateCopies();
-    ForgetGeometry();
+    ForgetDerived();
 }
 
 IVector3D CFlippedGrid::Mirrored(const IVector3D& ijk) const
@@ -23,7 +22,7 @@ DVector3D CFlippedGrid::GetPoint(qint64 nIndex) const
     return IsAnyFlipped() ? GetPoint(GetIJK(nIndex)) : m_pInner->GetPoint(nIndex);
 }
 
-void CFlippedGrid::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
+LoadStatus_e CFlippedGrid::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
 {
     SIJKRange inner = range;
     for (int nAxis = 0; nAxis < 3; ++nAxis) {
@@ -32,10 +31,12 @@ void CFlippedGrid::FillPoints(const SIJKRange& range, const SPointBuffers& out) 
             inner.max[nAxis] = MirrorIndex(nAxis, range.min[nAxis]);
         }
     }
-    m_pInner->FillPoints(inner, out);
+    if (const LoadStatus_e eStatus = m_pInner->FillPoints(inner, out); eStatus != LoadOk)
+        return eStatus;
     for (int nAxis = 0; nAxis < 3; ++nAxis)
         for (int nCoordinate = 0; m_bFlipped[nAxis] && nCoordinate < 3; ++nCoordinate)
             ReverseAxis(out.Axis(nCoordinate).first(range.Count()), range.Extent(), nAxis);
+    return LoadOk;
 }
 
 const float* CFlippedGrid::GetCoordinatesSingle(int nAxis)

@@ -16,7 +16,7 @@ public:
     bool HasPoint(const IVector3D& ijk) const override { return m_pInner->HasPoint(Mirrored(ijk)); }
     DVector3D GetPoint(const IVector3D& ijk) const override { return m_pInner->GetPoint(Mirrored(ijk)); }
     DVector3D GetPoint(qint64 nIndex) const override;
-    void FillPoints(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e FillPoints(const SIJKRange& range, const SPointBuffers& out) const override;
     const float* GetCoordinatesSingle(int nAxis) override;
     const double* GetCoordinatesDouble(int nAxis) override;
 

@@ -48,6 +48,12 @@ void CGrid::ForgetGeometry()
     m_pSearchTree.reset();
 }
 
+void CGrid::ForgetDerived()
+{
+    ReleaseCoordinateCopies();
+    ForgetGeometry();
+}
+
 template <class Real> const Real* CGrid::Copy(std::array<std::vector<Real>, 3>& copies, int nAxis) const
 {
     if (!copies[nAxis].empty())
@@ -61,7 +67,8 @@ template <class Real> const Real* CGrid::Copy(std::array<std::vector<Real>, 3>& 
                 for (const double dValue : points.Axis(n))
                     built[n].push_back(static_cast<Real>(dValue));
         };
-        ForEachSlice(*this, GetShape().Range(), GapsAreZeros, append);
+        if (ForEachSlice(*this, GetShape().Range(), GapsAreZeros, append) != LoadOk)
+            return nullptr;
         copies = std::move(built);
     } catch (const std::bad_alloc&) {
         return nullptr;
@@ -79,10 +86,10 @@ void CGrid::ReleaseCoordinateCopies()
     m_pRevolved.reset();
 }
 
-SValueRange CGrid::GetRange(int nAxis, bool bCompute)
+std::optional<SValueRange> CGrid::GetRange(int nAxis, bool bCompute)
 {
-    if (bCompute && m_ranges[nAxis].IsEmpty())
-        ComputeRanges();
+    if (m_ranges[nAxis].IsEmpty() && (!bCompute || ComputeRanges() != LoadOk || m_ranges[nAxis].IsEmpty()))
+        return std::nullopt;
     return m_ranges[nAxis];
 }
 
@@ -99,7 +106,7 @@ IVector3D CGrid::GetMaximumLocation(int nAxis)
 }
 
 // The first of equal extremes counts, in the order of flat indices; gaps and NaN fail both comparisons.
-void CGrid::ComputeRanges()
+LoadStatus_e CGrid::ComputeRanges()
 {
     m_ranges = {};
     const auto scan = [&](const SIJKRange& part, const SPointBuffers& points) {
@@ -119,7 +126,10 @@ void CGrid::ComputeRanges()
             }
         }
     };
-    ForEachSlice(*this, GetShape().Range(), GapsAreNaN, scan);
+    const LoadStatus_e eStatus = ForEachSlice(*this, GetShape().Range(), GapsAreNaN, scan);
+    if (eStatus != LoadOk)
+        m_ranges = {};
+    return eStatus;
 }
 
 bool CGrid::BuildRevolvedCoordinates(int nAxis, qint64 nSectors, bool bDouble)
@@ -145,6 +155,8 @@ void CGrid::BuildSearchTree()
         return;
     try {
         m_pSearchTree = std::make_unique<CSearchTree>(*this);
+        if (m_pSearchTree->GetStatus() != LoadOk)
+            m_pSearchTree.reset();
     } catch (const std::bad_alloc&) {
         m_pSearchTree.reset();
     }

@@ -22,6 +22,10 @@ public:
 
     /** Whoever takes the grid back at Dispose (not owned); null: Dispose does nothing. */
     void SetOwner(IGridOwner* pOwner) { m_pOwner = pOwner; }
+    /** The data couldn't be read, and the file isn't any more what it was then. */
+    virtual bool HasFileChangedSinceFailure() const { return false; }
+    /** Nothing that was built from the points holds any more. */
+    void ForgetDerived();
 
     void Dispose() override;
     qint64 GetGridId() const override { return m_nGridId; }
@@ -61,11 +65,11 @@ public:
     const double* GetCoordinatesDouble(int nAxis) override;
     void ReleaseCoordinateCopies() override;
 
-    SValueRange GetRange(int nAxis, bool bCompute) override;
+    std::optional<SValueRange> GetRange(int nAxis, bool bCompute) override;
     void SetRange(int nAxis, const SValueRange& range) override { m_ranges[nAxis] = range; }
     IVector3D GetMinimumLocation(int nAxis) override;
     IVector3D GetMaximumLocation(int nAxis) override;
-    void ComputeRanges() override;
+    LoadStatus_e ComputeRanges() override;
 
     bool IsRightHanded() const override;
     DVector3D GetSamplePoint(int n) const override;

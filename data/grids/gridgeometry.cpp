@@ -24,33 +24,74 @@ constexpr IVector3D SkewPlace(const IVector3D& counts)
             std::min(3 * (counts.k / 4) + 1, counts.k)};
 }
 
-/** Calls visit(range) for the outer faces of a range; one face for a direction of one point. */
-template <class Visit> void ForEachOuterFace(const SIJKRange& range, const Visit& visit)
+/** The outer faces of a range; one face for a direction of one point. */
+QVarLengthArray<SIJKRange, 6> OuterFaces(const SIJKRange& range)
 {
+    QVarLengthArray<SIJKRange, 6> faces;
     for (int nAxis = 0; nAxis < 3 && !range.IsEmpty(); ++nAxis) {
         SIJKRange face = range;
         face.max[nAxis] = range.min[nAxis];
-        visit(face);
+        faces.append(face);
         face.min[nAxis] = face.max[nAxis] = range.max[nAxis];
         if (range.max[nAxis] > range.min[nAxis])
-            visit(face);
+            faces.append(face);
     }
+    return faces;
 }
 
 /** Calls visit(points) for slices of the points that the grid has on the outer faces of a range. */
-template <class Visit> void ForEachOuterPoints(const IGrid& grid, const SIJKRange& range, const Visit& visit)
+template <class Visit>
+LoadStatus_e ForEachOuterPoints(const IGrid& grid, const SIJKRange& range, const Visit& visit)
 {
-    ForEachOuterFace(range, [&](const SIJKRange& face) {
-        ForEachSlice(grid, Intersection(face, grid.GetShape().Range()), GapsAreNaN,
-                     [&](const SIJKRange&, const SPointBuffers& points) { visit(points); });
-    });
+    const auto visitPoints = [&](const SIJKRange&, const SPointBuffers& points) { visit(points); };
+    for (const SIJKRange& face : OuterFaces(range)) {
+        const LoadStatus_e eStatus =
+            ForEachSlice(grid, Intersection(face, grid.GetShape().Range()), GapsAreNaN, visitPoints);
+        if (eStatus != LoadOk)
+            return eStatus;
+    }
+    return LoadOk;
 }
+
+/** From the first corner of a cell to each of the eight, k fastest. */
+constexpr IVector3D CornerStep(int n) { return {n >> 2, (n >> 1) & 1, n & 1}; }
 
 bool AreApart(const DVector3D& a, const DVector3D& b, double dTolerance)
 {
     const DVector3D d = a - b;
     return std::abs(d.x) > dTolerance || std::abs(d.y) > dTolerance || std::abs(d.z) > dTolerance;
 }
+
+/** Corners of a cell. Those that fell together count once, so that the centre of a wedge is that of its own.
+ */
+class CCorners
+{
+public:
+    explicit CCorners(double dTolerance) : m_dTolerance(dTolerance) {}
+
+    void Add(const DVector3D& point)
+    {
+        if (std::all_of(m_corners.begin(), m_corners.end(),
+                        [&](const DVector3D& other) { return AreApart(point, other, m_dTolerance); }))
+            m_corners.append(point);
+    }
+    void AddUnlessGap(const DVector3D& point)
+    {
+        if (!std::isnan(point.x))
+            Add(point);
+    }
+    DVector3D Mean() const
+    {
+        DVector3D sum;
+        for (const DVector3D& corner : m_corners)
+            sum = sum + corner;
+        return m_corners.isEmpty() ? DVector3D() : sum / m_corners.size();
+    }
+
+private:
+    const double m_dTolerance;
+    QVarLengthArray<DVector3D, 8> m_corners;
+};
 
 } // namespace
 
@@ -109,23 +150,36 @@ QVector<IVector3D> CGrid::GetSampleIndices() const
     return indices;
 }
 
-// Corners that fell together count once, so that the centre of a wedge is that of its own corners.
 DVector3D CGrid::GetCellCentre(const IVector3D& ijk, double dTolerance) const
 {
-    QVarLengthArray<DVector3D, 8> corners;
-    for (int n = 0; n < 8; ++n) {
-        const IVector3D corner = ijk + IVector3D{n >> 2, (n >> 1) & 1, n & 1};
-        if (!HasPoint(corner))
-            continue;
-        const DVector3D point = GetPoint(corner);
-        if (std::all_of(corners.begin(), corners.end(),
-                        [&](const DVector3D& other) { return AreApart(point, other, dTolerance); }))
-            corners.append(point);
-    }
-    DVector3D sum;
-    for (const DVector3D& corner : corners)
-        sum = sum + corner;
-    return corners.isEmpty() ? DVector3D() : sum / corners.size();
+    CCorners corners(dTolerance);
+    for (int n = 0; n < 8; ++n)
+        if (const IVector3D corner = ijk + CornerStep(n); HasPoint(corner))
+            corners.Add(GetPoint(corner));
+    return corners.Mean();
+}
+
+LoadStatus_e FillCellCentres(const IGrid& grid, const SIJKRange& cells, const SPointBuffers& out)
+{
+    return ForEachSlice(cells, [&](const SIJKRange& part) {
+        const SIJKRange nodes =
+            Intersection({part.min, part.max + IVector3D{1, 1, 1}}, grid.GetShape().Range());
+        CPointScratch scratch(nodes.Count());
+        const SPointBuffers points = scratch.First(nodes.Count());
+        const LoadStatus_e eStatus = FillRange(grid, nodes, GapsAreNaN, points);
+        const SBlockShape shape{part.Extent(), part.min};
+        for (qint64 nCell = 0; eStatus == LoadOk && nCell < part.Count(); ++nCell) {
+            const IVector3D ijk = shape.Address(nCell);
+            CCorners corners(0.0);
+            for (int n = 0; n < 8; ++n)
+                if (const IVector3D corner = ijk + CornerStep(n); nodes.Contains(corner))
+                    corners.AddUnlessGap(PointAt(points, nodes.IndexOf(corner)));
+            const DVector3D mean = corners.Mean();
+            for (int nAxis = 0; nAxis < 3; ++nAxis)
+                out.Axis(nAxis)[cells.IndexOf(ijk)] = mean[nAxis];
+        }
+        return eStatus;
+    });
 }
 
 std::array<qint64, 4> CGrid::GetFaceCorners(const IVector3D& ijk, int nFace) const
@@ -143,20 +197,22 @@ std::array<qint64, 4> CGrid::GetFaceCorners(const IVector3D& ijk, int nFace) con
 SValueRange CGrid::GetProjectedRange(const DVector3D& direction, const SIJKRange& range) const
 {
     SValueRange projected;
-    ForEachOuterPoints(*this, range, [&](const SPointBuffers& points) {
+    const LoadStatus_e eStatus = ForEachOuterPoints(*this, range, [&](const SPointBuffers& points) {
         for (size_t n = 0; n < points.x.size(); ++n)
             projected.Add(Dot(direction, PointAt(points, n)));
     });
-    return projected;
+    return eStatus == LoadOk ? projected : SValueRange();
 }
 
 QPair<DVector3D, DVector3D> CGrid::GetBoundingBox(const SIJKRange& range, double dMargin) const
 {
     SBox box;
-    ForEachOuterPoints(*this, range, [&](const SPointBuffers& points) {
+    const LoadStatus_e eStatus = ForEachOuterPoints(*this, range, [&](const SPointBuffers& points) {
         for (size_t n = 0; n < points.x.size(); ++n)
             box.Add(PointAt(points, n));
     });
+    if (eStatus != LoadOk)
+        box = {};
     const DVector3D margin{dMargin, dMargin, dMargin};
     return {box.min - margin, box.max + margin};
 }

@@ -2,16 +2,29 @@
 
 bool CGridMask::Prepare()
 {
-    if (m_pInner || !m_bMayCreate)
+    if (m_pInner || m_bFailed)
         return m_pInner != nullptr;
     m_pInner = m_factory(*this);
-    m_bMayCreate = m_pInner != nullptr;
-    if (!m_pInner)
+    m_bFailed = !m_pInner;
+    m_failure.Note(m_bFailed ? LoadFailed : LoadOk, CGrid::GetFileName());
+    if (m_bFailed)
         return false;
     const SBlockShape shape = CGrid::GetShape();
     m_pInner->Init(CGrid::GetFileName(), CGrid::GetFileIndex(), shape.dimensions, shape.start, m_bStructured);
     m_pInner->SetGridId(CGrid::GetGridId());
     return true;
+}
+
+bool CGridMask::HasFileChangedSinceFailure() const
+{
+    return m_pInner ? m_pInner->HasFileChangedSinceFailure() : m_failure.HasFileChanged(CGrid::GetFileName());
+}
+
+void CGridMask::StartAnew()
+{
+    m_pInner.reset();
+    m_bFailed = false;
+    ForgetGeometry();
 }
 
 void CGridMask::Init(const QString& sFileName, qint64 nFileIndex, const IVector3D& dimensions,
@@ -37,9 +50,9 @@ void CGridMask::ReleaseCoordinateCopies()
         m_pInner->ReleaseCoordinateCopies();
 }
 
-SValueRange CGridMask::GetRange(int nAxis, bool bCompute)
+std::optional<SValueRange> CGridMask::GetRange(int nAxis, bool bCompute)
 {
-    return m_pInner ? m_pInner->GetRange(nAxis, bCompute) : SValueRange();
+    return m_pInner ? m_pInner->GetRange(nAxis, bCompute) : std::nullopt;
 }
 
 void CGridMask::SetRange(int nAxis, const SValueRange& range)
@@ -58,8 +71,4 @@ IVector3D CGridMask::GetMaximumLocation(int nAxis)
     return m_pInner ? m_pInner->GetMaximumLocation(nAxis) : IVector3D();
 }
 
-void CGridMask::ComputeRanges()
-{
-    if (m_pInner)
-        m_pInner->ComputeRanges();
-}
+LoadStatus_e CGridMask::ComputeRanges() { return m_pInner ? m_pInner->ComputeRanges() : LoadFailed; }

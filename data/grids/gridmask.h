@@ -1,13 +1,14 @@
 #pragma once
 
 #include "data/grids/gridwrapper.h"
+#include "data/io/filefailure.h"
 
 #include <functional>
 
 /**
  * A block of a file before anybody has needed it: the grid with the points is made at the first Prepare,
- * since only the file tells of what class it has to be. Until then, and for good where the file can't be
- * identified, the mask answers what Init told: shape, counts, file and index.
+ * since only the file tells of what class it has to be. Until then, and while the file can't be identified,
+ * the mask answers what Init told: shape, counts, file and index.
  */
 class CGridMask : public CGridWrapper
 {
@@ -17,7 +18,12 @@ public:
     explicit CGridMask(Factory factory) : m_factory(std::move(factory)) {}
 
     bool Prepare() override;
-    bool IsPrepared() const override { return m_pInner || !m_bMayCreate; }
+    bool IsPrepared() const override { return m_pInner || m_bFailed; }
+    /** The file couldn't be identified or read, and isn't any more what it was then: the next Prepare begins
+     * anew. */
+    bool HasFileChangedSinceFailure() const override;
+    /** For one who alone knows the mask, after HasFileChangedSinceFailure. */
+    void StartAnew();
     void Init(const QString& sFileName, qint64 nFileIndex, const IVector3D& dimensions,
               const IVector3D& start, bool bStructured) override;
     /** What Init was told; the factory decides by it what to look for. */
@@ -26,11 +32,11 @@ public:
     const float* GetCoordinatesSingle(int nAxis) override;
     const double* GetCoordinatesDouble(int nAxis) override;
     void ReleaseCoordinateCopies() override;
-    SValueRange GetRange(int nAxis, bool bCompute) override;
+    std::optional<SValueRange> GetRange(int nAxis, bool bCompute) override;
     void SetRange(int nAxis, const SValueRange& range) override;
     IVector3D GetMinimumLocation(int nAxis) override;
     IVector3D GetMaximumLocation(int nAxis) override;
-    void ComputeRanges() override;
+    LoadStatus_e ComputeRanges() override;
 
 protected:
     IGrid* Inner() const override { return m_pInner.get(); }
@@ -38,6 +44,7 @@ protected:
 private:
     Factory m_factory;
     std::unique_ptr<CGrid> m_pInner;
-    bool m_bMayCreate = true;
+    bool m_bFailed = false;
+    CFileFailure m_failure; // of the factory; a load's is the inner grid's
     bool m_bStructured = true;
 };

@@ -80,13 +80,15 @@ DVector3D CGridPack::GetPoint(const IVector3D& ijk) const
     return pMember ? pMember->GetPoint(ijk) : DVector3D();
 }
 
-void CGridPack::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
+LoadStatus_e CGridPack::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
 {
     for (int nAxis = 0; nAxis < 3; ++nAxis)
         std::fill_n(out.Axis(nAxis).begin(), range.Count(), 0.0);
     // From the last to the first, so that the first has the last word where they overlap.
     for (auto it = m_members.rbegin(); it != m_members.rend(); ++it)
-        FillCovered(**it, range, out);
+        if (const LoadStatus_e eStatus = FillCovered(**it, range, out); eStatus != LoadOk)
+            return eStatus;
+    return LoadOk;
 }
 
 const float* CGridPack::GetCoordinatesSingle(int nAxis)

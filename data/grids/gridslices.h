@@ -38,21 +38,30 @@ enum Gaps_e { GapsAreZeros, GapsAreNaN };
  * The coordinates of any range, also of one that reaches out of the grid. Loops over a block use this and not
  * FillPoints, since a first load may correct the dimensions that the loop began with.
  */
-void FillRange(const IGrid& grid, const SIJKRange& range, Gaps_e eGaps, const SPointBuffers& out);
+LoadStatus_e FillRange(const IGrid& grid, const SIJKRange& range, Gaps_e eGaps, const SPointBuffers& out);
 
 /** Writes the points of any range that the grid has; what it doesn't have stays as it is. */
-void FillCovered(const IGrid& grid, const SIJKRange& range, const SPointBuffers& out);
+LoadStatus_e FillCovered(const IGrid& grid, const SIJKRange& range, const SPointBuffers& out);
 
-/** Calls visit(part, points) for each slice of a range of the grid, filled by FillRange. */
+/**
+ * The means of the corners of a range of cells, as GetCellCentre gives them: corners that fell together count
+ * once, and those that the grid doesn't have not at all.
+ */
+LoadStatus_e FillCellCentres(const IGrid& grid, const SIJKRange& cells, const SPointBuffers& out);
+
+/** Calls visit(part, points) for each slice of a range of the grid, filled by FillRange, up to the first
+ * failure. */
 template <class Visit>
-void ForEachSlice(const IGrid& grid, const SIJKRange& range, Gaps_e eGaps, const Visit& visit)
+LoadStatus_e ForEachSlice(const IGrid& grid, const SIJKRange& range, Gaps_e eGaps, const Visit& visit)
 {
     qint64 nLargest = 0;
     ForEachSlice(range, [&](const SIJKRange& part) { nLargest = std::max(nLargest, part.Count()); });
     CPointScratch scratch(nLargest);
-    ForEachSlice(range, [&](const SIJKRange& part) {
+    return ForEachSlice(range, [&](const SIJKRange& part) {
         const SPointBuffers points = scratch.First(part.Count());
-        FillRange(grid, part, eGaps, points);
-        visit(part, points);
+        const LoadStatus_e eStatus = FillRange(grid, part, eGaps, points);
+        if (eStatus == LoadOk)
+            visit(part, points);
+        return eStatus;
     });
 }

@@ -97,14 +97,9 @@ void CGridWrapper::SetPoint(qint64 nIndex, const DVector3D& point)
         Inner()->SetPoint(nIndex, point);
 }
 
-void CGridWrapper::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
+LoadStatus_e CGridWrapper::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
 {
-    if (Inner()) {
-        Inner()->FillPoints(range, out);
-        return;
-    }
-    for (int nAxis = 0; nAxis < 3; ++nAxis)
-        std::fill_n(out.Axis(nAxis).begin(), range.Count(), 0.0);
+    return Inner() ? Inner()->FillPoints(range, out) : LoadFailed;
 }
 
 bool CGridWrapper::IsRightHanded() const { return Inner() && CGrid::IsRightHanded(); }

@@ -4,7 +4,7 @@
 
 /**
  * A grid that shows another one: everything is the inner grid's, unless a derived class changes it. Without
- * an inner grid all answers are zero, empty or false.
+ * an inner grid all answers are zero, empty or false, and nothing can be read.
  */
 class CGridWrapper : public CGrid
 {
@@ -38,7 +38,7 @@ public:
     DVector3D GetPoint(const IVector3D& ijk) const override;
     DVector3D GetPoint(qint64 nIndex) const override;
     void SetPoint(qint64 nIndex, const DVector3D& point) override;
-    void FillPoints(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e FillPoints(const SIJKRange& range, const SPointBuffers& out) const override;
     bool IsRightHanded() const override;
 
 protected:

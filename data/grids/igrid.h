@@ -13,6 +13,7 @@
 #include <QVector>
 
 #include <array>
+#include <optional>
 
 class CSearchTree;
 
@@ -25,7 +26,8 @@ enum GridKind_e { GridKindUnknown = 0, GridKindStructured = 1, GridKindUnstructu
  * fastest; SBlockShape has the arithmetic.
  *
  * A point is read by one of two roads, with equal values bit for bit: GetPoint for odd jobs, FillPoints (or
- * the stored arrays themselves) for every loop over a block.
+ * the stored arrays themselves) for every loop over a block. GetPoint gives zeros where the data can't be
+ * read, so who must know fills.
  *
  * A grid that the manager gave out stays in memory until Dispose. Reading is safe from any thread; what is
  * built on demand (copies, ranges, face edges, the search tree) is for one thread at a time.
@@ -77,8 +79,11 @@ public:
     virtual DVector3D GetPoint(qint64 nIndex) const = 0;
     DVector3D GetPoint(qint64 i, qint64 j, qint64 k) const { return GetPoint(IVector3D{i, j, k}); }
     virtual void SetPoint(qint64 nIndex, const DVector3D& point) = 0; ///< storage alone; ignored out of range
-    /** The coordinates of a range that lies within the grid, in double. Gaps give zeros. */
-    virtual void FillPoints(const SIJKRange& range, const SPointBuffers& out) const = 0;
+    /**
+     * The coordinates of a range that lies within the grid, in double. Gaps give zeros; after a failure the
+     * buffers mean nothing.
+     */
+    virtual LoadStatus_e FillPoints(const SIJKRange& range, const SPointBuffers& out) const = 0;
     /**
      * All points of one axis. A stored array is given without a copy; the other precision is built at first
      * use and kept until ReleaseCoordinateCopies. Null if memory is short or nothing could be loaded.
@@ -88,11 +93,12 @@ public:
     virtual void ReleaseCoordinateCopies() = 0;
 
     // Ranges.
-    virtual SValueRange GetRange(int nAxis, bool bCompute) = 0;
+    /** Nothing while it isn't computed, without points, and where they can't be read. */
+    virtual std::optional<SValueRange> GetRange(int nAxis, bool bCompute) = 0;
     virtual void SetRange(int nAxis, const SValueRange& range) = 0;
     virtual IVector3D GetMinimumLocation(int nAxis) = 0; ///< of the first point with the minimum
     virtual IVector3D GetMaximumLocation(int nAxis) = 0;
-    virtual void ComputeRanges() = 0;
+    virtual LoadStatus_e ComputeRanges() = 0;
 
     // Geometry. The same for all classes; built on FillPoints (gridgeometry.cpp and its neighbours).
     virtual bool IsRightHanded() const = 0;
@@ -103,9 +109,10 @@ public:
     /** Flat indices of the corners of a cell's face: 0 i low, 1 i high, 2 j low, 3 j high, 4 k low, 5 k high.
      */
     virtual std::array<qint64, 4> GetFaceCorners(const IVector3D& ijk, int nFace) const = 0;
-    /** Of direction * point over the outer faces of a sub-range. */
+    /** Of direction * point over the outer faces of a sub-range; empty where they can't be read. */
     virtual SValueRange GetProjectedRange(const DVector3D& direction, const SIJKRange& range) const = 0;
-    /** Box of the points on the outer faces of a sub-range, grown on all sides. */
+    /** Box of the points on the outer faces of a sub-range, grown on all sides; empty (least above greatest)
+     * where they can't be read. */
     virtual QPair<DVector3D, DVector3D> GetBoundingBox(const SIJKRange& range, double dMargin) const = 0;
     virtual QVector<DVector3D> GetPointNormals(const IVector3D& ijk, int nAxis) const = 0;
     virtual bool BuildRevolvedCoordinates(int nAxis, qint64 nSectors, bool bDouble) = 0;

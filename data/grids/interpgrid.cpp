@@ -38,9 +38,10 @@ DVector3D CInterpGrid::GetPoint(const IVector3D& ijk) const
     return Blended(m_pFirst->GetPoint(ijk), bSecond ? m_pSecond->GetPoint(ijk) : DVector3D());
 }
 
-void CInterpGrid::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
+LoadStatus_e CInterpGrid::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
 {
-    m_pFirst->FillPoints(range, out);
+    if (const LoadStatus_e eStatus = m_pFirst->FillPoints(range, out); eStatus != LoadOk)
+        return eStatus;
     // The second level in slices, so that its scratch stays small beside the block.
     qint64 nPlace = 0;
     const auto blend = [&](const SIJKRange& part, const SPointBuffers& second) {
@@ -48,5 +49,5 @@ void CInterpGrid::FillPoints(const SIJKRange& range, const SPointBuffers& out) c
             BlendInto(out.Axis(nAxis).subspan(nPlace, part.Count()), second.Axis(nAxis), m_dWeight);
         nPlace += part.Count();
     };
-    ForEachSlice(*m_pSecond, range, GapsAreZeros, blend);
+    return ForEachSlice(*m_pSecond, range, GapsAreZeros, blend);
 }

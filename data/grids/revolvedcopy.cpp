@@ -82,8 +82,8 @@ template <class Real> bool Allocate(std::array<std::unique_ptr<Real[]>, 3>& arra
 } // namespace
 
 template <class Real>
-void CRevolvedCopy::Fill(const IGrid& grid, int nAxis, int nAngleAxis,
-                         const std::array<std::unique_ptr<Real[]>, 3>& arrays) const
+LoadStatus_e CRevolvedCopy::Fill(const IGrid& grid, int nAxis, int nAngleAxis,
+                                 const std::array<std::unique_ptr<Real[]>, 3>& arrays) const
 {
     const qint64 nQuarter = (m_shape.dimensions[nAngleAxis] - 1) / 4;
     const IVector3D strides{1, m_shape.dimensions.i, m_shape.dimensions.i * m_shape.dimensions.j};
@@ -98,7 +98,7 @@ void CRevolvedCopy::Fill(const IGrid& grid, int nAxis, int nAngleAxis,
         for (qint64 n = 0; n < part.Count(); ++n)
             circles.WriteCircle(m_shape.PointIndex(shape.Address(n)), PointAt(points, n));
     };
-    ForEachSlice(grid, grid.GetShape().Range(), GapsAreZeros, revolve);
+    return ForEachSlice(grid, grid.GetShape().Range(), GapsAreZeros, revolve);
 }
 
 std::unique_ptr<CRevolvedCopy> CRevolvedCopy::Build(const IGrid& grid, int nAxis, qint64 nSectors,
@@ -119,10 +119,10 @@ std::unique_ptr<CRevolvedCopy> CRevolvedCopy::Build(const IGrid& grid, int nAxis
     if (!(bDouble ? Allocate(pCopy->m_double, nCount) : Allocate(pCopy->m_single, nCount)))
         return nullptr;
     try {
-        if (bDouble)
-            pCopy->Fill(grid, nAxis, nAngleAxis, pCopy->m_double);
-        else
-            pCopy->Fill(grid, nAxis, nAngleAxis, pCopy->m_single);
+        const LoadStatus_e eStatus = bDouble ? pCopy->Fill(grid, nAxis, nAngleAxis, pCopy->m_double)
+                                             : pCopy->Fill(grid, nAxis, nAngleAxis, pCopy->m_single);
+        if (eStatus != LoadOk)
+            return nullptr;
     } catch (const std::bad_alloc&) {
         return nullptr;
     }

@@ -29,8 +29,8 @@ public:
 private:
     CRevolvedCopy() = default;
     template <class Real>
-    void Fill(const IGrid& grid, int nAxis, int nAngleAxis,
-              const std::array<std::unique_ptr<Real[]>, 3>& arrays) const;
+    LoadStatus_e Fill(const IGrid& grid, int nAxis, int nAngleAxis,
+                      const std::array<std::unique_ptr<Real[]>, 3>& arrays) const;
 
     SBlockShape m_shape;
     std::array<std::unique_ptr<float[]>, 3> m_single;

@@ -21,7 +21,9 @@ public:
     /** @param range  of points, at most LEAF_CELLS + 1 in each direction */
     CCellPoints(const IGrid& grid, const SIJKRange& range) : m_range(range)
     {
-        FillRange(grid, range, GapsAreZeros, {m_values[0], m_values[1], m_values[2]});
+        if (FillRange(grid, range, GapsAreZeros, {m_values[0], m_values[1], m_values[2]}) != LoadOk)
+            for (auto& axis : m_values) // which no cell holds
+                std::fill(std::begin(axis), std::end(axis), std::numeric_limits<double>::quiet_NaN());
         // A step in a flat direction leads nowhere.
         const IVector3D extent = range.Extent();
         m_nSteps[0] = extent.i > 1 ? 1 : 0;

@@ -34,6 +34,8 @@ public:
     /** The first cell, in tree order, that holds the point; (-1, -1, -1) if none does, or the shape differs.
      */
     IVector3D FindCell(const IGrid& grid, const DVector3D& point) const;
+    /** How the build's reads ended; a tree whose points couldn't be read finds nothing. */
+    LoadStatus_e GetStatus() const { return m_eStatus; }
     /** The shape of the block when the tree was built. */
     const SBlockShape& GetShape() const { return m_shape; }
     /** Memory that the tree holds [bytes]. */
@@ -72,6 +74,7 @@ private:
     CTreeNode Root() const { return CTreeNode(m_shape.Range()); }
     SCoarseBox Coarse(const SBox& box) const { return {m_space.Coarse(box.min), m_space.Coarse(box.max)}; }
 
+    LoadStatus_e m_eStatus = LoadOk;
     SBlockShape m_shape;
     SBox m_box; // of the root, exact; empty without cells
     CCoarseSpace m_space;

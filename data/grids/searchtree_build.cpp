@@ -2,6 +2,7 @@
 #include "data/grids/searchtree.h"
 #include "data/kernels/parallel.h"
 
+#include <atomic>
 #include <cmath>
 
 namespace {
@@ -126,7 +127,12 @@ private:
     }
     void CollectPieces(const CTreeNode& node);
     void SweepTop();
-    void SweepPiece(SPiece& piece) const;
+    void SweepPiece(SPiece& piece);
+    void Note(const CGridPiece& points)
+    {
+        if (points.GetStatus() != LoadOk)
+            m_eStatus.store(points.GetStatus());
+    }
     void Append(SPiece& piece);
     void SortOverhangs();
 
@@ -136,6 +142,7 @@ private:
     const IGrid& m_grid;
     qint64 m_nBundleCells = 0;
     std::vector<SPiece> m_pieces;
+    std::atomic<LoadStatus_e> m_eStatus = LoadOk; // of the pieces' reads, on all threads
 };
 
 /**
@@ -250,7 +257,7 @@ private:
 };
 
 /** What is in a piece: down to the bundles. */
-void CSearchTree::CBuilder::SweepPiece(SPiece& piece) const
+void CSearchTree::CBuilder::SweepPiece(SPiece& piece)
 {
     struct SEnd
     {
@@ -275,6 +282,7 @@ void CSearchTree::CBuilder::SweepPiece(SPiece& piece) const
             boxes = BoxesOf(points, node.Points());
         return node.IsLeaf();
     };
+    Note(points);
     SweepUp(piece.node, leafBoxes, piece.part);
     SEnd end{*this, points, piece.part};
     CDownSweep sweep(m_tree, piece.part, piece.part.boxes.data() + 1, end);
@@ -356,7 +364,9 @@ void CSearchTree::CBuilder::Build()
     const qint64 nPieces = qint64(m_pieces.size());
     RunPieces(nPieces, [&](qint64 n) {
         const SIJKRange range = m_pieces[n].node.Points();
-        m_pieces[n].boxes = BoxesOf(CGridPiece(m_grid, range), range);
+        const CGridPiece points(m_grid, range);
+        m_pieces[n].boxes = BoxesOf(points, range);
+        Note(points);
     });
     SweepTop();
     RunPieces(nPieces, [&](qint64 n) { SweepPiece(m_pieces[n]); });
@@ -367,6 +377,7 @@ void CSearchTree::CBuilder::Build()
     m_tree.m_bundles.shrink_to_fit();
     m_tree.m_layers.shrink_to_fit();
     m_tree.m_overhangs.shrink_to_fit();
+    m_tree.m_eStatus = m_eStatus;
 }
 
 // The first point is read ahead of all: that loads the grid, on this thread, and a load may correct the
@@ -374,7 +385,9 @@ void CSearchTree::CBuilder::Build()
 CSearchTree::CSearchTree(const IGrid& grid)
 {
     if (const SIJKRange range = grid.GetShape().Range(); !range.IsEmpty())
-        CGridPiece(grid, {range.min, range.min});
+        m_eStatus = CGridPiece(grid, {range.min, range.min}).GetStatus();
+    if (m_eStatus != LoadOk)
+        return;
     m_shape = grid.GetShape();
     const IVector3D& counts = m_shape.dimensions;
     const int nFlat = (counts.i == 1) + (counts.j == 1) + (counts.k == 1);

@@ -46,6 +46,7 @@ template <class Real> int CStorageGrid<Real>::Load()
     if (nStatus != LoadOk)
         Unload();
     m_bFilled = nStatus == LoadOk;
+    m_failure.Note(nStatus, this->GetFileName());
     return nStatus;
 }
 
@@ -58,13 +59,16 @@ template <class Real> void CStorageGrid<Real>::Unload()
     this->SetBytesInUse(0);
 }
 
-template <class Real> bool CStorageGrid<Real>::EnsureLoaded() const
+template <class Real> LoadStatus_e CStorageGrid<Real>::EnsureLoaded() const
 {
     if (m_bFilled)
-        return true;
+        return LoadOk;
     // A load changes nothing that a reader can see but the time it takes.
     auto* const pThis = const_cast<CStorageGrid*>(this);
-    return CMemoryManager::Instance().LoadItem(pThis) == LoadOk && m_bFilled;
+    int nStatus = CMemoryManager::Instance().LoadItem(pThis);
+    if (nStatus == LoadFailed && !this->HasFailed()) // it has found out that it is of another size
+        nStatus = CMemoryManager::Instance().LoadItem(pThis);
+    return nStatus == LoadOk && !m_bFilled ? LoadFailed : LoadStatus_e(nStatus);
 }
 
 template <class Real> DVector3D CStorageGrid<Real>::GetPoint(const IVector3D& ijk) const
@@ -77,7 +81,7 @@ template <class Real> DVector3D CStorageGrid<Real>::GetPoint(const IVector3D& ij
 
 template <class Real> DVector3D CStorageGrid<Real>::GetPoint(qint64 nIndex) const
 {
-    if (!EnsureLoaded())
+    if (EnsureLoaded() != LoadOk)
         return {};
     if (nIndex < 0 || nIndex >= m_axes[0].Size()) {
         CMessageSink::Instance().Log("Invalid Index");
@@ -102,21 +106,22 @@ bool CStorageGrid<Real>::FillFromFile(const SIJKRange& range, const SPointBuffer
 }
 
 template <class Real>
-void CStorageGrid<Real>::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
+LoadStatus_e CStorageGrid<Real>::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
 {
     if (FillFromFile(range, out))
-        return;
-    for (int nAxis = 0; nAxis < 3; ++nAxis) {
-        if (EnsureLoaded())
-            CopyRange(m_axes[nAxis].Data(), this->GetShape(), range, out.Axis(nAxis));
-        else
-            std::fill_n(out.Axis(nAxis).begin(), range.Count(), 0.0);
-    }
+        return LoadOk;
+    if (const LoadStatus_e eStatus = EnsureLoaded(); eStatus != LoadOk)
+        return eStatus;
+    if (!this->GetShape().Range().Contains(range.min) || !this->GetShape().Range().Contains(range.max))
+        return LoadBadContent; // the load found another size
+    for (int nAxis = 0; nAxis < 3; ++nAxis)
+        CopyRange(m_axes[nAxis].Data(), this->GetShape(), range, out.Axis(nAxis));
+    return LoadOk;
 }
 
 template <class Real> const float* CStorageGrid<Real>::GetCoordinatesSingle(int nAxis)
 {
-    if (!EnsureLoaded())
+    if (EnsureLoaded() != LoadOk)
         return nullptr;
     if constexpr (std::is_same_v<Real, float>)
         return m_axes[nAxis].Data();
@@ -126,7 +131,7 @@ template <class Real> const float* CStorageGrid<Real>::GetCoordinatesSingle(int 
 
 template <class Real> const double* CStorageGrid<Real>::GetCoordinatesDouble(int nAxis)
 {
-    if (!EnsureLoaded())
+    if (EnsureLoaded() != LoadOk)
         return nullptr;
     if constexpr (std::is_same_v<Real, double>)
         return m_axes[nAxis].Data();

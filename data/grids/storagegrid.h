@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/grids/grid.h"
+#include "data/io/filefailure.h"
 #include "data/io/partialreads.h"
 #include "data/kernels/largearray.h"
 #include "data/kernels/pointkernels.h"
@@ -29,6 +30,7 @@ public:
     /** Where a reader puts the coordinates of one axis; empty while nothing is allocated. */
     std::span<Real> Coordinates(int nAxis) { return m_axes[nAxis].Span(); }
 
+    bool HasFileChangedSinceFailure() const override { return m_failure.HasFileChanged(this->GetFileName()); }
     int Load() override;
     void Unload() override;
 
@@ -36,12 +38,12 @@ public:
     DVector3D GetPoint(const IVector3D& ijk) const override;
     DVector3D GetPoint(qint64 nIndex) const override;
     void SetPoint(qint64 nIndex, const DVector3D& point) override;
-    void FillPoints(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e FillPoints(const SIJKRange& range, const SPointBuffers& out) const override;
     const float* GetCoordinatesSingle(int nAxis) override;
     const double* GetCoordinatesDouble(int nAxis) override;
 
 private:
-    bool EnsureLoaded() const;
+    LoadStatus_e EnsureLoaded() const;
     /** The range alone, from the file; false where all is there or had better be. */
     bool FillFromFile(const SIJKRange& range, const SPointBuffers& out) const;
 
@@ -51,6 +53,7 @@ private:
     std::atomic<bool> m_bFilled = false;
     std::array<CLargeArray<Real>, 3> m_axes;
     mutable CPartialReads m_partialReads;
+    CFileFailure m_failure;
     std::optional<CMemoryRegistration> m_registration; // last: begins when all above is there
 };
 

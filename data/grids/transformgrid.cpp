@@ -5,16 +5,16 @@
 void CTransformGrid::SetTransform(const STransform& transform)
 {
     m_transform = transform;
-    ReleaseCoordinateCopies();
-    ForgetGeometry();
+    ForgetDerived();
 }
 
-void CTransformGrid::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
+LoadStatus_e CTransformGrid::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
 {
-    m_pInner->FillPoints(range, out);
+    const LoadStatus_e eStatus = m_pInner->FillPoints(range, out);
     const qint64 nCount = range.Count();
-    if (!m_transform.IsIdentity())
+    if (eStatus == LoadOk && !m_transform.IsIdentity())
         TransformPoints(m_transform.Matrix(), out.x.first(nCount), out.y.first(nCount), out.z.first(nCount));
+    return eStatus;
 }
 
 const float* CTransformGrid::GetCoordinatesSingle(int nAxis)

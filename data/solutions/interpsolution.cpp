@@ -58,29 +58,33 @@ DVector3D CInterpSolution::GetVector(const IVector3D& ijk) const
             Blend(first.z, second.z, m_dWeight)};
 }
 
-void CInterpSolution::FillValues(const SIJKRange& range, std::span<double> out) const
+LoadStatus_e CInterpSolution::FillValues(const SIJKRange& range, std::span<double> out) const
 {
-    m_pFirst->FillValues(range, out);
+    if (const LoadStatus_e eStatus = m_pFirst->FillValues(range, out); eStatus != LoadOk)
+        return eStatus;
     std::vector<double> scratch;
-    ForEachSlice(range, [&](const SIJKRange& part) {
+    return ForEachSlice(range, [&](const SIJKRange& part) {
         scratch.resize(part.Count());
-        m_pSecond->FillValues(part, scratch);
+        const LoadStatus_e eStatus = m_pSecond->FillValues(part, scratch);
         BlendInto(out.subspan(range.IndexOf(part.min), part.Count()), scratch, m_dWeight);
+        return eStatus;
     });
 }
 
-void CInterpSolution::FillVectors(const SIJKRange& range, const SPointBuffers& out) const
+LoadStatus_e CInterpSolution::FillVectors(const SIJKRange& range, const SPointBuffers& out) const
 {
-    m_pFirst->FillVectors(range, out);
+    if (const LoadStatus_e eStatus = m_pFirst->FillVectors(range, out); eStatus != LoadOk)
+        return eStatus;
     std::vector<double> scratch;
-    ForEachSlice(range, [&](const SIJKRange& part) {
+    return ForEachSlice(range, [&](const SIJKRange& part) {
         const qint64 nCount = part.Count();
         scratch.resize(3 * nCount);
         const std::span<double> all(scratch);
         const SPointBuffers second{all.first(nCount), all.subspan(nCount, nCount),
                                    all.subspan(2 * nCount, nCount)};
-        m_pSecond->FillVectors(part, second);
+        const LoadStatus_e eStatus = m_pSecond->FillVectors(part, second);
         for (int n = 0; n < 3; ++n)
             BlendInto(out.Axis(n).subspan(range.IndexOf(part.min), nCount), second.Axis(n), m_dWeight);
+        return eStatus;
     });
 }

@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <optional>
+
 /**
  * One variable over one block, whatever stands behind it: numbers of a file, coordinates, a blend of two time
  * levels, a union of blocks, a formula. Every field has three components; a scalar repeats its value.
@@ -27,7 +29,8 @@ public:
     virtual void SetSolutionId(qint64 nId) = 0;
     virtual bool IsDoublePrecision() const = 0;
 
-    // By flat index. One outside is no error: see the concrete classes.
+    // By flat index. One outside is no error: see the concrete classes. NO_VALUE where the data can't be
+    // read.
     virtual DVector3D GetVector(qint64 nIndex) const = 0;
     virtual double GetValue(qint64 nIndex) const = 0;
 
@@ -41,8 +44,11 @@ public:
     virtual const double* GetValuesDouble() = 0;
     virtual void ReleaseValueCopies() = 0;
 
-    /** Of one component over all points; NO_VALUE and non-finite values don't count. */
-    virtual SValueRange GetRange(int nComponent, bool bCompute) = 0;
+    /**
+     * Of one component over all points; NO_VALUE and non-finite values don't count. Nothing while it isn't
+     * computed, without values, and where they can't be read.
+     */
+    virtual std::optional<SValueRange> GetRange(int nComponent, bool bCompute) = 0;
     virtual void SetRange(int nComponent, const SValueRange& range) = 0;
     virtual bool Allocate(qint64 nCount) = 0; ///< false if memory is short, or no storage
 };

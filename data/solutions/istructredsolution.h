@@ -46,10 +46,14 @@ public:
     using ISolution::GetVector;
     virtual DVector3D GetVector(const IVector3D& ijk) const = 0;
     virtual double GetValue(const IVector3D& ijk) const = 0;
+    /** 0 where the data can't be read. */
     virtual qint64 GetIntegerValue(const IVector3D& ijk) const = 0;
-    /** The values, or all three components, of a range that lies within the field. Gaps give zeros. */
-    virtual void FillValues(const SIJKRange& range, std::span<double> out) const = 0;
-    virtual void FillVectors(const SIJKRange& range, const SPointBuffers& out) const = 0;
+    /**
+     * The values, or all three components, of a range that lies within the field. Gaps give NO_VALUE; after a
+     * failure the buffers mean nothing.
+     */
+    virtual LoadStatus_e FillValues(const SIJKRange& range, std::span<double> out) const = 0;
+    virtual LoadStatus_e FillVectors(const SIJKRange& range, const SPointBuffers& out) const = 0;
 
     /** The array behind the whole field, loaded if need be; nothing for one that is computed or of integers.
      */
@@ -58,7 +62,8 @@ public:
      * it. */
     virtual bool ReadsInPart(const SIJKRange& range) const = 0;
 
-    /** Addresses of all values inside one of the ranges, ends included; i outermost, k innermost. */
+    /** Addresses of all values inside one of the ranges, ends included; i outermost, k innermost. None where
+     * they can't be read. */
     virtual qint64 CollectInRanges(const QVector<SValueRange>& ranges, QVector<IVector3D>& out) const = 0;
     qint64 CollectInRange(const SValueRange& range, QVector<IVector3D>& out) const
     {
@@ -66,7 +71,7 @@ public:
     }
     virtual IVector3D GetMinimumLocation(int nComponent) = 0; ///< of the first point with the minimum
     virtual IVector3D GetMaximumLocation(int nComponent) = 0;
-    virtual void ComputeRanges() = 0;
+    virtual LoadStatus_e ComputeRanges() = 0;
     virtual QVector<IStructredSolution*> GetLeafSolutions() = 0; ///< those that carry data, each once
 
     // Chunks: boxes with the range of their values, so that a search for one value can pass most by.

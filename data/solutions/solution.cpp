@@ -63,12 +63,13 @@ qint64 CSolution::GetIntegerValue(const IVector3D& ijk) const
     return std::abs(dValue) < LIMIT ? static_cast<qint64>(dValue) : 0;
 }
 
-void CSolution::FillVectors(const SIJKRange& range, const SPointBuffers& out) const
+LoadStatus_e CSolution::FillVectors(const SIJKRange& range, const SPointBuffers& out) const
 {
     const qint64 nCount = range.Count();
-    FillValues(range, out.x.first(nCount));
+    const LoadStatus_e eStatus = FillValues(range, out.x.first(nCount));
     std::copy_n(out.x.begin(), nCount, out.y.begin());
     std::copy_n(out.x.begin(), nCount, out.z.begin());
+    return eStatus;
 }
 
 template <class Real> const Real* CSolution::Copy(std::vector<Real>& copy) const
@@ -78,11 +79,14 @@ template <class Real> const Real* CSolution::Copy(std::vector<Real>& copy) const
     try {
         std::vector<Real> built(GetShape().PointCount());
         std::vector<double> scratch;
-        ForEachSlice(GetShape().Range(), [&](const SIJKRange& part) {
+        const LoadStatus_e eStatus = ForEachSlice(GetShape().Range(), [&](const SIJKRange& part) {
             scratch.resize(part.Count());
-            FillValues(part, scratch);
+            const LoadStatus_e eRead = FillValues(part, scratch);
             std::copy(scratch.begin(), scratch.end(), built.begin() + GetShape().PointIndex(part.min));
+            return eRead;
         });
+        if (eStatus != LoadOk)
+            return nullptr;
         copy = std::move(built);
     } catch (const std::bad_alloc&) {
         return nullptr;
@@ -99,11 +103,12 @@ void CSolution::ReleaseValueCopies()
     m_doubleCopy = {};
 }
 
-SValueRange CSolution::GetRange(int nComponent, bool bCompute)
+std::optional<SValueRange> CSolution::GetRange(int nComponent, bool bCompute)
 {
-    if (bCompute && m_ranges[nComponent].IsEmpty())
-        ComputeRanges();
-    return m_ranges[nComponent];
+    const SValueRange& range = m_ranges[nComponent];
+    if (range.IsEmpty() && (!bCompute || ComputeRanges() != LoadOk || range.IsEmpty()))
+        return std::nullopt;
+    return range;
 }
 
 void CSolution::SetExtreme(int nComponent, const SValueRange& range, const IVector3D& minAt,
@@ -126,43 +131,52 @@ IVector3D CSolution::GetMaximumLocation(int nComponent)
     return m_maximumLocations[nComponent];
 }
 
-void CSolution::ComputeRanges()
+LoadStatus_e CSolution::ComputeRanges()
 {
     std::array<SExtremes, 3> extremes;
     std::vector<double> scratch;
-    ForEachSlice(GetShape().Range(), [&](const SIJKRange& part) {
+    const LoadStatus_e eStatus = ForEachSlice(GetShape().Range(), [&](const SIJKRange& part) {
         const qint64 nCount = part.Count();
         scratch.resize(3 * nCount);
         const std::span<double> all(scratch);
         const SPointBuffers values{all.first(nCount), all.subspan(nCount, nCount),
                                    all.subspan(2 * nCount, nCount)};
-        FillVectors(part, values);
+        if (const LoadStatus_e eRead = FillVectors(part, values); eRead != LoadOk)
+            return eRead;
         qint64 n = 0;
         for (qint64 k = part.min.k; k <= part.max.k; ++k)
             for (qint64 j = part.min.j; j <= part.max.j; ++j)
                 for (qint64 i = part.min.i; i <= part.max.i; ++i, ++n)
                     for (int nComponent = 0; nComponent < 3; ++nComponent)
                         extremes[nComponent].Add(values.Axis(nComponent)[n], {i, j, k});
+        return LoadOk;
     });
+    if (eStatus != LoadOk)
+        extremes = {};
     for (int nComponent = 0; nComponent < 3; ++nComponent)
         SetExtreme(nComponent, extremes[nComponent].range, extremes[nComponent].minAt,
                    extremes[nComponent].maxAt);
+    return eStatus;
 }
 
 qint64 CSolution::CollectInRanges(const QVector<SValueRange>& ranges, QVector<IVector3D>& out) const
 {
     out.clear();
     std::vector<double> scratch;
-    ForEachSlice(GetShape().Range(), [&](const SIJKRange& part) {
+    const LoadStatus_e eStatus = ForEachSlice(GetShape().Range(), [&](const SIJKRange& part) {
         scratch.resize(part.Count());
-        FillValues(part, scratch);
+        if (const LoadStatus_e eRead = FillValues(part, scratch); eRead != LoadOk)
+            return eRead;
         const SBlockShape shape{part.Extent(), part.min};
         for (qint64 n = 0; n < qint64(scratch.size()); ++n) {
             const auto isInside = [&](const SValueRange& range) { return range.Contains(scratch[n]); };
             if (std::any_of(ranges.begin(), ranges.end(), isInside))
                 out.append(shape.Address(n));
         }
+        return LoadOk;
     });
+    if (eStatus != LoadOk)
+        out.clear();
     std::sort(out.begin(), out.end(), ComesFirst);
     return out.size();
 }

@@ -16,6 +16,8 @@ class CSolution : public IStructredSolution
 public:
     /** Whoever takes the solution back at Dispose (not owned); null: Dispose does nothing. */
     void SetOwner(ISolutionOwner* pOwner) { m_pOwner = pOwner; }
+    /** The data couldn't be read, and the file isn't any more what it was then. */
+    virtual bool HasFileChangedSinceFailure() const { return false; }
 
     void Dispose() override;
     bool Prepare() override { return true; }
@@ -40,7 +42,7 @@ public:
     double GetValue(qint64 nIndex) const override { return GetValue(AddressOf(nIndex)); }
     DVector3D GetVector(const IVector3D& ijk) const override;
     qint64 GetIntegerValue(const IVector3D& ijk) const override;
-    void FillVectors(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e FillVectors(const SIJKRange& range, const SPointBuffers& out) const override;
     SStoredValues GetStoredValues() const override { return {}; }
     bool ReadsInPart(const SIJKRange&) const override { return false; }
     void StoreIntegers(const qint32*, qint64) override {}
@@ -49,11 +51,11 @@ public:
     void ReleaseValueCopies() override;
     bool Allocate(qint64) override { return false; }
 
-    SValueRange GetRange(int nComponent, bool bCompute) override;
+    std::optional<SValueRange> GetRange(int nComponent, bool bCompute) override;
     void SetRange(int nComponent, const SValueRange& range) override { m_ranges[nComponent] = range; }
     IVector3D GetMinimumLocation(int nComponent) override;
     IVector3D GetMaximumLocation(int nComponent) override;
-    void ComputeRanges() override;
+    LoadStatus_e ComputeRanges() override;
     qint64 CollectInRanges(const QVector<SValueRange>& ranges, QVector<IVector3D>& out) const override;
     QVector<IStructredSolution*> GetLeafSolutions() override { return {this}; }
 

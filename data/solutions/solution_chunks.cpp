@@ -4,12 +4,13 @@
 
 namespace {
 
-/** The chunk's range; (1, 0), which holds nothing, if it has no value. */
+/** The chunk's range; (1, 0), which holds nothing, if it has no value or can't be read. */
 SValueRange ChunkRange(const CSolution& solution, const SIJKRange& chunk, std::vector<double>& scratch)
 {
     scratch.resize(chunk.Count());
-    solution.FillValues(chunk, scratch);
     SValueRange range;
+    if (solution.FillValues(chunk, scratch) != LoadOk)
+        return {1.0, 0.0};
     for (const double dValue : scratch)
         if (IsFieldValue(dValue))
             range.Add(dValue);

@@ -22,15 +22,15 @@ public:
     {
         return m_pGrid->GetPoint(GetShape().Clamped(ijk));
     }
-    void FillValues(const SIJKRange& range, std::span<double> out) const override
+    LoadStatus_e FillValues(const SIJKRange& range, std::span<double> out) const override
     {
         std::vector<double> others(2 * range.Count()); // a grid gives its points whole
         const std::span<double> all(others);
-        m_pGrid->FillPoints(range, {out, all.first(range.Count()), all.subspan(range.Count())});
+        return m_pGrid->FillPoints(range, {out, all.first(range.Count()), all.subspan(range.Count())});
     }
-    void FillVectors(const SIJKRange& range, const SPointBuffers& out) const override
+    LoadStatus_e FillVectors(const SIJKRange& range, const SPointBuffers& out) const override
     {
-        m_pGrid->FillPoints(range, out);
+        return m_pGrid->FillPoints(range, out);
     }
 
 private:

@@ -2,16 +2,28 @@
 
 bool CSolutionMask::Prepare()
 {
-    if (m_pInner || !m_bMayCreate)
+    if (m_pInner || m_bFailed)
         return m_pInner != nullptr;
     m_pInner = m_factory(*this);
-    m_bMayCreate = m_pInner != nullptr;
-    if (!m_pInner)
+    m_bFailed = !m_pInner;
+    m_failure.Note(m_bFailed ? LoadFailed : LoadOk, GetFileName());
+    if (m_bFailed)
         return false;
     const SBlockShape shape = CSolution::GetShape();
     m_pInner->Init(GetFileName(), GetFileIndex(), GetVariableIndex(), shape.dimensions, shape.start);
     m_pInner->SetSolutionId(GetSolutionId());
     return true;
+}
+
+bool CSolutionMask::HasFileChangedSinceFailure() const
+{
+    return m_pInner ? m_pInner->HasFileChangedSinceFailure() : m_failure.HasFileChanged(GetFileName());
+}
+
+void CSolutionMask::StartAnew()
+{
+    m_pInner.reset();
+    m_bFailed = false;
 }
 
 void CSolutionMask::Dispose()
@@ -51,12 +63,9 @@ qint64 CSolutionMask::GetIntegerValue(const IVector3D& ijk) const
     return m_pInner ? m_pInner->GetIntegerValue(ijk) : 0;
 }
 
-void CSolutionMask::FillValues(const SIJKRange& range, std::span<double> out) const
+LoadStatus_e CSolutionMask::FillValues(const SIJKRange& range, std::span<double> out) const
 {
-    if (m_pInner)
-        m_pInner->FillValues(range, out);
-    else
-        std::fill_n(out.begin(), range.Count(), 0.0);
+    return m_pInner ? m_pInner->FillValues(range, out) : LoadFailed;
 }
 
 void CSolutionMask::StoreIntegers(const qint32* pValues, qint64 nCount)
@@ -71,9 +80,9 @@ void CSolutionMask::ReleaseValueCopies()
         m_pInner->ReleaseValueCopies();
 }
 
-SValueRange CSolutionMask::GetRange(int nComponent, bool bCompute)
+std::optional<SValueRange> CSolutionMask::GetRange(int nComponent, bool bCompute)
 {
-    return m_pInner ? m_pInner->GetRange(nComponent, bCompute) : SValueRange();
+    return m_pInner ? m_pInner->GetRange(nComponent, bCompute) : std::nullopt;
 }
 
 void CSolutionMask::SetRange(int nComponent, const SValueRange& range)
@@ -92,8 +101,4 @@ IVector3D CSolutionMask::GetMaximumLocation(int nComponent)
     return m_pInner ? m_pInner->GetMaximumLocation(nComponent) : IVector3D();
 }
 
-void CSolutionMask::ComputeRanges()
-{
-    if (m_pInner)
-        m_pInner->ComputeRanges();
-}
+LoadStatus_e CSolutionMask::ComputeRanges() { return m_pInner ? m_pInner->ComputeRanges() : LoadFailed; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/io/filefailure.h"
 #include "data/solutions/solution.h"
 
 #include <functional>
@@ -7,7 +8,8 @@
 
 /**
  * A variable of a file before anybody has needed it: the object with the values is made at the first Prepare,
- * since only the file tells of what class it has to be. Without one, values are zero and answers empty.
+ * since only the file tells of what class it has to be. Without one there are no values, and answers are
+ * empty.
  */
 class CSolutionMask : public CSolution
 {
@@ -21,7 +23,12 @@ public:
     bool IsIntegerData() const { return m_bIntegerData; }
 
     bool Prepare() override;
-    bool IsPrepared() const override { return m_pInner || !m_bMayCreate; }
+    bool IsPrepared() const override { return m_pInner || m_bFailed; }
+    /** The file couldn't be identified or read, and isn't any more what it was then: the next Prepare begins
+     * anew. */
+    bool HasFileChangedSinceFailure() const override;
+    /** For one who alone knows the mask, after HasFileChangedSinceFailure. */
+    void StartAnew();
     void Dispose() override;
     ISolution* GetBaseSolution() override;
     void SetSolutionId(qint64 nId) override;
@@ -32,10 +39,13 @@ public:
     QVector<IStructredSolution*> GetLeafSolutions() override;
 
     using IStructredSolution::GetValue;
-    double GetValue(const IVector3D& ijk) const override { return m_pInner ? m_pInner->GetValue(ijk) : 0.0; }
-    double GetValue(qint64 nIndex) const override { return m_pInner ? m_pInner->GetValue(nIndex) : 0.0; }
+    double GetValue(const IVector3D& ijk) const override
+    {
+        return m_pInner ? m_pInner->GetValue(ijk) : NO_VALUE;
+    }
+    double GetValue(qint64 nIndex) const override { return m_pInner ? m_pInner->GetValue(nIndex) : NO_VALUE; }
     qint64 GetIntegerValue(const IVector3D& ijk) const override;
-    void FillValues(const SIJKRange& range, std::span<double> out) const override;
+    LoadStatus_e FillValues(const SIJKRange& range, std::span<double> out) const override;
     SStoredValues GetStoredValues() const override
     {
         return m_pInner ? m_pInner->GetStoredValues() : SStoredValues();
@@ -48,15 +58,16 @@ public:
     const float* GetValuesSingle() override { return m_pInner ? m_pInner->GetValuesSingle() : nullptr; }
     const double* GetValuesDouble() override { return m_pInner ? m_pInner->GetValuesDouble() : nullptr; }
     void ReleaseValueCopies() override;
-    SValueRange GetRange(int nComponent, bool bCompute) override;
+    std::optional<SValueRange> GetRange(int nComponent, bool bCompute) override;
     void SetRange(int nComponent, const SValueRange& range) override;
     IVector3D GetMinimumLocation(int nComponent) override;
     IVector3D GetMaximumLocation(int nComponent) override;
-    void ComputeRanges() override;
+    LoadStatus_e ComputeRanges() override;
 
 private:
     Factory m_factory;
     std::unique_ptr<CSolution> m_pInner;
     bool m_bIntegerData = false;
-    bool m_bMayCreate = true;
+    bool m_bFailed = false;
+    CFileFailure m_failure; // of the factory; a load's is the inner solution's
 };

@@ -2,16 +2,21 @@
 
 namespace {
 
-/** Calls fill(row) for each row of i that a member shares with a range, with the row's place in the range. */
+/** Calls fill(row) for each row of i that a member shares with a range, with the row's place in the range, up
+ * to the first failure. */
 template <class Fill>
-void ForEachSharedRow(const IStructredSolution& member, const SIJKRange& range, const Fill& fill)
+LoadStatus_e ForEachSharedRow(const IStructredSolution& member, const SIJKRange& range, const Fill& fill)
 {
     const SIJKRange part = Intersection(range, member.GetShape().Range());
     if (part.IsEmpty())
-        return;
+        return LoadOk;
     for (qint64 k = part.min.k; k <= part.max.k; ++k)
         for (qint64 j = part.min.j; j <= part.max.j; ++j)
-            fill(SIJKRange{{part.min.i, j, k}, {part.max.i, j, k}}, range.IndexOf({part.min.i, j, k}));
+            if (const LoadStatus_e eStatus = fill(SIJKRange{{part.min.i, j, k}, {part.max.i, j, k}},
+                                                  range.IndexOf({part.min.i, j, k}));
+                eStatus != LoadOk)
+                return eStatus;
+    return LoadOk;
 }
 
 } // namespace
@@ -73,55 +78,66 @@ double CSolutionPack::GetValue(const IVector3D& ijk) const
 {
     const IVector3D inside = GetShape().Clamped(ijk);
     const IStructredSolution* const pMember = FindMember(inside);
-    return pMember ? pMember->GetValue(inside) : 0.0;
+    return pMember ? pMember->GetValue(inside) : NO_VALUE;
 }
 
 DVector3D CSolutionPack::GetVector(const IVector3D& ijk) const
 {
     const IVector3D inside = GetShape().Clamped(ijk);
     const IStructredSolution* const pMember = FindMember(inside);
-    return pMember ? pMember->GetVector(inside) : DVector3D();
+    return pMember ? pMember->GetVector(inside) : DVector3D{NO_VALUE, NO_VALUE, NO_VALUE};
 }
 
 // From the last member to the first, so that the first has the last word where they overlap.
-void CSolutionPack::FillValues(const SIJKRange& range, std::span<double> out) const
+LoadStatus_e CSolutionPack::FillValues(const SIJKRange& range, std::span<double> out) const
 {
-    std::fill_n(out.begin(), range.Count(), 0.0);
+    std::fill_n(out.begin(), range.Count(), NO_VALUE);
     for (auto it = m_members.rbegin(); it != m_members.rend(); ++it) {
-        ForEachSharedRow(**it, range, [&](const SIJKRange& row, qint64 nPlace) {
-            (*it)->FillValues(row, out.subspan(nPlace, row.Count()));
+        const LoadStatus_e eStatus = ForEachSharedRow(**it, range, [&](const SIJKRange& row, qint64 nPlace) {
+            return (*it)->FillValues(row, out.subspan(nPlace, row.Count()));
         });
+        if (eStatus != LoadOk)
+            return eStatus;
     }
+    return LoadOk;
 }
 
-void CSolutionPack::FillVectors(const SIJKRange& range, const SPointBuffers& out) const
+LoadStatus_e CSolutionPack::FillVectors(const SIJKRange& range, const SPointBuffers& out) const
 {
     for (int n = 0; n < 3; ++n)
-        std::fill_n(out.Axis(n).begin(), range.Count(), 0.0);
+        std::fill_n(out.Axis(n).begin(), range.Count(), NO_VALUE);
     for (auto it = m_members.rbegin(); it != m_members.rend(); ++it) {
-        ForEachSharedRow(**it, range, [&](const SIJKRange& row, qint64 nPlace) {
+        const LoadStatus_e eStatus = ForEachSharedRow(**it, range, [&](const SIJKRange& row, qint64 nPlace) {
             const qint64 nCount = row.Count();
-            (*it)->FillVectors(row, {out.x.subspan(nPlace, nCount), out.y.subspan(nPlace, nCount),
-                                     out.z.subspan(nPlace, nCount)});
+            return (*it)->FillVectors(row, {out.x.subspan(nPlace, nCount), out.y.subspan(nPlace, nCount),
+                                            out.z.subspan(nPlace, nCount)});
         });
+        if (eStatus != LoadOk)
+            return eStatus;
     }
+    return LoadOk;
 }
 
-void CSolutionPack::ComputeRanges()
+LoadStatus_e CSolutionPack::ComputeRanges()
 {
+    for (const auto& pMember : m_members)
+        if (!pMember->GetRange(0, false))
+            if (const LoadStatus_e eStatus = pMember->ComputeRanges(); eStatus != LoadOk)
+                return eStatus;
     for (int nComponent = 0; nComponent < 3; ++nComponent) {
         SValueRange range;
         IVector3D minAt, maxAt;
         for (const auto& pMember : m_members) {
-            const SValueRange part = pMember->GetRange(nComponent, true);
-            if (part.IsEmpty())
+            const std::optional<SValueRange> part = pMember->GetRange(nComponent, false);
+            if (!part)
                 continue;
-            if (part.dMin < range.dMin)
+            if (part->dMin < range.dMin)
                 minAt = pMember->GetMinimumLocation(nComponent);
-            if (part.dMax > range.dMax)
+            if (part->dMax > range.dMax)
                 maxAt = pMember->GetMaximumLocation(nComponent);
-            range.Add(part);
+            range.Add(*part);
         }
         SetExtreme(nComponent, range, minAt, maxAt);
     }
+    return LoadOk;
 }

@@ -22,10 +22,10 @@ public:
     using IStructredSolution::GetVector;
     double GetValue(const IVector3D& ijk) const override;
     DVector3D GetVector(const IVector3D& ijk) const override;
-    void FillValues(const SIJKRange& range, std::span<double> out) const override;
-    void FillVectors(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e FillValues(const SIJKRange& range, std::span<double> out) const override;
+    LoadStatus_e FillVectors(const SIJKRange& range, const SPointBuffers& out) const override;
     /** Merges the members' ranges: gaps don't count. */
-    void ComputeRanges() override;
+    LoadStatus_e ComputeRanges() override;
 
 private:
     const IStructredSolution* FindMember(const IVector3D& ijk) const;

@@ -115,37 +115,32 @@ DVector3D CSolutionVariable::GetVector(const IVector3D& ijk) const
     return pVariable->EvaluateVector(m_gathered.data(), qint64(m_inputs.size()), IsVector());
 }
 
-void CSolutionVariable::FillValues(const SIJKRange& range, std::span<double> out) const
+LoadStatus_e CSolutionVariable::FillValues(const SIJKRange& range, std::span<double> out) const
 {
     const qint64 nCount = range.Count();
-    if (!Variable()) {
-        std::fill_n(out.begin(), nCount, 0.0);
-        return;
-    }
+    if (!Variable())
+        return LoadFailed;
     if (IsVector() || !Formula()) {
         std::vector<double> others(2 * nCount);
         const std::span<double> all(others);
-        FillVectors(range, {out.first(nCount), all.first(nCount), all.subspan(nCount)});
-        return;
+        return FillVectors(range, {out.first(nCount), all.first(nCount), all.subspan(nCount)});
     }
     if (FillFromStored(range, out))
-        return;
-    ForEachSlice(range, [&](const SIJKRange& part) {
-        FillSlice(part, out.subspan(range.IndexOf(part.min), part.Count()));
+        return LoadOk;
+    return ForEachSlice(range, [&](const SIJKRange& part) {
+        return FillSlice(part, out.subspan(range.IndexOf(part.min), part.Count()));
     });
 }
 
-void CSolutionVariable::FillVectors(const SIJKRange& range, const SPointBuffers& out) const
+LoadStatus_e CSolutionVariable::FillVectors(const SIJKRange& range, const SPointBuffers& out) const
 {
-    if (Variable() && !IsVector() && Formula()) {
-        CSolution::FillVectors(range, out);
-        return;
-    }
-    ForEachSlice(range, [&](const SIJKRange& part) {
+    if (Variable() && !IsVector() && Formula())
+        return CSolution::FillVectors(range, out);
+    return ForEachSlice(range, [&](const SIJKRange& part) {
         const qint64 nPlace = range.IndexOf(part.min);
         const qint64 nCount = part.Count();
-        FillVectorSlice(part, {out.x.subspan(nPlace, nCount), out.y.subspan(nPlace, nCount),
-                               out.z.subspan(nPlace, nCount)});
+        return FillVectorSlice(part, {out.x.subspan(nPlace, nCount), out.y.subspan(nPlace, nCount),
+                                      out.z.subspan(nPlace, nCount)});
     });
 }
 
@@ -223,7 +218,7 @@ bool CSolutionVariable::FillFromStored(const SIJKRange& range, std::span<double>
     return true;
 }
 
-void CSolutionVariable::FillSlice(const SIJKRange& part, std::span<double> out) const
+LoadStatus_e CSolutionVariable::FillSlice(const SIJKRange& part, std::span<double> out) const
 {
     const qint64 nCount = part.Count();
     const std::vector<const IStructredSolution*>& leaves = Flat().leaves;
@@ -231,14 +226,16 @@ void CSolutionVariable::FillSlice(const SIJKRange& part, std::span<double> out) 
     std::vector<CFormulaColumn> columns;
     for (size_t n = 0; n < leaves.size(); ++n) {
         const std::span<double> values = std::span(scratch).subspan(n * nCount, nCount);
-        leaves[n]->FillValues(part, values);
+        if (const LoadStatus_e eStatus = leaves[n]->FillValues(part, values); eStatus != LoadOk)
+            return eStatus;
         columns.emplace_back(std::span<const double>(values));
     }
     Flat().pFormula->EvaluateRange(columns, out);
+    return LoadOk;
 }
 
 /** Three components: of a vector variable, or of a formula over vectors, which runs once for each. */
-void CSolutionVariable::FillVectorSlice(const SIJKRange& part, const SPointBuffers& out) const
+LoadStatus_e CSolutionVariable::FillVectorSlice(const SIJKRange& part, const SPointBuffers& out) const
 {
     const qint64 nCount = part.Count();
     const qint64 nInputs = qint64(m_inputs.size());
@@ -251,7 +248,8 @@ void CSolutionVariable::FillVectorSlice(const SIJKRange& part, const SPointBuffe
         const SInput& input = m_inputs[nInput];
         const SPointBuffers values{component(nInput, 0), component(nInput, 1), component(nInput, 2)};
         if (input.pSolution) {
-            input.pSolution->FillVectors(part, values);
+            if (const LoadStatus_e eStatus = input.pSolution->FillVectors(part, values); eStatus != LoadOk)
+                return eStatus;
             continue;
         }
         for (int n = 0; n < 3; ++n)
@@ -274,4 +272,5 @@ void CSolutionVariable::FillVectorSlice(const SIJKRange& part, const SPointBuffe
         else
             std::copy_n(component(nPosition, 0).begin(), nCount, out.Axis(n).begin());
     }
+    return LoadOk;
 }

@@ -37,8 +37,8 @@ public:
     using IStructredSolution::GetVector;
     double GetValue(const IVector3D& ijk) const override;
     DVector3D GetVector(const IVector3D& ijk) const override;
-    void FillValues(const SIJKRange& range, std::span<double> out) const override;
-    void FillVectors(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e FillValues(const SIJKRange& range, std::span<double> out) const override;
+    LoadStatus_e FillVectors(const SIJKRange& range, const SPointBuffers& out) const override;
 
 private:
     /** The formula over what it rests on in the end. */
@@ -57,8 +57,8 @@ private:
     void CollectLeaves(std::vector<const IStructredSolution*>& leaves) const;
     std::shared_ptr<const CFormula> Compose(const std::vector<const IStructredSolution*>& leaves) const;
     bool FillFromStored(const SIJKRange& range, std::span<double> out) const;
-    void FillSlice(const SIJKRange& part, std::span<double> out) const;
-    void FillVectorSlice(const SIJKRange& part, const SPointBuffers& out) const;
+    LoadStatus_e FillSlice(const SIJKRange& part, std::span<double> out) const;
+    LoadStatus_e FillVectorSlice(const SIJKRange& part, const SPointBuffers& out) const;
 
     std::vector<SInput> m_inputs;
     const qint64 m_nVariableId;

@@ -46,6 +46,7 @@ template <class Real> int CStorageSolution<Real>::Load()
     if (nStatus != LoadOk)
         Unload();
     m_bFilled = nStatus == LoadOk;
+    m_failure.Note(nStatus, this->GetFileName());
     return nStatus;
 }
 
@@ -57,13 +58,14 @@ template <class Real> void CStorageSolution<Real>::Unload()
     this->SetBytesInUse(0);
 }
 
-template <class Real> bool CStorageSolution<Real>::EnsureLoaded() const
+template <class Real> LoadStatus_e CStorageSolution<Real>::EnsureLoaded() const
 {
     if (m_bFilled)
-        return true;
+        return LoadOk;
     // A load changes nothing that a reader can see but the time it takes.
     auto* const pThis = const_cast<CStorageSolution*>(this);
-    return CMemoryManager::Instance().LoadItem(pThis) == LoadOk && m_bFilled;
+    const int nStatus = CMemoryManager::Instance().LoadItem(pThis);
+    return nStatus == LoadOk && !m_bFilled ? LoadFailed : LoadStatus_e(nStatus);
 }
 
 template <class Real> double CStorageSolution<Real>::GetValue(const IVector3D& ijk) const
@@ -73,8 +75,8 @@ template <class Real> double CStorageSolution<Real>::GetValue(const IVector3D& i
 
 template <class Real> double CStorageSolution<Real>::GetValue(qint64 nIndex) const
 {
-    if (!EnsureLoaded())
-        return 0.0;
+    if (EnsureLoaded() != LoadOk)
+        return NO_VALUE;
     if (nIndex < 0 || nIndex >= m_values.Size())
         nIndex =
             std::clamp<qint64>(this->GetShape().PointIndex(this->AddressOf(nIndex)), 0, m_values.Size() - 1);
@@ -90,15 +92,13 @@ template <class Real> bool CStorageSolution<Real>::ReadsInPart(const SIJKRange& 
 }
 
 template <class Real>
-void CStorageSolution<Real>::FillValues(const SIJKRange& range, std::span<double> out) const
+LoadStatus_e CStorageSolution<Real>::FillValues(const SIJKRange& range, std::span<double> out) const
 {
     if (ReadsInPart(range) && m_partialReads.Take(this->GetShape(), range, sizeof(Real)) &&
         CSolutionIO().ReadValues(*this, range, out))
-        return;
-    if (!EnsureLoaded()) {
-        std::fill_n(out.begin(), range.Count(), 0.0);
-        return;
-    }
+        return LoadOk;
+    if (const LoadStatus_e eStatus = EnsureLoaded(); eStatus != LoadOk)
+        return eStatus;
     const SBlockShape shape = this->GetShape();
     const qint64 nRow = range.Extent().i;
     double* pOut = out.data();
@@ -107,11 +107,12 @@ void CStorageSolution<Real>::FillValues(const SIJKRange& range, std::span<double
             Widen(m_values.Data() + shape.PointIndex({range.min.i, j, k}), nRow, pOut);
         }
     }
+    return LoadOk;
 }
 
 template <class Real> SStoredValues CStorageSolution<Real>::GetStoredValues() const
 {
-    if (!IsPlainNumber() || !EnsureLoaded())
+    if (!IsPlainNumber() || EnsureLoaded() != LoadOk)
         return {};
     if constexpr (std::is_same_v<Real, float>)
         return {m_values.Data(), nullptr};
@@ -121,7 +122,7 @@ template <class Real> SStoredValues CStorageSolution<Real>::GetStoredValues() co
 
 template <class Real> const float* CStorageSolution<Real>::GetValuesSingle()
 {
-    if (!EnsureLoaded())
+    if (EnsureLoaded() != LoadOk)
         return nullptr;
     if constexpr (std::is_same_v<Real, float>)
         return m_values.Data();
@@ -131,7 +132,7 @@ template <class Real> const float* CStorageSolution<Real>::GetValuesSingle()
 
 template <class Real> const double* CStorageSolution<Real>::GetValuesDouble()
 {
-    if (!EnsureLoaded())
+    if (EnsureLoaded() != LoadOk)
         return nullptr;
     if constexpr (std::is_same_v<Real, double>)
         return m_values.Data();
@@ -140,19 +141,18 @@ template <class Real> const double* CStorageSolution<Real>::GetValuesDouble()
 }
 
 // A scan of the array as it stands, on several threads; the integer classes take the general road.
-template <class Real> void CStorageSolution<Real>::ComputeRanges()
+template <class Real> LoadStatus_e CStorageSolution<Real>::ComputeRanges()
 {
-    if (!IsPlainNumber() || !EnsureLoaded()) {
-        CSolution::ComputeRanges();
-        return;
-    }
+    if (!IsPlainNumber() || EnsureLoaded() != LoadOk)
+        return CSolution::ComputeRanges();
     const SPlacedRange found = FindRange(std::span<const Real>(m_values.Span()));
     if (found.IsEmpty())
-        return;
+        return LoadOk;
     const SBlockShape shape = this->GetShape();
     for (int nComponent = 0; nComponent < 3; ++nComponent)
         this->SetExtreme(nComponent, {found.dMin, found.dMax}, shape.Address(found.nMinIndex),
                          shape.Address(found.nMaxIndex));
+    return LoadOk;
 }
 
 template class CStorageSolution<float>;
@@ -160,7 +160,7 @@ template class CStorageSolution<double>;
 
 qint64 CSolutionByteSinglePrecision::GetIntegerValue(const IVector3D& ijk) const
 {
-    if (!EnsureLoaded())
+    if (EnsureLoaded() != LoadOk)
         return 0;
     return std::bit_cast<qint32>(m_values[GetShape().PointIndex(GetShape().Clamped(ijk))]);
 }
@@ -173,7 +173,7 @@ void CSolutionByteSinglePrecision::StoreIntegers(const qint32* pValues, qint64 n
 
 qint64 CSolutionByteDoublePrecision::GetIntegerValue(const IVector3D& ijk) const
 {
-    if (!EnsureLoaded())
+    if (EnsureLoaded() != LoadOk)
         return 0;
     return std::bit_cast<qint64>(m_values[GetShape().PointIndex(GetShape().Clamped(ijk))]);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/io/filefailure.h"
 #include "data/io/partialreads.h"
 #include "data/kernels/largearray.h"
 #include "data/solutions/solution.h"
@@ -12,7 +13,7 @@
  * One variable of one block of a solution file, in the precision of the file: an array that is loaded at the
  * first access and may be evicted while nobody holds the solution. FillValues of a small range reads that
  * range alone (see CPartialReads). The only solution class that touches a file. A read outside of the block
- * gives the nearest value, one that can't be loaded 0.0.
+ * gives the nearest value, one that can't be loaded NO_VALUE.
  */
 template <class Real> class CStorageSolution : public CSolution
 {
@@ -30,18 +31,19 @@ public:
     /** Where a reader puts the values; empty while nothing is allocated. */
     std::span<Real> Values() { return m_values.Span(); }
 
+    bool HasFileChangedSinceFailure() const override { return m_failure.HasFileChanged(this->GetFileName()); }
     int Load() override;
     void Unload() override;
 
     using IStructredSolution::GetValue;
     double GetValue(const IVector3D& ijk) const override;
     double GetValue(qint64 nIndex) const override;
-    void FillValues(const SIJKRange& range, std::span<double> out) const override;
+    LoadStatus_e FillValues(const SIJKRange& range, std::span<double> out) const override;
     SStoredValues GetStoredValues() const override;
     bool ReadsInPart(const SIJKRange& range) const override;
     const float* GetValuesSingle() override;
     const double* GetValuesDouble() override;
-    void ComputeRanges() override;
+    LoadStatus_e ComputeRanges() override;
 
 protected:
     /** What stored numbers mean; the integer classes read their bits. */
@@ -50,7 +52,7 @@ protected:
         std::copy_n(pStored, nCount, pOut);
     }
     virtual bool IsPlainNumber() const { return true; }
-    bool EnsureLoaded() const;
+    LoadStatus_e EnsureLoaded() const;
     CLargeArray<Real> m_values;
 
 private:
@@ -59,6 +61,7 @@ private:
     // The array is filled, not only allocated: another thread may be loading it now.
     std::atomic<bool> m_bFilled = false;
     mutable CPartialReads m_partialReads;
+    CFileFailure m_failure;
     std::optional<CMemoryRegistration> m_registration; // last: begins when all above is there
 };
 

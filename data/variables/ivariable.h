@@ -9,6 +9,8 @@
 #include <QString>
 #include <QVector>
 
+#include <optional>
+
 enum VariableLocation_e : qint32 { LocationNone = 0, LocationNode = 1, LocationCell = 2 };
 enum VariableKind_e : qint32 { KindScalar = 0, KindVector = 1 };
 
@@ -86,9 +88,9 @@ public:
 
     /**
      * Over the live points of the simulation's blocks (nItemId -1: all) at the time that the view shows.
-     * Cached until InvalidateRange. Empty without data.
+     * Kept until InvalidateRange. Nothing without values, and where a block can't be read.
      */
-    SValueRange GetGlobalRange(qint64 nViewId, qint64 nSimulationId, qint64 nItemId);
+    std::optional<SValueRange> GetGlobalRange(qint64 nViewId, qint64 nSimulationId, qint64 nItemId);
     void InvalidateRange(); ///< of this variable and of all that read it
 
     /** Formulas only (CExpressionVariable). */
@@ -132,5 +134,5 @@ private:
     bool m_bHole = false;
     QString m_sComment;
     QVector<SVariableInput> m_inputs;
-    QMap<QString, SValueRange> m_ranges; // by simulation, time and item
+    QMap<QString, SValueRange> m_ranges; // by simulation, time, item and restarts of data
 };

@@ -1,5 +1,6 @@
 // IVariable: the range over all blocks of a case.
 #include "data/blockslices.h"
+#include "data/gridmanager.h"
 #include "data/icases.h"
 #include "data/solutionmanager.h"
 #include "data/variables/ivariable.h"
@@ -7,32 +8,54 @@
 
 namespace {
 
-/** Over the points that aren't blanked. */
-SValueRange LiveRange(const IStructredSolution& field, const IStructredSolution& holes)
+/** Adds the points that aren't blanked. */
+LoadStatus_e AddLiveRange(const IStructredSolution& field, const IStructredSolution& holes,
+                          SValueRange& range)
 {
-    SValueRange range;
     std::vector<double> values, live;
-    ForEachSlice(Intersection(field.GetShape().Range(), holes.GetShape().Range()),
-                 [&](const SIJKRange& part) {
-                     values.resize(part.Count());
-                     live.resize(part.Count());
-                     field.FillValues(part, values);
-                     holes.FillValues(part, live);
-                     for (size_t n = 0; n < values.size(); ++n)
-                         if (live[n] != 0.0 && IsFieldValue(values[n]))
-                             range.Add(values[n]);
-                 });
-    return range;
+    const SIJKRange common = Intersection(field.GetShape().Range(), holes.GetShape().Range());
+    return ForEachSlice(common, [&](const SIJKRange& part) {
+        values.resize(part.Count());
+        live.resize(part.Count());
+        if (const LoadStatus_e eStatus = field.FillValues(part, values); eStatus != LoadOk)
+            return eStatus;
+        if (const LoadStatus_e eStatus = holes.FillValues(part, live); eStatus != LoadOk)
+            return eStatus;
+        for (size_t n = 0; n < values.size(); ++n)
+            if (live[n] != 0.0 && IsFieldValue(values[n]))
+                range.Add(values[n]);
+        return LoadOk;
+    });
+}
+
+LoadStatus_e AddRange(IStructredSolution& field, const IStructredSolution* pHoles, SValueRange& range)
+{
+    if (pHoles)
+        return AddLiveRange(field, *pHoles, range);
+    if (!field.GetRange(0, false))
+        if (const LoadStatus_e eStatus = field.ComputeRanges(); eStatus != LoadOk)
+            return eStatus;
+    range.Add(field.GetRange(0, false).value_or(SValueRange()));
+    return LoadOk;
+}
+
+QString RangeKey(qint64 nSimulationId, double dTime, qint64 nItemId)
+{
+    const qint64 nRestarts =
+        CSolutionManager::Instance().CountRestarts() + CGridManager::Instance().CountRestarts();
+    return QString("%1@%2@%3@%4")
+        .arg(nSimulationId)
+        .arg(QString::number(dTime, 'g', 17))
+        .arg(nItemId)
+        .arg(nRestarts);
 }
 
 } // namespace
 
-SValueRange IVariable::GetGlobalRange(qint64 nViewId, qint64 nSimulationId, qint64 nItemId)
+std::optional<SValueRange> IVariable::GetGlobalRange(qint64 nViewId, qint64 nSimulationId, qint64 nItemId)
 {
     const double dTime = ICases::Installed().GetTime(nViewId, nSimulationId);
-    const QString sKey =
-        QString("%1@%2@%3").arg(nSimulationId).arg(QString::number(dTime, 'g', 17)).arg(nItemId);
-    if (const SValueRange known = m_ranges.value(sKey); !known.IsEmpty())
+    if (const SValueRange known = m_ranges.value(RangeKey(nSimulationId, dTime, nItemId)); !known.IsEmpty())
         return known;
     CSolutionManager& manager = CSolutionManager::Instance();
     const IVariable* const pHole = CVariableManager::Instance().GetHoleVariable(nSimulationId, m_eLocation);
@@ -44,9 +67,12 @@ SValueRange IVariable::GetGlobalRange(qint64 nViewId, qint64 nSimulationId, qint
             continue;
         const auto pHoles =
             pHole ? manager.GetSolution(pHole->GetId(), nSimulationId, nBlock, NO_ID, dTime) : nullptr;
-        range.Add(pHoles ? LiveRange(*pField, *pHoles) : pField->GetRange(0, true));
+        if (AddRange(*pField, pHoles.get(), range) != LoadOk)
+            return std::nullopt;
     }
-    if (!range.IsEmpty())
-        m_ranges.insert(sKey, range);
+    if (range.IsEmpty())
+        return std::nullopt;
+    m_ranges.insert(RangeKey(nSimulationId, dTime, nItemId),
+                    range); // of now: a request may have been a restart
     return range;
 }

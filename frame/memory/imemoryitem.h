@@ -2,11 +2,11 @@
 
 #include <QtGlobal>
 
-/** How the last load of a memory item ended. */
-enum LoadStatus_e : int {
+/** How the last load of a memory item, or a read of its data, ended: whoever reads has to look at it. */
+enum [[nodiscard]] LoadStatus_e : int{
     LoadOk = 0,
     LoadNoMemory = 2,   ///< the allocation failed; the manager frees other items and tries again
-    LoadFailed = 3,     ///< failed for good; the item isn't tried again
+    LoadFailed = 3,     ///< failed for good; the item isn't tried again while its file stays as it is
     LoadBadContent = 5, ///< the file holds something else; as final as LoadFailed
     LoadNever = 6       ///< never loaded, or to be loaded anew
 };

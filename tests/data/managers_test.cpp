@@ -58,7 +58,7 @@ TEST_F(Managers, AFileThatCantBeReadAnyMoreIsToldOnceForEachChange)
     const auto told = [&] {
         for (const char* const sName : {"R", "RU"})
             for (const qint64 nItem : {1, 2})
-                EXPECT_EQ(Field(sName, nItem)->GetValue(IVector3D{1, 1, 1}), 0.0);
+                EXPECT_EQ(Field(sName, nItem)->GetValue(IVector3D{1, 1, 1}), NO_VALUE);
         return log.Lines().filter("Can't read " + sQ);
     };
     EXPECT_EQ(FileFaults::Last(), "");
@@ -80,7 +80,7 @@ TEST_F(Managers, BothRoadsToThePointsOfAFileAgreeInBothPrecisions)
         const auto pGrid = Grid(1);
         const SIJKRange range{{2, 1, 2}, {4, 4, 3}};
         std::vector<double> x(range.Count()), y(range.Count()), z(range.Count());
-        pGrid->FillPoints(range, {x, y, z});
+        EXPECT_EQ(pGrid->FillPoints(range, {x, y, z}), LoadOk);
         for (qint64 n = 0; n < range.Count(); ++n) {
             const IVector3D ijk = SBlockShape{range.Extent(), range.min}.Address(n);
             ASSERT_EQ((DVector3D{x[n], y[n], z[n]}), pGrid->GetPoint(ijk)) << nCode;
@@ -156,7 +156,7 @@ TEST_F(Managers, AFlipIsSeenByTheTransformedGridAroundIt)
     EXPECT_EQ(pGrid->GetMinimumLocation(0), (IVector3D{4 - before.i, before.j, before.k}));
 }
 
-TEST_F(Managers, AFileThatCannotBeIdentifiedGivesZerosAndACorrectedSizeIsLoadedAtTheNextAccess)
+TEST_F(Managers, AFileThatCannotBeIdentifiedHasAShapeAndASizeIsCorrectedByALoad)
 {
     const QString sFile = Write("a.x", 2, KindGrid, Blocks({{3, 2, 2}}));
     Add(m_folder.filePath("missing.x"), -1.0, {4, 4, 4});
@@ -168,7 +168,8 @@ TEST_F(Managers, AFileThatCannotBeIdentifiedGivesZerosAndACorrectedSizeIsLoadedA
 
     Add(sFile, -1.0, {9, 9, 9}, {1, 1, 1}, 2); // registered with another size than the file has
     const auto pOther = Grid(2);
-    EXPECT_EQ(pOther->GetPoint(1, 1, 1), DVector3D());
+    std::vector<double> x(729), y = x, z = x;
+    EXPECT_EQ(pOther->FillPoints({{1, 1, 1}, {9, 9, 9}}, {x, y, z}), LoadBadContent) << "it has less";
     EXPECT_EQ(pOther->GetDimensions(), (IVector3D{3, 2, 2}));
     EXPECT_EQ(pOther->GetPoint(1, 1, 1).x, Value(0, 0, 0));
 }

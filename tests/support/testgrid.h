@@ -43,12 +43,13 @@ public:
         const qint64 n = GetShape().PointIndex(ijk);
         return {double(m_axes[0][n]), double(m_axes[1][n]), double(m_axes[2][n])};
     }
-    void FillPoints(const SIJKRange& range, const SPointBuffers& out) const override
+    LoadStatus_e FillPoints(const SIJKRange& range, const SPointBuffers& out) const override
     {
         Q_ASSERT(Intersection(range, GetShape().Range()) == range);
         ++m_nFillCalls;
         for (int nAxis = 0; nAxis < 3; ++nAxis)
             CopyRange(m_axes[nAxis].data(), GetShape(), range, out.Axis(nAxis));
+        return LoadOk;
     }
 
     int m_nDisposed = 0;

@@ -30,22 +30,22 @@ public:
 protected:
     bool ElementsAreCells() const override { return false; }
     SSurfaceSize ReadSize() override { return m_given; }
-    bool ReadPositions(std::span<DVector3D> positions) override
+    LoadStatus_e ReadPositions(std::span<DVector3D> positions) override
     {
         std::copy(m_places.begin(), m_places.end(), positions.begin());
-        return true;
+        return LoadOk;
     }
-    bool ReadValues(qint64, std::span<double> values) override
+    LoadStatus_e ReadValues(qint64, std::span<double> values) override
     {
         std::copy(m_values.begin(), m_values.end(), values.begin());
-        return !m_values.empty();
+        return m_values.empty() ? LoadNever : LoadOk;
     }
     double ReadValue(qint64, qint64 nElement) const override { return double(nElement) / 3.0; }
-    bool ReadVectors(qint64, std::span<DVector3D>) override { return false; }
-    bool ReadMask(std::span<double> mask) override
+    LoadStatus_e ReadVectors(qint64, std::span<DVector3D>) override { return LoadNever; }
+    LoadStatus_e ReadMask(std::span<double> mask) override
     {
         std::copy(m_mask.begin(), m_mask.end(), mask.begin());
-        return !m_mask.empty();
+        return m_mask.empty() ? LoadNever : LoadOk;
     }
     IVector3D AddressOf(qint64 nElement) const override
     {

@@ -29,16 +29,16 @@ public:
     std::optional<DVector3D> m_vector; // of all elements
 
 protected:
-    bool ReadValues(qint64, std::span<double> values) override
+    LoadStatus_e ReadValues(qint64, std::span<double> values) override
     {
         std::copy(m_values.begin(), m_values.end(), values.begin());
-        return !m_values.empty();
+        return m_values.empty() ? LoadNever : LoadOk;
     }
-    bool ReadVectors(qint64, std::span<DVector3D> vectors) override
+    LoadStatus_e ReadVectors(qint64, std::span<DVector3D> vectors) override
     {
         for (std::size_t n = 0; n < vectors.size(); ++n)
             vectors[n] = m_vector.value_or(DVector3D{100.0, 20.0 * double(n), 0.0});
-        return true;
+        return LoadOk;
     }
 };
 
@@ -163,7 +163,7 @@ protected:
         for (int y = 0; y < PIXELS; ++y)
             for (int x = 0; x < PIXELS; ++x)
                 if (m_image.pixelColor(x, y).rgb() == color.rgb())
-                    return true;
+                    return LoadOk;
         return false;
     }
     static QColor MapColor(int nTexel)

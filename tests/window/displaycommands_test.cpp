@@ -294,9 +294,10 @@ TEST_F(DisplayCommands, ABoxTakesAVariableByNameAndShowsTheCommonOne)
     const ISelectable& block = *Selectable(1);
     EXPECT_EQ(block.scalarVariable(), Id("R"));
     EXPECT_FALSE(block.geometricColor());
-    const SValueRange range =
+    const auto range =
         CVariableManager::Instance().GetVariable(Id("R"))->GetGlobalRange(VIEW, SIMULATION, -1);
-    EXPECT_EQ(block.drawables().first()->colormapRange(), QPointF(range.dMin, range.dMax));
+    ASSERT_TRUE(range);
+    EXPECT_EQ(block.drawables().first()->colormapRange(), QPointF(range->dMin, range->dMax));
     EXPECT_EQ(m_pSimulation->GetUndoCount(), 1);
     Selectable(1)->setColormapValues(0.25, 0.5);
     Enter("Scalar", "R");

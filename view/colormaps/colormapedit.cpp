@@ -47,7 +47,7 @@ SValueRange ColormapEdit::CaseRange(const QVector<ISelectable*>& items)
 {
     CCaseRanges ranges;
     return Joined(items, [&](const IDrawable& drawable, const ISelectable& item) {
-        return ranges.Get(item, drawable.scalarVariable());
+        return ranges.Get(item, drawable.scalarVariable()).value_or(SValueRange());
     });
 }
 

@@ -1,7 +1,7 @@
 #include "view/drawables/surfacedrawable.h"
 
 #include "data/gridmanager.h"
-#include "data/loadedleaves.h"
+#include "data/grids/gridslices.h"
 #include "data/solutionmanager.h"
 #include "data/solutions/istructredsolution.h"
 #include "data/variables/variablemanager.h"
@@ -44,18 +44,6 @@ SSurfacePlane OfCells(SSurfacePlane plane, const IVector3D& cells)
         plane.end[nAxis] = std::max(plane.start[nAxis], std::min(plane.end[nAxis] - 1, cells[nAxis]));
     plane.constants[plane.nDirection] = std::min(plane.constants[plane.nDirection], cells[plane.nDirection]);
     return plane;
-}
-
-bool WasRead(IGrid& grid)
-{
-    const QVector<IGrid*> leaves = grid.GetLeafGrids();
-    return !leaves.isEmpty() && AreLoaded(leaves);
-}
-
-/** The same of a field, which gives zeros that mean nothing where its data are missing. */
-bool WasRead(IStructredSolution& field, const SIJKRange& range)
-{
-    return AreLoaded(field.GetLeafSolutions()) && (field.HasValue(range.min) || field.HasValue(range.max));
 }
 
 QJsonArray ToJson(const IVector3D& v) { return {qint64(v.i), qint64(v.j), qint64(v.k)}; }
@@ -134,25 +122,19 @@ SSurfaceSize CSurfaceDrawable::ReadSize()
     return m_built.Size();
 }
 
-bool CSurfaceDrawable::ReadPositions(std::span<DVector3D> positions)
+LoadStatus_e CSurfaceDrawable::ReadPositions(std::span<DVector3D> positions)
 {
     const CLease<IGrid> pGrid =
         CGridManager::Instance().GetGrid(simulationId(), blockId(), ANY_SUB_ID, m_dTimeCode);
     if (!pGrid)
-        return false;
-    if (m_bCells) {
-        for (std::size_t n = 0; n < positions.size(); ++n)
-            positions[n] = pGrid->GetCellCentre(m_built.AddressOf(qint64(n)), 0.0);
-        return WasRead(*pGrid);
-    }
+        return LoadNever;
     std::vector<double> x(positions.size()), y(positions.size()), z(positions.size());
-    pGrid->FillPoints(m_built.Range(), {x, y, z});
-    if (!WasRead(*pGrid))
-        return false;
+    const LoadStatus_e eStatus = m_bCells ? FillCellCentres(*pGrid, m_built.Range(), {x, y, z})
+                                          : pGrid->FillPoints(m_built.Range(), {x, y, z});
     ForEachElement(m_built, [&](qint64 nElement, qint64 nPlace) {
         positions[nElement] = {x[nPlace], y[nPlace], z[nPlace]};
     });
-    return true;
+    return eStatus;
 }
 
 CLease<IStructredSolution> CSurfaceDrawable::FieldOverPlane(qint64 nVariableId) const
@@ -165,48 +147,42 @@ CLease<IStructredSolution> CSurfaceDrawable::FieldOverPlane(qint64 nVariableId) 
     return pField;
 }
 
-bool CSurfaceDrawable::ReadValues(qint64 nVariableId, std::span<double> values)
+LoadStatus_e CSurfaceDrawable::ReadValues(qint64 nVariableId, std::span<double> values)
 {
     const auto pField = FieldOverPlane(nVariableId);
     if (!pField)
-        return false;
+        return LoadNever;
     std::vector<double> plane(values.size());
-    pField->FillValues(m_built.Range(), plane);
-    if (!WasRead(*pField, m_built.Range()))
-        return false;
-    ForEachElement(m_built, [&](qint64 nElement, qint64 nPlace) { values[nElement] = plane[nPlace]; });
-    return true;
+    const LoadStatus_e eStatus = pField->FillValues(m_built.Range(), plane);
+    if (eStatus == LoadOk)
+        ForEachElement(m_built, [&](qint64 nElement, qint64 nPlace) { values[nElement] = plane[nPlace]; });
+    return eStatus;
 }
 
 double CSurfaceDrawable::ReadValue(qint64 nVariableId, qint64 nElement) const
 {
     const auto pField = FieldOverPlane(nVariableId);
-    if (!pField)
-        return NO_VALUE;
-    const double dValue = pField->GetValue(m_built.AddressOf(nElement));
-    return WasRead(*pField, m_built.Range()) ? dValue : NO_VALUE;
+    return pField ? pField->GetValue(m_built.AddressOf(nElement)) : NO_VALUE;
 }
 
-bool CSurfaceDrawable::ReadVectors(qint64 nVariableId, std::span<DVector3D> vectors)
+LoadStatus_e CSurfaceDrawable::ReadVectors(qint64 nVariableId, std::span<DVector3D> vectors)
 {
     const auto pField = FieldOverPlane(nVariableId);
     if (!pField)
-        return false;
+        return LoadNever;
     std::vector<double> x(vectors.size()), y(vectors.size()), z(vectors.size());
-    pField->FillVectors(m_built.Range(), {x, y, z});
-    if (!WasRead(*pField, m_built.Range()))
-        return false;
+    const LoadStatus_e eStatus = pField->FillVectors(m_built.Range(), {x, y, z});
     ForEachElement(m_built, [&](qint64 nElement, qint64 nPlace) {
         vectors[nElement] = {x[nPlace], y[nPlace], z[nPlace]};
     });
-    return true;
+    return eStatus;
 }
 
-bool CSurfaceDrawable::ReadMask(std::span<double> mask)
+LoadStatus_e CSurfaceDrawable::ReadMask(std::span<double> mask)
 {
     const IVariable* const pMask =
         CVariableManager::Instance().GetHoleVariable(simulationId(), m_bCells ? LocationCell : LocationNode);
-    return pMask && ReadValues(pMask->GetId(), mask);
+    return pMask ? ReadValues(pMask->GetId(), mask) : LoadNever;
 }
 
 double CSurfaceDrawable::CurrentTime() const

@@ -47,11 +47,11 @@ public:
 protected:
     bool ElementsAreCells() const override;
     SSurfaceSize ReadSize() override;
-    bool ReadPositions(std::span<DVector3D> positions) override;
-    bool ReadValues(qint64 nVariableId, std::span<double> values) override;
+    LoadStatus_e ReadPositions(std::span<DVector3D> positions) override;
+    LoadStatus_e ReadValues(qint64 nVariableId, std::span<double> values) override;
     double ReadValue(qint64 nVariableId, qint64 nElement) const override;
-    bool ReadVectors(qint64 nVariableId, std::span<DVector3D> vectors) override;
-    bool ReadMask(std::span<double> mask) override;
+    LoadStatus_e ReadVectors(qint64 nVariableId, std::span<DVector3D> vectors) override;
+    LoadStatus_e ReadMask(std::span<double> mask) override;
     IVector3D AddressOf(qint64 nElement) const override { return m_built.AddressOf(nElement); }
     double CurrentTime() const override;
     QMatrix4x4 CurrentModelMatrix() const override;

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "frame/memory/imemoryitem.h"
 #include "view/drawables/drawable.h"
 #include "view/gl/rawmodel.h"
 #include "view/mesh/surfacelists.h"
+
+#include <QElapsedTimer>
 
 #include <array>
 
@@ -58,15 +61,15 @@ protected:
     /** Whether elements are cells; decided once a build, before all else. */
     virtual bool ElementsAreCells() const = 0;
     virtual SSurfaceSize ReadSize() = 0;
-    /** Positions of all elements; false if there are no data. */
-    virtual bool ReadPositions(std::span<DVector3D> positions) = 0;
-    /** Values of a variable; what has none is NO_VALUE. False if there are no data. */
-    virtual bool ReadValues(qint64 nVariableId, std::span<double> values) = 0;
+    /** Positions of all elements. LoadNever: there are no data, here as below. */
+    virtual LoadStatus_e ReadPositions(std::span<DVector3D> positions) = 0;
+    /** Values of a variable; what has none is NO_VALUE. They stay as they are where they can't be read. */
+    virtual LoadStatus_e ReadValues(qint64 nVariableId, std::span<double> values) = 0;
     /** The same of one element, in full precision; for picking. */
     virtual double ReadValue(qint64 nVariableId, qint64 nElement) const = 0;
-    virtual bool ReadVectors(qint64 nVariableId, std::span<DVector3D> vectors) = 0;
-    /** 1.0 for live elements; false if the block has no blanking. */
-    virtual bool ReadMask(std::span<double> mask) = 0;
+    virtual LoadStatus_e ReadVectors(qint64 nVariableId, std::span<DVector3D> vectors) = 0;
+    /** 1.0 for live elements; LoadNever if the block has no blanking. */
+    virtual LoadStatus_e ReadMask(std::span<double> mask) = 0;
     /** Address in the block, one-based. */
     virtual IVector3D AddressOf(qint64 nElement) const = 0;
     /** The level that the view shows now. */
@@ -93,6 +96,7 @@ private:
     void BuildVectors();
     void BuildContourLines();
     void RecordExtremes(std::span<const double> values);
+    bool WasRead(LoadStatus_e eStatus);
     void Clear();
     void MeasureBounds();
     // surface_pick.cpp
@@ -132,6 +136,7 @@ private:
     void CompileContours();
     void CompileVectors();
 
+    QElapsedTimer m_sinceFailure; // runs while data couldn't be read
     SSurfaceSize m_size;
     std::vector<DVector3D> m_positions;
     DVector3D m_origin;              // what positions on the GPU are relative to

@@ -5,9 +5,28 @@
 
 #include <cmath>
 
+namespace {
+
+/** A file may be back: asking for its data looks at it, which isn't for every frame. */
+bool IsToBeReadAgain(const QElapsedTimer& sinceFailure)
+{
+    constexpr qint64 PAUSE = 500; // [ms]
+    return sinceFailure.isValid() && sinceFailure.hasExpired(PAUSE);
+}
+
+} // namespace
+
+/** Notes data that can't be read. */
+bool CSurface::WasRead(LoadStatus_e eStatus)
+{
+    if (eStatus != LoadOk && eStatus != LoadNever)
+        m_sinceFailure.start();
+    return eStatus == LoadOk;
+}
+
 bool CSurface::needsBuild() const
 {
-    if (CurrentTime() != m_dTimeCode)
+    if (CurrentTime() != m_dTimeCode || IsToBeReadAgain(m_sinceFailure))
         return true;
     if (!m_bGeometryValid || !m_bValuesValid || !m_bThresholdsValid)
         return true;
@@ -16,7 +35,8 @@ bool CSurface::needsBuild() const
 
 void CSurface::build()
 {
-    if (CurrentTime() != m_dTimeCode) {
+    if (CurrentTime() != m_dTimeCode || IsToBeReadAgain(m_sinceFailure)) {
+        m_sinceFailure.invalidate();
         invalidateAll();
         m_dTimeCode = CurrentTime();
     }
@@ -51,7 +71,7 @@ void CSurface::BuildGeometry()
     m_modelMatrix = CurrentModelMatrix();
     m_size = ReadSize();
     m_positions.resize(m_size.Count());
-    if (m_size.Count() == 0 || !ReadPositions(m_positions)) {
+    if (m_size.Count() == 0 || !WasRead(ReadPositions(m_positions))) {
         Clear();
         return;
     }
@@ -64,7 +84,7 @@ void CSurface::BuildGeometry()
 void CSurface::BuildHoles()
 {
     std::vector<double> mask(m_size.Count());
-    if (!ReadMask(mask) || std::all_of(mask.begin(), mask.end(), [](double d) { return d == 1.0; }))
+    if (!WasRead(ReadMask(mask)) || std::all_of(mask.begin(), mask.end(), [](double d) { return d == 1.0; }))
         return;
     m_holes.resize(mask.size());
     for (std::size_t n = 0; n < mask.size(); ++n)
@@ -94,7 +114,7 @@ void CSurface::BuildValues()
     if (nVariable == -1 || m_size.Count() == 0)
         return;
     std::vector<double> values(m_size.Count(), NO_VALUE);
-    ReadValues(nVariable, values);
+    WasRead(ReadValues(nVariable, values));
     m_values.resize(values.size());
     for (std::size_t n = 0; n < values.size(); ++n)
         m_values[n] = SurfaceArrays::ToGpuValue(values[n]);
@@ -142,7 +162,7 @@ void CSurface::BuildThresholds()
     m_bThresholdThere = false;
     if (thresholdVariable() != -1 && m_size.Count() > 0) {
         values.assign(m_size.Count(), NO_VALUE);
-        m_bThresholdThere = ReadValues(thresholdVariable(), values);
+        m_bThresholdThere = WasRead(ReadValues(thresholdVariable(), values));
     }
     if (!m_bThresholdThere && !m_bMaskThere)
         return;
@@ -158,7 +178,7 @@ void CSurface::BuildVectors()
     m_bVectorsValid = true;
     m_bStale[StaleVectors] = true;
     m_vectors.assign(m_size.Count(), {});
-    if (m_size.Count() == 0 || !ReadVectors(vectorVariable(), m_vectors))
+    if (m_size.Count() == 0 || !WasRead(ReadVectors(vectorVariable(), m_vectors)))
         m_vectors.clear();
     m_dLongestVector = VectorArrays::LongestVector(m_vectors, ShownHoles());
 }

@@ -31,18 +31,18 @@ SIJKRange CellsOf(const SIJKRange& nodes, const SBlockShape& cells)
     return {cells.Clamped(range.min), cells.Clamped(range.max)};
 }
 
-SValueRange RangeOf(const IStructredSolution& field, const SIJKRange& range)
+LoadStatus_e AddRange(const IStructredSolution& field, const SIJKRange& range, SValueRange& found)
 {
-    SValueRange found;
     std::vector<double> values;
-    ForEachSlice(range, [&](const SIJKRange& part) {
+    return ForEachSlice(range, [&](const SIJKRange& part) {
         values.resize(part.Count());
-        field.FillValues(part, values);
+        if (const LoadStatus_e eStatus = field.FillValues(part, values); eStatus != LoadOk)
+            return eStatus;
         for (const double dValue : values)
             if (IsFieldValue(dValue))
                 found.Add(dValue);
+        return LoadOk;
     });
-    return found;
 }
 
 } // namespace
@@ -179,7 +179,8 @@ SValueRange CSelectable::rangeOfVariable(qint64 nVariableId) const
         const SIJKRange nodes = NodesInBlock(pGrid->GetShape());
         const SBlockShape shape = pField->GetShape();
         const SIJKRange elements = pVariable->GetLocation() == LocationCell ? CellsOf(nodes, shape) : nodes;
-        range.Add(RangeOf(*pField, Intersection(elements, shape.Range())));
+        if (AddRange(*pField, Intersection(elements, shape.Range()), range) != LoadOk)
+            return {};
     }
     return range;
 }

@@ -93,7 +93,7 @@ int Render(const CBatchOptions& options, SRenderRequest request)
     const QImage image = OffscreenView::Draw(CRenderCase::VIEW, request, renderCase.GetCamera());
     timings.EndStage("draw");
     if (const QString sFault = FileFaults::Last(); !sFault.isEmpty())
-        return BatchError(BatchFailed, sFault); // the picture would show zeros
+        return BatchError(BatchFailed, sFault); // the picture would lack a part of the case
     if (image.isNull())
         return BatchError(BatchFailed, "nothing could be drawn");
     if (!WritePng(image, request.sOutput))

@@ -208,14 +208,15 @@ BatchStatus_e CRenderCase::ShowScalar(const SRenderRequest& request)
     qint64 nId = NO_ID;
     if (const BatchStatus_e eStatus = FindVariable(request.sScalar, false, nId); eStatus != BatchOk)
         return eStatus;
-    const SValueRange range = request.range ? *request.range
-                                            : CVariableManager::Instance().GetVariable(nId)->GetGlobalRange(
-                                                  VIEW, m_pSimulation->GetId(), NO_ID);
+    const std::optional<SValueRange> range =
+        request.range ? request.range
+                      : CVariableManager::Instance().GetVariable(nId)->GetGlobalRange(
+                            VIEW, m_pSimulation->GetId(), NO_ID);
     for (ISelectable* const pSelectable : Shown()) {
         pSelectable->setScalarVariable(nId);
         pSelectable->setGeometricColor(false);
-        if (!range.IsEmpty())
-            pSelectable->setColormapValues(range.dMin, range.dMax);
+        if (range)
+            pSelectable->setColormapValues(range->dMin, range->dMax);
         if (request.nColormap != -1)
             pSelectable->setColormapType(request.nColormap);
     }

@@ -121,20 +121,19 @@ PointFunction Moved(const PointFunction& function, const IVector3D& by)
 class SearchTreeBlocks : public testing::TestWithParam<SBlockCase>
 {};
 
-/** A block whose first read finds out that the file has other dimensions, and gives zeros. */
+/** A block whose first read finds out that the file has other dimensions, and fails. */
 class CCorrectedGrid : public CTestGrid
 {
 public:
     CCorrectedGrid(const SBlockShape& expected, const SBlockShape& actual)
         : CTestGrid(expected, Box()), m_actual(actual, Box())
     {}
-    void FillPoints(const SIJKRange& range, const SPointBuffers& out) const override
+    LoadStatus_e FillPoints(const SIJKRange& range, const SPointBuffers& out) const override
     {
         if (GetShape() == m_actual.GetShape())
             return m_actual.FillPoints(range, out);
         const_cast<CCorrectedGrid*>(this)->SetShape(m_actual.GetShape());
-        for (int nAxis = 0; nAxis < 3; ++nAxis)
-            std::fill_n(out.Axis(nAxis).begin(), range.Count(), 0.0);
+        return LoadBadContent;
     }
 
 private:

@@ -367,8 +367,9 @@ protected:
     {
         const auto pField = Field(sName, nItemId);
         std::vector<double> values(pField ? pField->GetShape().PointCount() : 0);
-        if (pField)
-            pField->FillValues(pField->GetShape().Range(), values);
+        if (pField) {
+            EXPECT_EQ(pField->FillValues(pField->GetShape().Range(), values), LoadOk);
+        }
         return values;
     }
 
@@ -381,7 +382,8 @@ protected:
             std::array<std::vector<double>, 3> points;
             for (std::vector<double>& axis : points)
                 axis.resize(nPoints);
-            pGrid->FillPoints(pGrid->GetShape().Range(), {points[0], points[1], points[2]});
+            EXPECT_EQ(pGrid->FillPoints(pGrid->GetShape().Range(), {points[0], points[1], points[2]}),
+                      LoadOk);
             EXPECT_EQ(Bits(Values("X", n + 1)), Bits(points[0]));
             EXPECT_EQ(Bits(Values("Y", n + 1)), Bits(points[1]));
             EXPECT_EQ(Bits(Values("Z", n + 1)), Bits(points[2]));

@@ -25,13 +25,14 @@ CLease<IStructredSolution> Stored(const IVector3D& size, const std::function<dou
         {
             return m_values[GetShape().PointIndex(GetShape().Clamped(ijk))];
         }
-        void FillValues(const SIJKRange& range, std::span<double> out) const override
+        LoadStatus_e FillValues(const SIJKRange& range, std::span<double> out) const override
         {
             qint64 n = 0;
             for (qint64 k = range.min.k; k <= range.max.k; ++k)
                 for (qint64 j = range.min.j; j <= range.max.j; ++j)
                     for (qint64 i = range.min.i; i <= range.max.i; ++i)
                         out[n++] = m_values[GetShape().PointIndex({i, j, k})];
+            return LoadOk;
         }
         std::vector<double> m_values;
     };
@@ -55,8 +56,8 @@ void ExpectEqualRoads(const IStructredSolution& field, const char* sWhat)
         }
         const qint64 nCount = range.Count();
         std::vector<double> values(nCount), x(nCount), y(nCount), z(nCount);
-        field.FillValues(range, values);
-        field.FillVectors(range, {x, y, z});
+        ASSERT_EQ(field.FillValues(range, values), LoadOk);
+        ASSERT_EQ(field.FillVectors(range, {x, y, z}), LoadOk);
         for (qint64 n = 0; n < nCount; ++n) {
             const IVector3D ijk = SBlockShape{range.Extent(), range.min}.Address(n);
             ASSERT_EQ(values[n], field.GetValue(ijk)) << sWhat;
@@ -138,7 +139,7 @@ TEST_F(Solutions, RangesLeaveOutWhatIsNoValueAndTellTheFirstPlace)
 {
     const double values[] = {5, NO_VALUE, 2, 9, std::nan(""), 9, 2, HUGE_VAL};
     const auto pField = Stored({2, 2, 2}, [&](qint64 n) { return values[n]; });
-    EXPECT_EQ(pField->GetRange(0, false), SValueRange()) << "not computed yet";
+    EXPECT_FALSE(pField->GetRange(0, false)) << "not computed yet";
     EXPECT_EQ(pField->GetRange(0, true), (SValueRange{2.0, 9.0}));
     EXPECT_EQ(pField->GetMinimumLocation(0), (IVector3D{1, 2, 1})) << "i outermost: (1,2,1) ahead of (1,2,2)";
     EXPECT_EQ(pField->GetMaximumLocation(0), (IVector3D{2, 1, 2}));
@@ -191,7 +192,7 @@ TEST_F(Solutions, AFormulaOverADividedZeroHasNoValue)
     const qint64 nId = Define("nan", "(<R> - <R>) / (<R> - <R>)");
     const auto pField = CSolutionManager::Instance().GetSolution(nId, SIMULATION, 1, -1, -1.0);
     EXPECT_EQ(pField->GetValue(IVector3D{2, 2, 2}), NO_VALUE);
-    EXPECT_TRUE(pField->GetRange(0, true).IsEmpty());
+    EXPECT_FALSE(pField->GetRange(0, true));
 }
 
 TEST_F(Solutions, AComparisonTakesEachInputFromItsOwnSimulation)

@@ -1,11 +1,15 @@
 // A case that was saved and opened looks as before, pixel for pixel. Skipped where there is no OpenGL.
+#include "frame/memory/memorymanager.h"
 #include "frame/preferences/preferencekeys.h"
 #include "frame/preferences/preferences.h"
 #include "tests/modules/plot3d/showncase.h"
+#include "tests/support/files.h"
 #include "tests/support/offscreencontext.h"
 
+#include <QFile>
 #include <QJsonDocument>
 #include <QPainter>
+#include <QTest>
 
 namespace {
 
@@ -142,4 +146,29 @@ TEST_F(CasePicture, ASelectionShowsAsThePreferencesAllow)
             EXPECT_EQ(Draw() == unselected, !bOutline && !bOnItems) << bOutline << bOnItems;
         }
     preferences = CPreferences();
+}
+
+TEST_F(CasePicture, WhatCantBeReadHasNoColoursAndIsBackWithItsFile)
+{
+    const CPlot3DSimulation* const pScene = OpenScene();
+    const QImage before = Draw();
+    const QByteArray bytes = Files::Read(Path("scene.q"));
+    const auto redraw = [&] {
+        for (ISelectable* const p : CSelectableManager::Instance().GetSelectables(VIEW, pScene->GetId()))
+            for (IDrawable* const pDrawable : p->drawables())
+                pDrawable->invalidateValues();
+        return Draw();
+    };
+    for (const int nBytes : {0, 1000}) {
+        CMemoryManager::Instance().FreeAll();
+        QFile::remove(Path("scene.q"));
+        if (nBytes > 0)
+            Files::Write(Path("scene.q"), bytes.left(nBytes));
+        EXPECT_FALSE(redraw() == before);
+        for (const IDrawable* const pDrawable : Shown(*pScene, 1)->drawables())
+            EXPECT_GT(pDrawable->colormap().dLocalMinimum, pDrawable->colormap().dLocalMaximum) << "no range";
+        Files::Write(Path("scene.q"), bytes);
+        QTest::qWait(600); // a frame doesn't look at files more often
+        EXPECT_TRUE(Draw() == before);
+    }
 }

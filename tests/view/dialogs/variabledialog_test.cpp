@@ -217,9 +217,10 @@ TEST_F(VariableDialogs, ARangeTakenFromAFormulaFollowsIt)
         Button(dialog, "m_pOKB")->click();
     };
     const auto global = [&](qint64 nVariable) {
-        const SValueRange range = CVariableManager::Instance().GetVariable(nVariable)->GetGlobalRange(
-            CDialogCase::VIEW, m_case.Id(), -1);
-        return QPointF(range.dMin, range.dMax);
+        const std::optional<SValueRange> range =
+            CVariableManager::Instance().GetVariable(nVariable)->GetGlobalRange(CDialogCase::VIEW,
+                                                                                m_case.Id(), -1);
+        return range ? QPointF(range->dMin, range->dMax) : QPointF();
     };
     m_case.Item(0).setScalarVariable(nId); // keeps the range of what it showed before: this one has none
     m_case.Item(1).setScalarVariable(nReader);
