@@ -1,13 +1,10 @@
 #include "data/solutionmanager.h"
 
-#include "data/gridmanager.h"
-#include "data/icases.h"
+#include "data/fieldrequest.h"
 #include "data/io/solutionio.h"
 #include "data/solutions/bytesolution.h"
 #include "data/solutions/interpsolution.h"
-#include "data/solutions/solutiongrid.h"
 #include "data/solutions/solutionpack.h"
-#include "data/solutions/solutionvariable.h"
 #include "data/variables/variablemanager.h"
 #include "frame/memory/memorymanager.h"
 
@@ -53,8 +50,8 @@ CSolutionManager::CSolutionManager() { CMemoryManager::Instance().AddCache(this)
 qint64 CSolutionManager::AddSolution(qint64 nSimulationId, qint64 nItemId, qint64 nVariableId, qint64 nSubId,
                                      const SSolutionFile& file, double dTime)
 {
-    const IVariable* const pVariable = CVariableManager::Instance().GetVariable(nVariableId);
-    if (!pVariable || !pVariable->IsFileVariable())
+    const std::shared_ptr<const SFieldRecipe> pRecipe = CVariableManager::Instance().GetRecipe(nVariableId);
+    if (!pRecipe || !pRecipe->bOfFile)
         return NO_ID;
     m_fileCache.Clear();
     const EntryPointer pEntry = std::make_shared<SEntry>(file.known);
@@ -92,26 +89,16 @@ bool CSolutionManager::HasSolutions(qint64 nSimulationId, qint64 nVariableId) co
 CLease<IStructredSolution> CSolutionManager::GetSolution(qint64 nVariableId, qint64 nSimulationId,
                                                          qint64 nItemId, qint64 nSubId, double dTime)
 {
-    const IVariable* const pVariable = CVariableManager::Instance().GetVariable(nVariableId);
-    if (!pVariable || nSimulationId == NO_ID)
-        return nullptr;
-    if (pVariable->IsGridVariable()) {
-        CLease<IGrid> pGrid = CGridManager::Instance().GetGrid(nSimulationId, nItemId, NO_ID, dTime);
-        return CLease<IStructredSolution>(pGrid ? new CSolutionGrid(pGrid.release()) : nullptr);
-    }
-    if (!pVariable->IsFileVariable())
-        return Computed(*pVariable, nSimulationId, nItemId, dTime);
-    if (pVariable->GetSimulationId() != nSimulationId)
-        return nullptr;
-    return OfFile(*pVariable, nSimulationId, nItemId, nSubId, dTime);
+    CFieldRequest request(*this, CVariableManager::Instance().GetRecipes());
+    return request.Make(nVariableId, {nSimulationId, nItemId, dTime}, nSubId);
 }
 
-CLease<IStructredSolution> CSolutionManager::OfFile(const IVariable& variable, qint64 nSimulationId,
-                                                    qint64 nItemId, qint64 nSubId, double dTime)
+CLease<IStructredSolution> CSolutionManager::GetStored(qint64 nVariableId, qint64 nSimulationId,
+                                                       qint64 nItemId, qint64 nSubId, double dTime)
 {
     QVector<IStructredSolution*> parts;
     for (const STimeMatch& match :
-         GetSolutionIds(variable.GetId(), nSimulationId, nItemId, nSubId, dTime, false)) {
+         GetSolutionIds(nVariableId, nSimulationId, nItemId, nSubId, dTime, false)) {
         IStructredSolution* const pLow = Hold(match.nLowId);
         IStructredSolution* const pHigh = match.nHighId == match.nLowId ? nullptr : Hold(match.nHighId);
         if (pLow && pHigh)
@@ -124,37 +111,6 @@ CLease<IStructredSolution> CSolutionManager::OfFile(const IVariable& variable, q
     if (parts.size() > 1)
         return CLease<IStructredSolution>(new CSolutionPack(parts));
     return CLease<IStructredSolution>(parts.value(0));
-}
-
-/**
- * A formula over its inputs. An input that was removed keeps its place and reads 0.0, as a constant does; an
- * existing one without data leaves the whole field without.
- */
-CLease<IStructredSolution> CSolutionManager::Computed(const IVariable& variable, qint64 nSimulationId,
-                                                      qint64 nItemId, double dTime)
-{
-    std::vector<CSolutionVariable::SInput> inputs;
-    for (const SVariableInput& input : variable.GetInputs()) {
-        const IVariable* const pInput = CVariableManager::Instance().GetVariable(input.nVariableId);
-        if (!pInput || pInput->IsConstant()) {
-            inputs.push_back({nullptr, pInput ? pInput->EvaluateVectorConstant() : DVector3D()});
-            continue;
-        }
-        // A comparison variable stands in no simulation of its own: its inputs are sought where they are.
-        const QVector<qint64> simulations = pInput->GetSimulations();
-        const qint64 nOwner = simulations.contains(nSimulationId) ? nSimulationId : pInput->GetSimulationId();
-        const qint64 nItem = nOwner == nSimulationId
-                                 ? nItemId
-                                 : ICases::Installed().TranslateItem(nSimulationId, nItemId, nOwner);
-        if (nOwner != nSimulationId && nItem == NO_ID)
-            return nullptr;
-        CLease<IStructredSolution> pSolution = GetSolution(input.nVariableId, nOwner, nItem, NO_ID,
-                                                           input.dTime == STEADY_TIME ? dTime : input.dTime);
-        if (!pSolution)
-            return nullptr;
-        inputs.push_back({std::move(pSolution), {}});
-    }
-    return CLease<IStructredSolution>(new CSolutionVariable(std::move(inputs), variable.GetId()));
 }
 
 /** The solution, ready and kept in memory until Dispose; null for an unknown id. */

@@ -11,8 +11,6 @@
 #include <memory>
 #include <mutex>
 
-class IVariable;
-
 /**
  * All fields of all simulations: turns a variable, a simulation, an item and a time into the solution that
  * has the values, whatever it is made of: numbers of a file, coordinates, a blend of two levels, a union, a
@@ -50,6 +48,9 @@ public:
     /** The values of a variable over an item (-1: all items as one) at a time. Null if there are none. */
     CLease<IStructredSolution> GetSolution(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
                                            qint64 nSubId, double dTime);
+    /** The same of a variable of files alone, by what was registered. */
+    CLease<IStructredSolution> GetStored(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
+                                         qint64 nSubId, double dTime);
     QVector<STimeMatch> GetSolutionIds(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
                                        qint64 nSubId, double dTime, bool bExact) const;
     /** Whether any solution backs a file variable of the simulation. */
@@ -79,10 +80,6 @@ private:
     using EntryPointer = std::shared_ptr<SEntry>;
 
     CSolutionManager();
-    CLease<IStructredSolution> OfFile(const IVariable& variable, qint64 nSimulationId, qint64 nItemId,
-                                      qint64 nSubId, double dTime);
-    CLease<IStructredSolution> Computed(const IVariable& variable, qint64 nSimulationId, qint64 nItemId,
-                                        double dTime);
     IStructredSolution* Hold(qint64 nId);
     bool IsAlone(const SEntry& entry) const;
     void Drop(const QVector<qint64>& ids);

@@ -25,8 +25,8 @@ template <class Function> void ForEachDrawable(const Function& function)
 
 } // namespace
 
-CShownVariables::CShownVariables() { CVariableManager::Instance().SetListener(this); }
-CShownVariables::~CShownVariables() { CVariableManager::Instance().SetListener(nullptr); }
+CShownVariables::CShownVariables() { CVariableManager::Instance().AddListener(this); }
+CShownVariables::~CShownVariables() { CVariableManager::Instance().RemoveListener(this); }
 
 void CShownVariables::VariableChanged(qint64 nVariableId)
 {

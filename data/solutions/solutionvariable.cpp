@@ -1,15 +1,19 @@
 #include "data/solutions/solutionvariable.h"
 
 #include "data/blockslices.h"
-#include "data/variables/expressionvariable.h"
 #include "data/variables/formula.h"
-#include "data/variables/variablemanager.h"
-#include "data/variables/vectorvariable.h"
 
-#include <numeric>
+#include <QVarLengthArray>
 
-CSolutionVariable::CSolutionVariable(std::vector<SInput> inputs, qint64 nVariableId)
-    : m_inputs(std::move(inputs)), m_nVariableId(nVariableId)
+CSolutionVariable::CSolutionVariable(std::shared_ptr<const SFieldRecipe> pRecipe, std::vector<SInput> inputs)
+    : m_pRecipe(std::move(pRecipe)), m_inputs(std::move(inputs))
+{
+    CoverWhatInputsCover();
+    CollectEnds();
+    Compose();
+}
+
+void CSolutionVariable::CoverWhatInputsCover()
 {
     constexpr qint64 HIGH = std::numeric_limits<qint32>::max();
     SIJKRange range{{1, 1, 1}, {HIGH, HIGH, HIGH}};
@@ -26,101 +30,112 @@ CSolutionVariable::CSolutionVariable(std::vector<SInput> inputs, qint64 nVariabl
     SetDoublePrecision(bDouble);
 }
 
-CSolutionVariable::~CSolutionVariable() = default;
+int CSolutionVariable::ColumnOf(const IStructredSolution* pField)
+{
+    const auto found = std::find(m_columns.begin(), m_columns.end(), pField);
+    if (found != m_columns.end())
+        return int(found - m_columns.begin());
+    m_columns.push_back(pField);
+    return int(m_columns.size()) - 1;
+}
+
+/** An input that is a scalar formula itself becomes part of this one; it is flat already. */
+void CSolutionVariable::Compose()
+{
+    if (IsVector() || !m_pRecipe->pFormula || m_pRecipe->pFormula->GetInputCount() != int(m_inputs.size()))
+        return;
+    std::vector<SFormulaBinding> bindings;
+    for (const SInput& input : m_inputs) {
+        const auto* const pNested = dynamic_cast<const CSolutionVariable*>(input.pSolution.get());
+        SFormulaBinding& binding = bindings.emplace_back();
+        if (!input.pSolution) {
+            binding.pFormula = CFormula::Constant(input.constant.x);
+        } else if (pNested && pNested->m_pFlat) {
+            binding.pFormula = pNested->m_pFlat;
+            for (const IStructredSolution* const pColumn : pNested->m_columns)
+                binding.leaves.push_back(ColumnOf(pColumn));
+        } else {
+            binding.leaves = {ColumnOf(input.pSolution.get())};
+        }
+    }
+    m_pFlat = CFormula::Compose(*m_pRecipe->pFormula, bindings, int(m_columns.size()));
+}
+
+/** Taken over from the inputs, which are shared: going down from here would take each way that leads there.
+ */
+void CSolutionVariable::CollectEnds()
+{
+    const auto add = [this](IStructredSolution* pField) {
+        if (std::find(m_ends.begin(), m_ends.end(), pField) == m_ends.end())
+            m_ends.push_back(pField);
+    };
+    for (const SInput& input : m_inputs) {
+        if (const auto* const pComputed = dynamic_cast<const CSolutionVariable*>(input.pSolution.get()))
+            std::for_each(pComputed->m_ends.begin(), pComputed->m_ends.end(), add);
+        else if (input.pSolution)
+            add(input.pSolution.get());
+    }
+}
 
 bool CSolutionVariable::Prepare()
 {
     bool bAll = true;
-    for (const SInput& input : m_inputs)
-        bAll = (!input.pSolution || input.pSolution->Prepare()) && bAll;
+    for (IStructredSolution* const pEnd : m_ends)
+        bAll = pEnd->Prepare() && bAll;
     return bAll;
 }
 
 bool CSolutionVariable::IsPrepared() const
 {
-    return std::all_of(m_inputs.begin(), m_inputs.end(),
-                       [](const SInput& input) { return !input.pSolution || input.pSolution->IsPrepared(); });
+    return std::all_of(m_ends.begin(), m_ends.end(), [](const auto* pEnd) { return pEnd->IsPrepared(); });
 }
 
 bool CSolutionVariable::HasValue(const IVector3D& ijk) const
 {
     return GetShape().Contains(ijk) &&
-           std::all_of(m_inputs.begin(), m_inputs.end(), [&](const SInput& input) {
-               return !input.pSolution || input.pSolution->HasValue(ijk);
-           });
+           std::all_of(m_ends.begin(), m_ends.end(), [&](const auto* pEnd) { return pEnd->HasValue(ijk); });
 }
 
 QVector<IStructredSolution*> CSolutionVariable::GetLeafSolutions()
 {
     QVector<IStructredSolution*> leaves;
-    for (const SInput& input : m_inputs) {
-        if (!input.pSolution)
-            continue;
-        for (IStructredSolution* const pLeaf : input.pSolution->GetLeafSolutions())
+    for (IStructredSolution* const pEnd : m_ends)
+        for (IStructredSolution* const pLeaf : pEnd->GetLeafSolutions())
             if (!leaves.contains(pLeaf))
                 leaves.append(pLeaf);
-    }
     return leaves;
-}
-
-const IVariable* CSolutionVariable::Variable() const
-{
-    return CVariableManager::Instance().GetVariable(m_nVariableId);
-}
-
-/** Null for a variable that isn't a formula. */
-std::shared_ptr<const CFormula> CSolutionVariable::Formula() const
-{
-    const auto* const pExpression = dynamic_cast<const CExpressionVariable*>(Variable());
-    return pExpression ? pExpression->GetFormula() : nullptr;
-}
-
-bool CSolutionVariable::IsVector() const
-{
-    const IVariable* const pVariable = Variable();
-    return pVariable && pVariable->GetKind() == KindVector;
-}
-
-/** The values of all inputs at a point, one each or three. */
-void CSolutionVariable::Gather(const IVector3D& ijk, bool bVectors) const
-{
-    const IVector3D inside = GetShape().Clamped(ijk);
-    m_gathered.clear();
-    for (const SInput& input : m_inputs) {
-        if (!bVectors) {
-            m_gathered.push_back(input.pSolution ? input.pSolution->GetValue(inside) : input.constant.x);
-            continue;
-        }
-        const DVector3D vector = input.pSolution ? input.pSolution->GetVector(inside) : input.constant;
-        m_gathered.insert(m_gathered.end(), {vector.x, vector.y, vector.z});
-    }
 }
 
 double CSolutionVariable::GetValue(const IVector3D& ijk) const
 {
-    const IVariable* const pVariable = Variable();
-    if (!pVariable)
-        return 0.0;
-    Gather(ijk, IsVector());
-    return IsVector() ? pVariable->EvaluateVector(m_gathered.data(), qint64(m_inputs.size()), true).x
-                      : pVariable->EvaluateScalar(m_gathered.data(), qint64(m_inputs.size()), false);
+    if (!m_pFlat)
+        return GetVector(ijk).x;
+    const IVector3D inside = GetShape().Clamped(ijk);
+    QVarLengthArray<double, 16> values;
+    for (const IStructredSolution* const pColumn : m_columns)
+        values.append(pColumn->GetValue(inside));
+    return m_pFlat->Evaluate({values.data(), size_t(values.size())});
 }
 
 DVector3D CSolutionVariable::GetVector(const IVector3D& ijk) const
 {
-    const IVariable* const pVariable = Variable();
-    if (!pVariable)
-        return {};
-    Gather(ijk, IsVector());
-    return pVariable->EvaluateVector(m_gathered.data(), qint64(m_inputs.size()), IsVector());
+    if (m_pFlat)
+        return CSolution::GetVector(ijk);
+    const IVector3D inside = GetShape().Clamped(ijk);
+    std::vector<double> inputs;
+    for (const SInput& input : m_inputs) {
+        const DVector3D vector = input.pSolution ? input.pSolution->GetVector(inside) : input.constant;
+        inputs.insert(inputs.end(), {vector.x, vector.y, vector.z});
+    }
+    DVector3D result;
+    Combine(inputs, {{&result.x, 1}, {&result.y, 1}, {&result.z, 1}});
+    return result;
 }
 
 LoadStatus_e CSolutionVariable::FillValues(const SIJKRange& range, std::span<double> out) const
 {
     const qint64 nCount = range.Count();
-    if (!Variable())
-        return LoadFailed;
-    if (IsVector() || !Formula()) {
+    if (!m_pFlat) {
         std::vector<double> others(2 * nCount);
         const std::span<double> all(others);
         return FillVectors(range, {out.first(nCount), all.first(nCount), all.subspan(nCount)});
@@ -134,7 +149,7 @@ LoadStatus_e CSolutionVariable::FillValues(const SIJKRange& range, std::span<dou
 
 LoadStatus_e CSolutionVariable::FillVectors(const SIJKRange& range, const SPointBuffers& out) const
 {
-    if (Variable() && !IsVector() && Formula())
+    if (m_pFlat)
         return CSolution::FillVectors(range, out);
     return ForEachSlice(range, [&](const SIJKRange& part) {
         const qint64 nPlace = range.IndexOf(part.min);
@@ -142,55 +157,6 @@ LoadStatus_e CSolutionVariable::FillVectors(const SIJKRange& range, const SPoint
         return FillVectorSlice(part, {out.x.subspan(nPlace, nCount), out.y.subspan(nPlace, nCount),
                                       out.z.subspan(nPlace, nCount)});
     });
-}
-
-const CSolutionVariable::SFlat& CSolutionVariable::Flat() const
-{
-    if (!m_pFlat) {
-        auto pFlat = std::make_unique<SFlat>();
-        CollectLeaves(pFlat->leaves);
-        pFlat->pFormula = Compose(pFlat->leaves);
-        m_pFlat = std::move(pFlat);
-    }
-    return *m_pFlat;
-}
-
-/** The input if it is a scalar formula itself, which then becomes part of this one. */
-const CSolutionVariable* CSolutionVariable::NestedFormula(const SInput& input) const
-{
-    const auto* const pNested = dynamic_cast<const CSolutionVariable*>(input.pSolution.get());
-    return pNested && !pNested->IsVector() && pNested->Formula() ? pNested : nullptr;
-}
-
-/** What the formula rests on in the end, each field once: the same field asked for twice is one object. */
-void CSolutionVariable::CollectLeaves(std::vector<const IStructredSolution*>& leaves) const
-{
-    for (const SInput& input : m_inputs) {
-        const IStructredSolution* const pField = input.pSolution.get();
-        if (const CSolutionVariable* const pNested = NestedFormula(input))
-            pNested->CollectLeaves(leaves);
-        else if (pField && std::find(leaves.begin(), leaves.end(), pField) == leaves.end())
-            leaves.push_back(pField);
-    }
-}
-
-std::shared_ptr<const CFormula>
-CSolutionVariable::Compose(const std::vector<const IStructredSolution*>& leaves) const
-{
-    std::vector<int> all(leaves.size());
-    std::iota(all.begin(), all.end(), 0);
-    std::vector<SFormulaBinding> bindings;
-    for (const SInput& input : m_inputs) {
-        if (!input.pSolution)
-            bindings.push_back({CFormula::Constant(input.constant.x), {}});
-        else if (const CSolutionVariable* const pNested = NestedFormula(input))
-            bindings.push_back({pNested->Compose(leaves), all});
-        else
-            bindings.push_back(
-                {nullptr,
-                 {int(std::find(leaves.begin(), leaves.end(), input.pSolution.get()) - leaves.begin())}});
-    }
-    return CFormula::Compose(*Formula(), bindings, int(leaves.size()));
 }
 
 /** One pass over the stored arrays, where the range is a run of each of them. */
@@ -203,10 +169,10 @@ bool CSolutionVariable::FillFromStored(const SIJKRange& range, std::span<double>
     const qint64 nFirst = shape.PointIndex(range.min);
     const size_t nCount = range.Count();
     std::vector<CFormulaColumn> columns;
-    for (const IStructredSolution* const pLeaf : Flat().leaves) {
-        if (!(pLeaf->GetShape() == shape) || pLeaf->ReadsInPart(range))
+    for (const IStructredSolution* const pColumn : m_columns) {
+        if (!(pColumn->GetShape() == shape) || pColumn->ReadsInPart(range))
             return false;
-        const SStoredValues stored = pLeaf->GetStoredValues();
+        const SStoredValues stored = pColumn->GetStoredValues();
         if (stored.pSingle)
             columns.emplace_back(std::span<const float>(stored.pSingle + nFirst, nCount));
         else if (stored.pDouble)
@@ -214,39 +180,33 @@ bool CSolutionVariable::FillFromStored(const SIJKRange& range, std::span<double>
         else
             return false;
     }
-    Flat().pFormula->EvaluateRange(columns, out.first(nCount));
+    m_pFlat->EvaluateRange(columns, out.first(nCount));
     return true;
 }
 
 LoadStatus_e CSolutionVariable::FillSlice(const SIJKRange& part, std::span<double> out) const
 {
     const qint64 nCount = part.Count();
-    const std::vector<const IStructredSolution*>& leaves = Flat().leaves;
-    std::vector<double> scratch(leaves.size() * nCount);
+    std::vector<double> scratch(m_columns.size() * nCount);
     std::vector<CFormulaColumn> columns;
-    for (size_t n = 0; n < leaves.size(); ++n) {
+    for (size_t n = 0; n < m_columns.size(); ++n) {
         const std::span<double> values = std::span(scratch).subspan(n * nCount, nCount);
-        if (const LoadStatus_e eStatus = leaves[n]->FillValues(part, values); eStatus != LoadOk)
+        if (const LoadStatus_e eStatus = m_columns[n]->FillValues(part, values); eStatus != LoadOk)
             return eStatus;
         columns.emplace_back(std::span<const double>(values));
     }
-    Flat().pFormula->EvaluateRange(columns, out);
+    m_pFlat->EvaluateRange(columns, out);
     return LoadOk;
 }
 
-/** Three components: of a vector variable, or of a formula over vectors, which runs once for each. */
 LoadStatus_e CSolutionVariable::FillVectorSlice(const SIJKRange& part, const SPointBuffers& out) const
 {
     const qint64 nCount = part.Count();
-    const qint64 nInputs = qint64(m_inputs.size());
-    const bool bVectors = IsVector();
-    std::vector<double> scratch(3 * nInputs * nCount);
-    const auto component = [&](qint64 nInput, int n) {
-        return std::span(scratch).subspan((3 * nInput + n) * nCount, nCount);
-    };
-    for (qint64 nInput = 0; nInput < nInputs; ++nInput) {
+    std::vector<double> scratch(3 * m_inputs.size() * nCount);
+    for (size_t nInput = 0; nInput < m_inputs.size(); ++nInput) {
+        const std::span<double> all = std::span(scratch).subspan(3 * nInput * nCount, 3 * nCount);
+        const SPointBuffers values{all.first(nCount), all.subspan(nCount, nCount), all.last(nCount)};
         const SInput& input = m_inputs[nInput];
-        const SPointBuffers values{component(nInput, 0), component(nInput, 1), component(nInput, 2)};
         if (input.pSolution) {
             if (const LoadStatus_e eStatus = input.pSolution->FillVectors(part, values); eStatus != LoadOk)
                 return eStatus;
@@ -255,22 +215,38 @@ LoadStatus_e CSolutionVariable::FillVectorSlice(const SIJKRange& part, const SPo
         for (int n = 0; n < 3; ++n)
             std::fill(values.Axis(n).begin(), values.Axis(n).end(), input.constant[n]);
     }
-    const IVariable* const pVariable = Variable();
-    const std::shared_ptr<const CFormula> pFormula = Formula();
+    Combine(scratch, out);
+    return LoadOk;
+}
+
+/**
+ * Three components: of a vector variable, or of a formula over vectors, which runs once for each.
+ *
+ * @param inputs  x, y and z of the first input, then those of the next
+ */
+void CSolutionVariable::Combine(std::span<const double> inputs, const SPointBuffers& out) const
+{
+    const qint64 nCount = qint64(out.x.size());
+    const qint64 nInputs = qint64(m_inputs.size());
+    const auto component = [&](qint64 nInput, int n) {
+        return inputs.subspan((3 * nInput + n) * nCount, nCount);
+    };
     for (int n = 0; n < 3; ++n) {
-        if (pFormula) {
+        if (m_pRecipe->bFormula) {
             std::vector<CFormulaColumn> columns;
             for (qint64 nInput = 0; nInput < nInputs; ++nInput)
-                columns.emplace_back(std::span<const double>(component(nInput, bVectors ? n : 0)));
-            pFormula->EvaluateRange(columns, out.Axis(n).first(nCount));
+                columns.emplace_back(component(nInput, IsVector() ? n : 0));
+            const bool bFits = m_pRecipe->pFormula && m_pRecipe->pFormula->GetInputCount() == nInputs;
+            if (bFits)
+                m_pRecipe->pFormula->EvaluateRange(columns, out.Axis(n));
+            else
+                std::fill_n(out.Axis(n).begin(), nCount, NO_VALUE);
             continue;
         }
-        const auto* const pVector = dynamic_cast<const CVectorVariable*>(pVariable);
-        const qint64 nPosition = pVector ? pVector->GetPosition(n) : -1;
-        if (nPosition < 0 || nPosition >= nInputs) // no component; of a formula that didn't compile, no value
-            std::fill_n(out.Axis(n).begin(), nCount, pVariable && pVariable->IsExpression() ? NO_VALUE : 0.0);
+        const qint64 nPlace = m_pRecipe->components[n];
+        if (nPlace < 0 || nPlace >= nInputs) // a vector of fewer components
+            std::fill_n(out.Axis(n).begin(), nCount, 0.0);
         else
-            std::copy_n(component(nPosition, 0).begin(), nCount, out.Axis(n).begin());
+            std::copy_n(component(nPlace, 0).begin(), nCount, out.Axis(n).begin());
     }
-    return LoadOk;
 }

@@ -1,31 +1,27 @@
 #pragma once
 
 #include "data/solutions/solution.h"
-
-#include <memory>
-
-class CFormula;
-class IVariable;
+#include "data/variables/fieldrecipe.h"
 
 /**
- * A field that a variable computes of others, with no storage of its own. It covers what all its inputs
- * cover; a constant takes no share in that, and a field of constants alone is 2 x 2 x 2.
+ * A field that is computed of others, with no storage of its own. It covers what all its inputs cover; a
+ * constant takes no share in that, and a field of constants alone is 2 x 2 x 2.
  *
- * Formulas over formulas become one flat program over what stands in memory, compiled at the first fill. By
- * point an object is for one thread at a time.
+ * It keeps the recipe with which it was made, whatever becomes of its variable, and never changes: any thread
+ * may read it. Formulas over formulas are one flat program over what stands in memory.
  */
 class CSolutionVariable : public CSolution
 {
 public:
-    /** One input: a field, or the same value everywhere. */
+    /** One input: a field, which may be that of others too, or the same value everywhere. */
     struct SInput
     {
-        CLease<IStructredSolution> pSolution;
+        std::shared_ptr<IStructredSolution> pSolution;
         DVector3D constant;
     };
 
-    CSolutionVariable(std::vector<SInput> inputs, qint64 nVariableId);
-    ~CSolutionVariable() override;
+    /** @param inputs  one for each of the recipe's */
+    CSolutionVariable(std::shared_ptr<const SFieldRecipe> pRecipe, std::vector<SInput> inputs);
 
     void Dispose() override { delete this; }
     bool Prepare() override;
@@ -41,27 +37,21 @@ public:
     LoadStatus_e FillVectors(const SIJKRange& range, const SPointBuffers& out) const override;
 
 private:
-    /** The formula over what it rests on in the end. */
-    struct SFlat
-    {
-        std::shared_ptr<const CFormula> pFormula;
-        std::vector<const IStructredSolution*> leaves;
-    };
-
-    const IVariable* Variable() const;
-    std::shared_ptr<const CFormula> Formula() const;
-    bool IsVector() const;
-    void Gather(const IVector3D& ijk, bool bVectors) const;
-    const SFlat& Flat() const;
-    const CSolutionVariable* NestedFormula(const SInput& input) const;
-    void CollectLeaves(std::vector<const IStructredSolution*>& leaves) const;
-    std::shared_ptr<const CFormula> Compose(const std::vector<const IStructredSolution*>& leaves) const;
+    bool IsVector() const { return m_pRecipe->eKind == KindVector; }
+    void CoverWhatInputsCover();
+    void Compose();
+    int ColumnOf(const IStructredSolution* pField);
+    void CollectEnds();
     bool FillFromStored(const SIJKRange& range, std::span<double> out) const;
     LoadStatus_e FillSlice(const SIJKRange& part, std::span<double> out) const;
     LoadStatus_e FillVectorSlice(const SIJKRange& part, const SPointBuffers& out) const;
+    void Combine(std::span<const double> inputs, const SPointBuffers& out) const;
 
-    std::vector<SInput> m_inputs;
-    const qint64 m_nVariableId;
-    mutable std::vector<double> m_gathered; // the values of one point
-    mutable std::unique_ptr<SFlat> m_pFlat; // made at the first fill
+    const std::shared_ptr<const SFieldRecipe> m_pRecipe;
+    const std::vector<SInput> m_inputs;
+    // All that isn't computed and on which the field rests in the end, each once; owned by the inputs.
+    std::vector<IStructredSolution*> m_ends;
+    // A scalar formula over fields that aren't scalar formulas, each once. Null for any other field.
+    std::shared_ptr<const CFormula> m_pFlat;
+    std::vector<const IStructredSolution*> m_columns; // owned by the inputs
 };

@@ -53,6 +53,7 @@ CExpressionVariable::CExpressionVariable(qint64 nSimulationId, bool bAddToManage
     : IVariable(nSimulationId, bAddToManager)
 {
     SetFileVariable(false);
+    Change(&SFieldRecipe::bFormula, true);
     SetValid(false);
     SetLocation(LocationNone);
 }
@@ -92,10 +93,10 @@ bool CExpressionVariable::SetGivenExpression(const QString& sText)
 bool CExpressionVariable::Compile()
 {
     const SCompiledFormula compiled = CFormula::Compile(m_sText, FormulaText::Placeholders(GetInputs()));
-    m_pFormula = compiled.pFormula;
+    Change(&SFieldRecipe::pFormula, compiled.pFormula);
     m_nErrorPosition = compiled.nErrorPosition;
-    SetValid(m_pFormula != nullptr);
-    return m_pFormula != nullptr;
+    SetValid(compiled.pFormula != nullptr);
+    return compiled.pFormula != nullptr;
 }
 
 /** The kind is the first input's; the location that of the first input that isn't a constant. */
@@ -149,22 +150,11 @@ void CExpressionVariable::RemoveInput(qint64 nId)
 
 double CExpressionVariable::EvaluateScalar(const double* pInputs, qint64 nCount, bool bVectors) const
 {
-    if (!m_pFormula || nCount != m_pFormula->GetInputCount())
+    if (!GetRecipe().pFormula || nCount != GetRecipe().pFormula->GetInputCount())
         return NO_VALUE;
     if (!bVectors)
-        return m_pFormula->Evaluate({pInputs, size_t(nCount)});
+        return GetRecipe().pFormula->Evaluate({pInputs, size_t(nCount)});
     return EvaluateVector(pInputs, nCount, true).x;
-}
-
-double CExpressionVariable::EvaluateScalarConstant() const
-{
-    // The values of constant inputs, from the bottom up.
-    std::vector<double> values;
-    for (const SVariableInput& input : GetInputs()) {
-        const IVariable* const pInput = CVariableManager::Instance().GetVariable(input.nVariableId);
-        values.push_back(pInput ? pInput->EvaluateScalarConstant() : 0.0);
-    }
-    return EvaluateScalar(values.data(), qint64(values.size()), false);
 }
 
 DVector3D CExpressionVariable::EvaluateVector(const double* pInputs, qint64 nCount, bool bVectors) const
@@ -173,20 +163,14 @@ DVector3D CExpressionVariable::EvaluateVector(const double* pInputs, qint64 nCou
         const double dValue = EvaluateScalar(pInputs, nCount, false);
         return {dValue, dValue, dValue};
     }
-    if (!m_pFormula || nCount != m_pFormula->GetInputCount())
+    if (!GetRecipe().pFormula || nCount != GetRecipe().pFormula->GetInputCount())
         return {NO_VALUE, NO_VALUE, NO_VALUE};
     DVector3D result;
     std::vector<double> values(nCount);
     for (int nComponent = 0; nComponent < 3; ++nComponent) {
         for (qint64 n = 0; n < nCount; ++n)
             values[n] = pInputs[3 * n + nComponent];
-        result[nComponent] = m_pFormula->Evaluate(values);
+        result[nComponent] = GetRecipe().pFormula->Evaluate(values);
     }
     return result;
-}
-
-DVector3D CExpressionVariable::EvaluateVectorConstant() const
-{
-    const double dValue = EvaluateScalarConstant();
-    return {dValue, dValue, dValue};
 }

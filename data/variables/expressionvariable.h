@@ -16,13 +16,11 @@ public:
     CExpressionVariable(qint64 nSimulationId, bool bAddToManager);
 
     QByteArray ToBytes() const override;
-    bool IsExpression() const override { return true; }
     void ReplaceInput(qint64 nOldId, qint64 nNewId) override;
     void RemoveInput(qint64 nId) override;
 
     /** The variables that a reference may name; set ahead of SetExpression. */
     void SetScope(const QVector<qint64>& ids) { m_scope = ids; }
-    const QVector<qint64>& GetScope() const { return m_scope; }
     /**
      * Compiles the text and takes its references as inputs.
      *
@@ -42,12 +40,10 @@ public:
     /** First character of the given text that doesn't fit, from 1; 0 if it compiled. */
     int GetErrorPosition() const { return m_nErrorPosition; }
     /** Null if it didn't compile. */
-    std::shared_ptr<const CFormula> GetFormula() const { return m_pFormula; }
+    std::shared_ptr<const CFormula> GetFormula() const { return GetRecipe().pFormula; }
 
     double EvaluateScalar(const double* pInputs, qint64 nCount, bool bVectors) const override;
-    double EvaluateScalarConstant() const override;
     DVector3D EvaluateVector(const double* pInputs, qint64 nCount, bool bVectors) const override;
-    DVector3D EvaluateVectorConstant() const override;
 
 private:
     bool Compile();
@@ -57,5 +53,4 @@ private:
     QString m_sText;
     QString m_sGivenText; // of the case's own; empty for one of the user
     int m_nErrorPosition = 0;
-    std::shared_ptr<const CFormula> m_pFormula;
 };

@@ -31,7 +31,7 @@ struct SFieldRecipe
     VariableKind_e eKind = KindScalar;
     VariableLocation_e eLocation = LocationNode;
     QVector<SVariableInput> inputs;
-    std::shared_ptr<const CFormula> pFormula;          ///< over the inputs; null: it doesn't compile, no values
+    std::shared_ptr<const CFormula> pFormula; ///< over the inputs; null: it doesn't compile, no values
     std::array<qint64, 3> components = {{-1, -1, -1}}; ///< of a vector: places among the inputs; -1: 0
 };
 

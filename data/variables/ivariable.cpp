@@ -1,13 +1,15 @@
 #include "data/variables/ivariable.h"
 
 #include "data/icases.h"
+#include "data/variables/constantvalues.h"
 #include "data/variables/ivariablelistener.h"
 #include "data/variables/variablemanager.h"
 #include "frame/novalue.h"
 #include "frame/packs/bytestream.h"
 
-IVariable::IVariable(qint64 nSimulationId, bool bAddToManager) : m_nSimulationId(nSimulationId)
+IVariable::IVariable(qint64 nSimulationId, bool bAddToManager)
 {
+    m_recipe.nSimulationId = nSimulationId;
     if (bAddToManager)
         CVariableManager::Instance().AddVariable(this);
 }
@@ -18,14 +20,14 @@ QByteArray IVariable::ToBytes() const
 {
     const CVariableManager& manager = CVariableManager::Instance();
     CByteWriter writer;
-    writer.Write(m_bFileVariable);
+    writer.Write(m_recipe.bOfFile);
     writer.Write(m_sName);
-    for (const qint32 nValue : {m_nTag, qint32(m_eKind), qint32(m_eLocation)})
+    for (const qint32 nValue : {m_nTag, qint32(m_recipe.eKind), qint32(m_recipe.eLocation)})
         writer.Write(nValue);
     writer.Write(m_bHole);
     writer.Write(false); // a second flag that nothing sets; it has its place in stored keys
-    writer.Write(qint32(m_inputs.size()));
-    for (const SVariableInput& input : m_inputs) {
+    writer.Write(qint32(m_recipe.inputs.size()));
+    for (const SVariableInput& input : m_recipe.inputs) {
         const IVariable* const pInput = manager.GetVariable(input.nVariableId);
         writer.Write(pInput ? pInput->ToBytes() : QByteArray(""));
         writer.Write(input.dTime);
@@ -37,29 +39,34 @@ QByteArray IVariable::ToBytes() const
     return writer.Take();
 }
 
+void IVariable::Publish() const
+{
+    if (m_recipe.nVariableId != NO_ID)
+        CVariableManager::Instance().Publish(m_recipe);
+}
+
 bool IVariable::IsConstant() const
 {
-    if (m_bFileVariable)
-        return false;
-    const CVariableManager& manager = CVariableManager::Instance();
-    return std::all_of(m_inputs.begin(), m_inputs.end(), [&](const SVariableInput& input) {
-        const IVariable* const pInput = manager.GetVariable(input.nVariableId);
-        return !pInput || pInput->IsConstant();
-    });
+    const auto pRecipes = CVariableManager::Instance().GetRecipes();
+    return CConstantValues(*pRecipes).Of(m_recipe).has_value();
 }
 
 bool IVariable::IsTimeDependent() const
 {
-    const CVariableManager& manager = CVariableManager::Instance();
-    return std::any_of(m_inputs.begin(), m_inputs.end(), [&](const SVariableInput& input) {
-        const IVariable* const pInput = manager.GetVariable(input.nVariableId);
-        return input.dTime != STEADY_TIME || (pInput && pInput->IsTimeDependent());
-    });
+    const auto isFixed = [](const SFieldRecipe& recipe) {
+        return std::any_of(recipe.inputs.begin(), recipe.inputs.end(),
+                           [](const SVariableInput& input) { return input.dTime != STEADY_TIME; });
+    };
+    const QVector<qint64> inputs = GetAllInputs(true);
+    return isFixed(m_recipe) || std::any_of(inputs.begin(), inputs.end(), [&](qint64 nId) {
+               const IVariable* const pInput = CVariableManager::Instance().GetVariable(nId);
+               return pInput && isFixed(pInput->m_recipe);
+           });
 }
 
 void IVariable::CollectInputs(bool bRecursive, QVector<qint64>& ids) const
 {
-    for (const SVariableInput& input : m_inputs) {
+    for (const SVariableInput& input : m_recipe.inputs) {
         if (input.nVariableId == NO_ID || ids.contains(input.nVariableId))
             continue;
         ids.append(input.nVariableId);
@@ -79,7 +86,7 @@ QVector<qint64> IVariable::GetAllInputs(bool bRecursive) const
 
 QVector<qint64> IVariable::GetSimulations() const
 {
-    QVector<qint64> simulations = {m_nSimulationId};
+    QVector<qint64> simulations = {m_recipe.nSimulationId};
     for (const qint64 nId : GetAllInputs(true)) {
         const IVariable* const pInput = CVariableManager::Instance().GetVariable(nId);
         if (pInput && !simulations.contains(pInput->GetSimulationId()))
@@ -90,46 +97,60 @@ QVector<qint64> IVariable::GetSimulations() const
 
 void IVariable::ReplaceInput(qint64 nOldId, qint64 nNewId)
 {
-    for (SVariableInput& input : m_inputs)
+    QVector<SVariableInput> inputs = GetInputs();
+    for (SVariableInput& input : inputs)
         if (input.nVariableId == nOldId)
             input.nVariableId = nNewId;
+    SetInputs(inputs);
 }
 
 QVector<qint64> IVariable::GetDependants(bool bRecursive) const
 {
     QVector<qint64> ids;
     for (const auto& pOther : CVariableManager::Instance().GetVariables())
-        if (pOther.get() != this && pOther->GetAllInputs(bRecursive).contains(m_nId))
+        if (pOther.get() != this && pOther->GetAllInputs(bRecursive).contains(m_recipe.nVariableId))
             ids.append(pOther->GetId());
     return ids;
 }
 
 void IVariable::OnVariableChanged()
 {
-    IVariableListener* const pListener = CVariableManager::Instance().GetListener();
-    if (!pListener)
-        return;
-    pListener->VariableChanged(m_nId);
-    for (const qint64 nDependant : GetDependants(true))
-        pListener->VariableChanged(nDependant);
+    const QVector<qint64> dependants = GetDependants(true);
+    CVariableManager::Instance().Tell([&](IVariableListener& listener) {
+        listener.VariableChanged(GetId());
+        for (const qint64 nDependant : dependants)
+            listener.VariableChanged(nDependant);
+    });
 }
 
 void IVariable::OnVariableRemoved()
 {
-    IVariableListener* const pListener = CVariableManager::Instance().GetListener();
-    if (!pListener)
-        return;
-    pListener->VariableRemoved(m_nId);
-    for (const qint64 nDependant : GetDependants(true))
-        pListener->VariableChanged(nDependant);
+    const QVector<qint64> dependants = GetDependants(true);
+    CVariableManager::Instance().Tell([&](IVariableListener& listener) {
+        listener.VariableRemoved(GetId());
+        for (const qint64 nDependant : dependants)
+            listener.VariableChanged(nDependant);
+    });
+}
+
+void IVariable::ForgetRanges()
+{
+    const std::lock_guard lock(m_rangeMutex);
+    m_ranges.clear();
 }
 
 void IVariable::InvalidateRange()
 {
-    m_ranges.clear();
+    ForgetRanges();
     for (const qint64 nDependant : GetDependants(true))
         if (IVariable* const pDependant = CVariableManager::Instance().GetVariable(nDependant))
-            pDependant->m_ranges.clear();
+            pDependant->ForgetRanges();
+}
+
+DVector3D IVariable::EvaluateVectorConstant() const
+{
+    const auto pRecipes = CVariableManager::Instance().GetRecipes();
+    return CConstantValues(*pRecipes).Of(m_recipe).value_or(DVector3D{NO_VALUE, NO_VALUE, NO_VALUE});
 }
 
 double IVariable::EvaluateScalar(const double*, qint64, bool) const { return 0.0; }

@@ -1,29 +1,23 @@
 #pragma once
 
 #include "data/valuerange.h"
-#include "data/variables/formulatext.h"
-#include "frame/vector3d.h"
+#include "data/variables/fieldrecipe.h"
 
 #include <QByteArray>
 #include <QMap>
 #include <QString>
 #include <QVector>
 
+#include <mutex>
 #include <optional>
-
-enum VariableLocation_e : qint32 { LocationNone = 0, LocationNode = 1, LocationCell = 2 };
-enum VariableKind_e : qint32 { KindScalar = 0, KindVector = 1 };
-
-/** What a computed variable reads: a variable at a time; STEADY_TIME: at the time that is asked for. */
-using SVariableInput = SFormulaInput;
 
 /**
  * A named quantity: what it is and how it is computed. It holds no numbers: those of one block at one time
  * are an ISolution, which CSolutionManager makes. This class by itself is the file variable, whose values
  * stand in files; derived ones are computed of inputs. CVariableManager owns all.
  *
- * The list of variables belongs to the main thread; evaluation may run on any: it keeps no
- * state.
+ * Variables belong to the main thread. What fields need of them they publish as recipes, which any thread may
+ * use.
  */
 class IVariable
 {
@@ -41,27 +35,28 @@ public:
     virtual QByteArray ToBytes() const;
     virtual bool MatchesBytes(const QByteArray& bytes) const { return bytes == ToBytes(); }
 
-    qint64 GetId() const { return m_nId; }
-    void SetId(qint64 nId) { m_nId = nId; }
-    qint64 GetSimulationId() const { return m_nSimulationId; }
-    void SetSimulationId(qint64 nId) { m_nSimulationId = nId; }
+    qint64 GetId() const { return m_recipe.nVariableId; }
+    void SetId(qint64 nId) { Change(&SFieldRecipe::nVariableId, nId); }
+    qint64 GetSimulationId() const { return m_recipe.nSimulationId; }
+    void SetSimulationId(qint64 nId) { Change(&SFieldRecipe::nSimulationId, nId); }
+    const SFieldRecipe& GetRecipe() const { return m_recipe; }
     QString GetName() const { return m_sName; }
     void SetName(const QString& sName) { m_sName = sName; }
     bool IsListed() const { return m_bListed; } ///< the variable dialog shows it
     void SetListed(bool bListed) { m_bListed = bListed; }
     bool IsUserVariable() const { return m_bUserVariable; } ///< false: built-in, shown read-only
     void SetUserVariable(bool bUser) { m_bUserVariable = bUser; }
-    bool IsGridVariable() const { return m_bGridVariable; } ///< a coordinate of the grid
-    void SetGridVariable(bool bGrid) { m_bGridVariable = bGrid; }
+    bool IsGridVariable() const { return m_recipe.bOfGrid; } ///< a coordinate of the grid
+    void SetGridVariable(bool bGrid) { Change(&SFieldRecipe::bOfGrid, bGrid); }
     qint32 GetTag() const { return m_nTag; } ///< part of the key only
-    VariableKind_e GetKind() const { return m_eKind; }
-    VariableLocation_e GetLocation() const { return m_eLocation; }
-    void SetLocation(VariableLocation_e eLocation) { m_eLocation = eLocation; }
+    VariableKind_e GetKind() const { return m_recipe.eKind; }
+    VariableLocation_e GetLocation() const { return m_recipe.eLocation; }
+    void SetLocation(VariableLocation_e eLocation) { Change(&SFieldRecipe::eLocation, eLocation); }
     bool IsValid() const { return m_bValid; } ///< false: it can't be evaluated
-    bool IsFileVariable() const { return m_bFileVariable; }
-    void SetFileVariable(bool bFile) { m_bFileVariable = bFile; }
+    bool IsFileVariable() const { return m_recipe.bOfFile; }
+    void SetFileVariable(bool bFile) { Change(&SFieldRecipe::bOfFile, bFile); }
     bool IsConstant() const; ///< depends on no file
-    virtual bool IsExpression() const { return false; }
+    bool IsExpression() const { return m_recipe.bFormula; }
     virtual bool IsGradientScalar() const { return false; }
     bool IsHoleVariable() const { return m_bHole; } ///< 0.0 marks a blanked point
     void SetHoleVariable(bool bHole) { m_bHole = bHole; }
@@ -75,7 +70,7 @@ public:
     void OnVariableRemoved();
     /** True if an input is of a fixed time, here or further down. */
     bool IsTimeDependent() const;
-    const QVector<SVariableInput>& GetInputs() const { return m_inputs; }
+    const QVector<SVariableInput>& GetInputs() const { return m_recipe.inputs; }
     /** Ids of the inputs, each once; with bRecursive those of their inputs too. */
     QVector<qint64> GetAllInputs(bool bRecursive) const;
     /** The owner, then the owners of all inputs, each once. */
@@ -102,9 +97,10 @@ public:
      * formula doesn't tell apart are equal. A file variable gives 0: it is never evaluated.
      */
     virtual double EvaluateScalar(const double* pInputs, qint64 nCount, bool bVectors) const;
-    virtual double EvaluateScalarConstant() const { return 0.0; }
+    double EvaluateScalarConstant() const { return EvaluateVectorConstant().x; }
     virtual DVector3D EvaluateVector(const double* pInputs, qint64 nCount, bool bVectors) const;
-    virtual DVector3D EvaluateVectorConstant() const { return {}; }
+    /** NO_VALUE where the variable isn't a constant. */
+    DVector3D EvaluateVectorConstant() const;
     /** The same into the caller's place. */
     void EvaluateInto(const double* pInputs, qint64 nCount, bool bVectors, DVector3D& out) const
     {
@@ -113,26 +109,31 @@ public:
     void EvaluateConstantInto(DVector3D& out) const { out = EvaluateVectorConstant(); }
 
 protected:
-    void SetKind(VariableKind_e eKind) { m_eKind = eKind; }
+    void SetKind(VariableKind_e eKind) { Change(&SFieldRecipe::eKind, eKind); }
     void SetValid(bool bValid) { m_bValid = bValid; }
-    void SetInputs(const QVector<SVariableInput>& inputs) { m_inputs = inputs; }
+    void SetInputs(const QVector<SVariableInput>& inputs) { Change(&SFieldRecipe::inputs, inputs); }
+    /** Changes the recipe, for later requests; fields that are out keep theirs. */
+    template <class T> void Change(T SFieldRecipe::*member, const T& value)
+    {
+        if (m_recipe.*member == value)
+            return;
+        m_recipe.*member = value;
+        Publish();
+    }
 
 private:
     void CollectInputs(bool bRecursive, QVector<qint64>& ids) const;
+    void Publish() const;
+    void ForgetRanges();
 
-    qint64 m_nId = -1;
-    qint64 m_nSimulationId;
+    SFieldRecipe m_recipe;
     QString m_sName = "NONAME";
     bool m_bListed = true;
     bool m_bUserVariable = true;
-    bool m_bGridVariable = false;
     qint32 m_nTag = 0;
-    VariableKind_e m_eKind = KindScalar;
-    VariableLocation_e m_eLocation = LocationNode;
     bool m_bValid = true;
-    bool m_bFileVariable = true;
     bool m_bHole = false;
     QString m_sComment;
-    QVector<SVariableInput> m_inputs;
+    std::mutex m_rangeMutex;
     QMap<QString, SValueRange> m_ranges; // by simulation, time, item and restarts of data
 };

@@ -55,14 +55,18 @@ QString RangeKey(qint64 nSimulationId, double dTime, qint64 nItemId)
 std::optional<SValueRange> IVariable::GetGlobalRange(qint64 nViewId, qint64 nSimulationId, qint64 nItemId)
 {
     const double dTime = ICases::Installed().GetTime(nViewId, nSimulationId);
-    if (const SValueRange known = m_ranges.value(RangeKey(nSimulationId, dTime, nItemId)); !known.IsEmpty())
-        return known;
+    {
+        const std::lock_guard lock(m_rangeMutex);
+        const auto known = m_ranges.constFind(RangeKey(nSimulationId, dTime, nItemId));
+        if (known != m_ranges.cend())
+            return *known;
+    }
     CSolutionManager& manager = CSolutionManager::Instance();
-    const IVariable* const pHole = CVariableManager::Instance().GetHoleVariable(nSimulationId, m_eLocation);
+    const IVariable* const pHole = CVariableManager::Instance().GetHoleVariable(nSimulationId, GetLocation());
     SValueRange range;
     for (const qint64 nBlock :
          nItemId == NO_ID ? ICases::Installed().GetBlockIds(nSimulationId) : QVector<qint64>{nItemId}) {
-        const auto pField = manager.GetSolution(m_nId, nSimulationId, nBlock, NO_ID, dTime);
+        const auto pField = manager.GetSolution(GetId(), nSimulationId, nBlock, NO_ID, dTime);
         if (!pField)
             continue;
         const auto pHoles =
@@ -72,6 +76,7 @@ std::optional<SValueRange> IVariable::GetGlobalRange(qint64 nViewId, qint64 nSim
     }
     if (range.IsEmpty())
         return std::nullopt;
+    const std::lock_guard lock(m_rangeMutex);
     m_ranges.insert(RangeKey(nSimulationId, dTime, nItemId),
                     range); // of now: a request may have been a restart
     return range;

@@ -23,20 +23,16 @@ CVariableManager& CVariableManager::Instance()
 
 qint64 CVariableManager::AddVariable(IVariable* pVariable)
 {
-    qint64 nHighest = -1;
-    for (const auto& pOther : m_variables)
-        nHighest = std::max(nHighest, pOther->GetId());
-    pVariable->SetId(nHighest + 1);
+    pVariable->SetId(m_variables.empty() ? 0 : m_variables.back()->GetId() + 1);
     m_variables.emplace_back(pVariable);
     return pVariable->GetId();
 }
 
 qint64 CVariableManager::IndexOfId(qint64 nId) const
 {
-    for (qint64 n = qint64(m_variables.size()) - 1; n >= 0; --n)
-        if (m_variables[n]->GetId() == nId)
-            return n;
-    return -1;
+    const auto found = std::lower_bound(m_variables.begin(), m_variables.end(), nId,
+                                        [](const auto& p, qint64 nSought) { return p->GetId() < nSought; });
+    return found != m_variables.end() && (*found)->GetId() == nId ? found - m_variables.begin() : -1;
 }
 
 IVariable* CVariableManager::GetVariable(qint64 nId) const
@@ -123,6 +119,27 @@ void CVariableManager::RemoveVariable(qint64 nId)
         return;
     const std::unique_ptr<IVariable> pGone = std::move(m_variables[nIndex]);
     m_variables.erase(m_variables.begin() + nIndex);
+    EditRecipes([nId](CFieldRecipes& recipes) { recipes.Remove(nId); });
+}
+
+std::shared_ptr<const CFieldRecipes> CVariableManager::GetRecipes() const
+{
+    const std::lock_guard lock(m_recipeMutex);
+    return m_pRecipes;
+}
+
+void CVariableManager::Publish(const SFieldRecipe& recipe)
+{
+    EditRecipes([&](CFieldRecipes& recipes) { recipes.Put(recipe); });
+}
+
+/** Whoever holds the list keeps it as it was. */
+template <class Edit> void CVariableManager::EditRecipes(const Edit& edit)
+{
+    const std::lock_guard lock(m_recipeMutex);
+    if (m_pRecipes.use_count() > 1)
+        m_pRecipes = std::make_shared<CFieldRecipes>(*m_pRecipes);
+    edit(*m_pRecipes);
 }
 
 void CVariableManager::RemoveWithDependants(qint64 nId)

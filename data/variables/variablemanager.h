@@ -3,13 +3,14 @@
 #include "data/variables/ivariable.h"
 
 #include <memory>
+#include <mutex>
 #include <vector>
 
 class IVariableListener;
 
 /**
  * Owns the variables of all simulations, in order of creation. Ids go up by 1 from the highest one in the
- * list. Main thread only.
+ * list. Main thread only, but for the recipes.
  */
 class CVariableManager
 {
@@ -47,13 +48,31 @@ public:
     void NotifyChanged(qint64 nId);
 
     /** Who is told of changes (not owned, may be null). */
-    void SetListener(IVariableListener* pListener) { m_pListener = pListener; }
-    IVariableListener* GetListener() const { return m_pListener; }
+    /** Not owned; told until it is removed. */
+    void AddListener(IVariableListener* pListener) { m_listeners.append(pListener); }
+    void RemoveListener(IVariableListener* pListener) { m_listeners.removeAll(pListener); }
+    /** Calls tell(listener) for all of them; one may remove itself. */
+    template <class Visit> void Tell(const Visit& tell)
+    {
+        for (IVariableListener* const pListener : QVector<IVariableListener*>(m_listeners))
+            tell(*pListener);
+    }
+
+    /** How to compute all variables as of now. Any thread. */
+    std::shared_ptr<const CFieldRecipes> GetRecipes() const;
+    /** Null for -1 and an unknown id. Any thread. */
+    std::shared_ptr<const SFieldRecipe> GetRecipe(qint64 nId) const { return GetRecipes()->Find(nId); }
+    /** From now on requests use this recipe. Called by the variable. */
+    void Publish(const SFieldRecipe& recipe);
     const std::vector<std::unique_ptr<IVariable>>& GetVariables() const { return m_variables; }
 
 private:
     CVariableManager() = default;
 
     std::vector<std::unique_ptr<IVariable>> m_variables;
-    IVariableListener* m_pListener = nullptr;
+    template <class Edit> void EditRecipes(const Edit& edit);
+
+    QVector<IVariableListener*> m_listeners;
+    mutable std::mutex m_recipeMutex; // the last to be taken
+    std::shared_ptr<CFieldRecipes> m_pRecipes = std::make_shared<CFieldRecipes>();
 };

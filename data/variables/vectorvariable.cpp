@@ -21,9 +21,9 @@ void CVectorVariable::SetComponents(const std::array<qint64, 3>& ids)
         positions[nComponent] = inputs.size();
         inputs.append({ids[nComponent], STEADY_TIME});
     }
-    if (positions == m_positions && inputs == GetInputs())
+    if (positions == GetRecipe().components && inputs == GetInputs())
         return;
-    m_positions = positions;
+    Change(&SFieldRecipe::components, positions);
     SetInputs(inputs);
     SetValid(true);
     CVariableManager::Instance().NotifyChanged(GetId());
@@ -51,22 +51,9 @@ DVector3D CVectorVariable::EvaluateVector(const double* pInputs, qint64 nCount, 
 {
     DVector3D result;
     for (int nComponent = 0; nComponent < 3; ++nComponent) {
-        const qint64 nPosition = m_positions[nComponent];
+        const qint64 nPosition = GetPosition(nComponent);
         if (nPosition >= 0 && nPosition < nCount)
             result[nComponent] = pInputs[(bVectors ? 3 : 1) * nPosition];
-    }
-    return result;
-}
-
-DVector3D CVectorVariable::EvaluateVectorConstant() const
-{
-    DVector3D result;
-    for (int nComponent = 0; nComponent < 3; ++nComponent) {
-        if (m_positions[nComponent] < 0)
-            continue;
-        const IVariable* const pInput =
-            CVariableManager::Instance().GetVariable(GetInputs()[int(m_positions[nComponent])].nVariableId);
-        result[nComponent] = pInput ? pInput->EvaluateScalarConstant() : 0.0;
     }
     return result;
 }

@@ -16,13 +16,8 @@ public:
     /** The place keeps its number and reads 0.0; the variable is not valid any more. */
     void RemoveInput(qint64 nId) override;
     /** Position of a component's variable among the inputs; -1 if it has none. */
-    qint64 GetPosition(int nComponent) const { return m_positions[nComponent]; }
+    qint64 GetPosition(int nComponent) const { return GetRecipe().components[nComponent]; }
 
     double EvaluateScalar(const double* pInputs, qint64 nCount, bool bVectors) const override;
-    double EvaluateScalarConstant() const override { return EvaluateVectorConstant().x; }
     DVector3D EvaluateVector(const double* pInputs, qint64 nCount, bool bVectors) const override;
-    DVector3D EvaluateVectorConstant() const override;
-
-private:
-    std::array<qint64, 3> m_positions = {-1, -1, -1};
 };

@@ -1,10 +1,12 @@
 #include "data/grids/gridpack.h"
 #include "data/grids/interpgrid.h"
 #include "data/io/filefaults.h"
+#include "data/variables/expressionvariable.h"
 #include "frame/memory/memorymanager.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/plot3dcasefixture.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 
 #include <thread>
@@ -24,6 +26,16 @@ protected:
                const IVector3D& start = {1, 1, 1}, qint64 nItemId = 1, qint64 nBlock = 0)
     {
         return m_grids.AddGrid(SIMULATION, nItemId, -1, {sFileName, nBlock, size, start}, dTime);
+    }
+    void AddFormula(const QString& sName, const QString& sText)
+    {
+        QVector<qint64> scope;
+        for (const auto& pOther : CVariableManager::Instance().GetVariables())
+            scope.append(pOther->GetId());
+        auto* const pVariable = new CExpressionVariable(SIMULATION, true);
+        pVariable->SetName(sName);
+        pVariable->SetScope(scope);
+        EXPECT_TRUE(pVariable->SetExpression(sText, false, false)) << qPrintable(sText);
     }
     CGridManager& m_grids = CGridManager::Instance();
 };
@@ -208,6 +220,68 @@ TEST_F(Managers, ManyThreadsUnderASmallLimitReadTheRightValues)
             }
         });
     }
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(nWrong, 0);
+}
+
+TEST_F(Managers, AChainOfFormulasIsMadeOnceAndHasNoValuesWhereItsStartHasNone)
+{
+    OpenTwoBlocks();
+    // Each rests on the two before it: as many ways lead down as the Fibonacci numbers count.
+    double dFirst = 1.0, dSecond = 1.0;
+    AddFormula("f0", "<R>");
+    AddFormula("f1", "min(<R>, <R>)");
+    for (int n = 2; n < 60; ++n, std::swap(dFirst, dSecond)) {
+        AddFormula(QString("f%1").arg(n), QString("max(<f%1> + <f%2>, 0)").arg(n - 1).arg(n - 2));
+        dFirst += dSecond;
+    }
+    QElapsedTimer timer;
+    timer.start();
+    const auto pField = Field("f59", 2);
+    ASSERT_TRUE(pField);
+    EXPECT_EQ(pField->GetLeafSolutions().size(), 1);
+    EXPECT_NEAR(pField->GetValue(IVector3D{1, 1, 1}), Value(1, 0, 0) * dSecond, 1e-9 * dSecond);
+    EXPECT_LT(timer.elapsed(), 500) << "[ms]";
+    // The first one becomes not a number: so does all that rests on it, through max and min.
+    static_cast<CExpressionVariable*>(CVariableManager::Instance().GetVariable(Id("f0")))
+        ->SetExpression("sqrt(-1) * <R>", false, false);
+    EXPECT_EQ(Field("f59", 2)->GetValue(IVector3D{1, 1, 1}), NO_VALUE);
+    EXPECT_NEAR(pField->GetValue(IVector3D{1, 1, 1}), Value(1, 0, 0) * dSecond, 1e-9 * dSecond)
+        << "a field that is out keeps its recipe";
+}
+
+TEST_F(Managers, FormulasAreFilledWhileVariablesComeAndGo)
+{
+    OpenTwoBlocks();
+    AddFormula("outer", "<R> * 2 + <RE>");
+    const qint64 nOuter = Id("outer");
+    std::atomic<bool> bGoOn = true;
+    std::atomic<int> nWrong = 0, nRead = 0;
+    std::vector<std::thread> threads;
+    for (int nThread = 0; nThread < 3; ++nThread)
+        threads.emplace_back([&] {
+            double values[27];
+            while (bGoOn) {
+                const auto pField = CSolutionManager::Instance().GetSolution(nOuter, SIMULATION, 2, -1, -1.0);
+                if (!pField || pField->FillValues({{1, 1, 1}, {3, 3, 3}}, values) != LoadOk) {
+                    ++nWrong;
+                    continue;
+                }
+                const double dRest = values[4] - Value(1, 4, 4);
+                const auto isAbout = [&](double d) { return std::abs(dRest - d) < 1e-9; };
+                nWrong += !isAbout(2.0 * Value(1, 0, 4)) && !isAbout(3.0 * Value(1, 0, 4));
+                ++nRead;
+            }
+        });
+    for (int n = 0; n < 200 || nRead < 50; ++n) {
+        auto* const pOuter =
+            static_cast<CExpressionVariable*>(CVariableManager::Instance().GetVariable(nOuter));
+        pOuter->SetExpression(n % 2 ? "<R> * 2 + <RE>" : "3 * <R> + <RE>", false, false);
+        AddFormula("passing", "<outer> + 1");
+        CVariableManager::Instance().RemoveVariable(Id("passing"));
+    }
+    bGoOn = false;
     for (std::thread& thread : threads)
         thread.join();
     EXPECT_EQ(nWrong, 0);

@@ -166,12 +166,12 @@ TEST_F(Variables, ChangesAreToldToWhoShowsThemAndTheirReaders)
     const IVariable* const pInput = File("R");
     CExpressionVariable* const pFormula = Formula("a", "<R>");
     const IVariable* const pReader = Formula("b", "<a>");
-    m_manager.SetListener(&listener);
+    m_manager.AddListener(&listener);
     pFormula->SetExpression("2 * <R>", false, false);
     EXPECT_EQ(listener.changed, QVector<qint64>({pFormula->GetId(), pReader->GetId()}));
     m_manager.RemoveWithDependants(pInput->GetId());
     EXPECT_EQ(listener.removed, QVector<qint64>({0, 1, 2}));
-    m_manager.SetListener(nullptr);
+    m_manager.RemoveListener(&listener);
 }
 
 TEST_F(Variables, TheBuiltInOnesHaveTheirValues)
