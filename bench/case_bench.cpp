@@ -69,7 +69,7 @@ private:
 CLease<IStructredSolution> Field(const char* sName)
 {
     const qint64 nId = CVariableManager::Instance().FindByName(SIMULATION, sName, LocationNode);
-    return CSolutionManager::Instance().GetSolution(nId, SIMULATION, 1, -1, -1.0);
+    return AsStructured(CSolutionManager::Instance().GetSolution(nId, SIMULATION, 1, -1, -1.0));
 }
 
 void LoadAll()

@@ -6,7 +6,7 @@
 #include "data/solutions/solutiongrid.h"
 #include "data/solutions/solutionvariable.h"
 
-CLease<IStructredSolution> CFieldRequest::Make(qint64 nVariableId, const SPlace& place, qint64 nSubId)
+CLease<ISolution> CFieldRequest::Make(qint64 nVariableId, const SPlace& place, qint64 nSubId)
 {
     const std::shared_ptr<const SFieldRecipe> pRecipe = m_pRecipes->Find(nVariableId);
     if (!pRecipe || place.nSimulationId == NO_ID)
@@ -14,7 +14,7 @@ CLease<IStructredSolution> CFieldRequest::Make(qint64 nVariableId, const SPlace&
     if (pRecipe->bOfGrid) {
         CLease<IGrid> pGrid =
             CGridManager::Instance().GetGrid(place.nSimulationId, place.nItemId, NO_ID, place.dTime);
-        return CLease<IStructredSolution>(pGrid ? new CSolutionGrid(pGrid.release()) : nullptr);
+        return CLease<ISolution>(pGrid ? new CSolutionGrid(pGrid.release()) : nullptr);
     }
     if (!pRecipe->bOfFile)
         return Compute(pRecipe, place);
@@ -37,8 +37,7 @@ CFieldRequest::Shared CFieldRequest::Share(qint64 nVariableId, const SPlace& pla
  * A formula over its inputs. An input that was removed keeps its place and reads 0.0, as a constant does; an
  * existing one without data leaves the whole field without.
  */
-CLease<IStructredSolution> CFieldRequest::Compute(std::shared_ptr<const SFieldRecipe> pRecipe,
-                                                  const SPlace& place)
+CLease<ISolution> CFieldRequest::Compute(std::shared_ptr<const SFieldRecipe> pRecipe, const SPlace& place)
 {
     std::vector<CSolutionVariable::SInput> inputs;
     for (const SVariableInput& input : pRecipe->inputs) {
@@ -53,7 +52,7 @@ CLease<IStructredSolution> CFieldRequest::Compute(std::shared_ptr<const SFieldRe
             return nullptr;
         inputs.push_back({std::move(pField), {}});
     }
-    return CLease<IStructredSolution>(new CSolutionVariable(std::move(pRecipe), std::move(inputs)));
+    return CLease<ISolution>(new CSolutionVariable(std::move(pRecipe), std::move(inputs)));
 }
 
 /** A comparison variable stands in no simulation of its own: its inputs are sought where they are. */

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/solutions/istructredsolution.h"
+#include "data/solutions/isolution.h"
 #include "data/variables/constantvalues.h"
 
 #include <map>
@@ -30,13 +30,13 @@ public:
     };
 
     /** Null if there are no data. @param nSubId  of a variable of files; -1: any */
-    CLease<IStructredSolution> Make(qint64 nVariableId, const SPlace& place, qint64 nSubId);
+    CLease<ISolution> Make(qint64 nVariableId, const SPlace& place, qint64 nSubId);
 
 private:
-    using Shared = std::shared_ptr<IStructredSolution>;
+    using Shared = std::shared_ptr<ISolution>;
 
     Shared Share(qint64 nVariableId, const SPlace& place);
-    CLease<IStructredSolution> Compute(std::shared_ptr<const SFieldRecipe> pRecipe, const SPlace& place);
+    CLease<ISolution> Compute(std::shared_ptr<const SFieldRecipe> pRecipe, const SPlace& place);
     SPlace PlaceOf(const SVariableInput& input, const SPlace& place);
     bool DrawsOn(qint64 nVariableId, qint64 nSimulationId);
 

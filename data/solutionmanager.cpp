@@ -86,21 +86,21 @@ bool CSolutionManager::HasSolutions(qint64 nSimulationId, qint64 nVariableId) co
     return m_registry.HasField(nSimulationId, nVariableId);
 }
 
-CLease<IStructredSolution> CSolutionManager::GetSolution(qint64 nVariableId, qint64 nSimulationId,
-                                                         qint64 nItemId, qint64 nSubId, double dTime)
+CLease<ISolution> CSolutionManager::GetSolution(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
+                                                qint64 nSubId, double dTime)
 {
     CFieldRequest request(*this, CVariableManager::Instance().GetRecipes());
     return request.Make(nVariableId, {nSimulationId, nItemId, dTime}, nSubId);
 }
 
-CLease<IStructredSolution> CSolutionManager::GetStored(qint64 nVariableId, qint64 nSimulationId,
-                                                       qint64 nItemId, qint64 nSubId, double dTime)
+CLease<ISolution> CSolutionManager::GetStored(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
+                                              qint64 nSubId, double dTime)
 {
-    QVector<IStructredSolution*> parts;
+    QVector<ISolution*> parts;
     for (const STimeMatch& match :
          GetSolutionIds(nVariableId, nSimulationId, nItemId, nSubId, dTime, false)) {
-        IStructredSolution* const pLow = Hold(match.nLowId);
-        IStructredSolution* const pHigh = match.nHighId == match.nLowId ? nullptr : Hold(match.nHighId);
+        ISolution* const pLow = Hold(match.nLowId);
+        ISolution* const pHigh = match.nHighId == match.nLowId ? nullptr : Hold(match.nHighId);
         if (pLow && pHigh)
             parts.append(new CInterpSolution(pLow, pHigh, match.dWeight));
         else if (pLow)
@@ -109,12 +109,12 @@ CLease<IStructredSolution> CSolutionManager::GetStored(qint64 nVariableId, qint6
             pHigh->Dispose();
     }
     if (parts.size() > 1)
-        return CLease<IStructredSolution>(new CSolutionPack(parts));
-    return CLease<IStructredSolution>(parts.value(0));
+        return CLease<ISolution>(new CSolutionPack(parts));
+    return CLease<ISolution>(parts.value(0));
 }
 
 /** The solution, ready and kept in memory until Dispose; null for an unknown id. */
-IStructredSolution* CSolutionManager::Hold(qint64 nId)
+ISolution* CSolutionManager::Hold(qint64 nId)
 {
     EntryPointer pEntry;
     {

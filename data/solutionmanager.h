@@ -46,11 +46,11 @@ public:
                        const SSolutionFile& file, double dTime);
 
     /** The values of a variable over an item (-1: all items as one) at a time. Null if there are none. */
-    CLease<IStructredSolution> GetSolution(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
-                                           qint64 nSubId, double dTime);
+    CLease<ISolution> GetSolution(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId, qint64 nSubId,
+                                  double dTime);
     /** The same of a variable of files alone, by what was registered. */
-    CLease<IStructredSolution> GetStored(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
-                                         qint64 nSubId, double dTime);
+    CLease<ISolution> GetStored(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId, qint64 nSubId,
+                                double dTime);
     QVector<STimeMatch> GetSolutionIds(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
                                        qint64 nSubId, double dTime, bool bExact) const;
     /** Whether any solution backs a file variable of the simulation. */
@@ -80,7 +80,7 @@ private:
     using EntryPointer = std::shared_ptr<SEntry>;
 
     CSolutionManager();
-    IStructredSolution* Hold(qint64 nId);
+    ISolution* Hold(qint64 nId);
     bool IsAlone(const SEntry& entry) const;
     void Drop(const QVector<qint64>& ids);
 

@@ -7,8 +7,7 @@
 namespace {
 
 /** The values of a part, or the magnitudes of its vectors. */
-LoadStatus_e Fill(const IStructredSolution& field, const SIJKRange& part, bool bVector,
-                  std::vector<double>& values)
+LoadStatus_e Fill(const ISolution& field, const SIJKRange& part, bool bVector, std::vector<double>& values)
 {
     const qint64 nCount = part.Count();
     values.resize(bVector ? 3 * nCount : nCount);
@@ -28,8 +27,7 @@ LoadStatus_e Fill(const IStructredSolution& field, const SIJKRange& part, bool b
 
 } // namespace
 
-SFieldStatistics ComputeStatistics(const IStructredSolution& field, const IStructredSolution* pHoles,
-                                   bool bVector)
+SFieldStatistics ComputeStatistics(const ISolution& field, const ISolution* pHoles, bool bVector)
 {
     SFieldStatistics result;
     const SBlockShape shape = field.GetShape();

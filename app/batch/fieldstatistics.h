@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/solutions/istructredsolution.h"
+#include "data/solutions/isolution.h"
 
 /** What a field holds over one block; for a vector, of its magnitude. */
 struct SFieldStatistics
@@ -16,5 +16,4 @@ struct SFieldStatistics
 };
 
 /** @param pHoles  0.0 marks a blanked point; may be null */
-SFieldStatistics ComputeStatistics(const IStructredSolution& field, const IStructredSolution* pHoles,
-                                   bool bVector);
+SFieldStatistics ComputeStatistics(const ISolution& field, const ISolution* pHoles, bool bVector);

@@ -52,8 +52,8 @@ bool WriteValues(CJsonWriter& json, const CBatchCase& batchCase, qint64 nBlock, 
         json.BeginObject();
         json.Member("name", variable.GetName());
         json.Key("value");
-        const auto pField =
-            CSolutionManager::Instance().GetSolution(nId, CBatchCase::SIMULATION, nBlock, -1, STEADY_TIME);
+        const auto pField = AsStructured(
+            CSolutionManager::Instance().GetSolution(nId, CBatchCase::SIMULATION, nBlock, -1, STEADY_TIME));
         if (variable.IsConstant())
             json.Value(variable.EvaluateScalarConstant());
         else if (!pField || !CanBeRead(*pField, pField->GetShape().Clamped(ijk)))

@@ -47,7 +47,7 @@ private:
     QTemporaryDir m_folder;
     qint64 m_nSimulation = -1;
     std::vector<CLease<IGrid>> m_grids;
-    std::vector<std::array<CLease<IStructredSolution>, FIELDS>> m_fields;
+    std::vector<std::array<CLease<ISolution>, FIELDS>> m_fields;
     std::deque<CTestSelectable> m_selectables;
     std::vector<std::unique_ptr<CSurfaceDrawable>> m_surfaces;
 };

@@ -48,3 +48,14 @@ const double* CFlippedGrid::GetCoordinatesDouble(int nAxis)
 {
     return IsAnyFlipped() ? CGrid::GetCoordinatesDouble(nAxis) : m_pInner->GetCoordinatesDouble(nAxis);
 }
+
+LoadStatus_e CFlippedGrid::GatherPoints(std::span<const qint64> points, const SPointBuffers& out) const
+{
+    if (!IsAnyFlipped())
+        return m_pInner->GatherPoints(points, out);
+    const SBlockShape shape = GetShape();
+    std::vector<qint64> inner(points.begin(), points.end());
+    for (qint64& nIndex : inner)
+        nIndex = shape.PointIndex(Mirrored(shape.Address(nIndex)));
+    return m_pInner->GatherPoints(inner, out);
+}

@@ -17,6 +17,7 @@ public:
     DVector3D GetPoint(const IVector3D& ijk) const override { return m_pInner->GetPoint(Mirrored(ijk)); }
     DVector3D GetPoint(qint64 nIndex) const override;
     LoadStatus_e FillPoints(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e GatherPoints(std::span<const qint64> points, const SPointBuffers& out) const override;
     const float* GetCoordinatesSingle(int nAxis) override;
     const double* GetCoordinatesDouble(int nAxis) override;
 

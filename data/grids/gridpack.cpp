@@ -1,6 +1,7 @@
 #include "data/grids/gridpack.h"
 
 #include "data/grids/gridslices.h"
+#include "data/sharedpoints.h"
 
 #include <limits>
 
@@ -105,4 +106,23 @@ void CGridPack::ReleaseCoordinateCopies()
 {
     for (const auto& pMember : m_members)
         pMember->ReleaseCoordinateCopies();
+}
+
+LoadStatus_e CGridPack::GatherPoints(std::span<const qint64> points, const SPointBuffers& out) const
+{
+    for (int nAxis = 0; nAxis < 3; ++nAxis)
+        std::fill_n(out.Axis(nAxis).begin(), points.size(), 0.0);
+    for (auto it = m_members.rbegin(); it != m_members.rend(); ++it) {
+        const IGrid& member = **it;
+        const SSharedPoints shared =
+            FindSharedPoints(points, GetShape(), member.GetShape(),
+                             [&](const IVector3D& ijk) { return !member.HasGaps() || member.HasPoint(ijk); });
+        CPointScratch scratch(qint64(shared.indices.size()));
+        const SPointBuffers found = scratch.First(qint64(shared.indices.size()));
+        if (const LoadStatus_e eStatus = member.GatherPoints(shared.indices, found); eStatus != LoadOk)
+            return eStatus;
+        for (int nAxis = 0; nAxis < 3; ++nAxis)
+            Scatter(found.Axis(nAxis), shared.places, out.Axis(nAxis));
+    }
+    return LoadOk;
 }

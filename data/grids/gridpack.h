@@ -28,6 +28,7 @@ public:
     using IGrid::GetPoint;
     DVector3D GetPoint(const IVector3D& ijk) const override;
     LoadStatus_e FillPoints(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e GatherPoints(std::span<const qint64> points, const SPointBuffers& out) const override;
     const float* GetCoordinatesSingle(int nAxis) override;
     const double* GetCoordinatesDouble(int nAxis) override;
     void ReleaseCoordinateCopies() override;

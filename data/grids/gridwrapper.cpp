@@ -103,3 +103,8 @@ LoadStatus_e CGridWrapper::FillPoints(const SIJKRange& range, const SPointBuffer
 }
 
 bool CGridWrapper::IsRightHanded() const { return Inner() && CGrid::IsRightHanded(); }
+
+LoadStatus_e CGridWrapper::GatherPoints(std::span<const qint64> points, const SPointBuffers& out) const
+{
+    return Inner() ? Inner()->GatherPoints(points, out) : LoadFailed;
+}

@@ -84,6 +84,8 @@ public:
      * buffers mean nothing.
      */
     virtual LoadStatus_e FillPoints(const SIJKRange& range, const SPointBuffers& out) const = 0;
+    /** The same at scattered points: flat indices within the grid, in any order. */
+    virtual LoadStatus_e GatherPoints(std::span<const qint64> points, const SPointBuffers& out) const = 0;
     /**
      * All points of one axis. A stored array is given without a copy; the other precision is built at first
      * use and kept until ReleaseCoordinateCopies. Null if memory is short or nothing could be loaded.

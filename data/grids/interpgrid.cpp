@@ -2,6 +2,7 @@
 
 #include "data/grids/gridslices.h"
 #include "data/kernels/pointkernels.h"
+#include "data/sharedpoints.h"
 
 CInterpGrid::CInterpGrid(IGrid* pFirst, IGrid* pSecond, double dWeight)
     : m_pFirst(pFirst), m_pSecond(pSecond), m_dWeight(dWeight)
@@ -50,4 +51,23 @@ LoadStatus_e CInterpGrid::FillPoints(const SIJKRange& range, const SPointBuffers
         nPlace += part.Count();
     };
     return ForEachSlice(*m_pSecond, range, GapsAreZeros, blend);
+}
+
+LoadStatus_e CInterpGrid::GatherPoints(std::span<const qint64> points, const SPointBuffers& out) const
+{
+    if (const LoadStatus_e eStatus = m_pFirst->GatherPoints(points, out); eStatus != LoadOk)
+        return eStatus;
+    const SSharedPoints shared =
+        FindSharedPoints(points, GetShape(), m_pSecond->GetShape(), [this](const IVector3D& ijk) {
+            return !m_pSecond->HasGaps() || m_pSecond->HasPoint(ijk);
+        });
+    CPointScratch scratch(qint64(shared.indices.size()));
+    const SPointBuffers second = scratch.First(qint64(shared.indices.size()));
+    const LoadStatus_e eStatus = m_pSecond->GatherPoints(shared.indices, second);
+    for (int nAxis = 0; nAxis < 3; ++nAxis) {
+        std::vector<double> others(points.size(), 0.0);
+        Scatter(second.Axis(nAxis), shared.places, others);
+        BlendInto(out.Axis(nAxis).first(points.size()), others, m_dWeight);
+    }
+    return eStatus;
 }

@@ -25,6 +25,7 @@ public:
     DVector3D GetPoint(qint64 nIndex) const override { return GetPoint(GetIJK(nIndex)); }
     void SetPoint(qint64, const DVector3D&) override {}
     LoadStatus_e FillPoints(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e GatherPoints(std::span<const qint64> points, const SPointBuffers& out) const override;
 
 protected:
     IGrid* Inner() const override { return m_pFirst.get(); }

@@ -119,6 +119,31 @@ LoadStatus_e CStorageGrid<Real>::FillPoints(const SIJKRange& range, const SPoint
     return LoadOk;
 }
 
+template <class Real>
+LoadStatus_e CStorageGrid<Real>::GatherPoints(std::span<const qint64> points, const SPointBuffers& out) const
+{
+    const SBlockShape shape = this->GetShape();
+    if (!m_bFilled && !this->HasFailed() &&
+        m_partialReads.TakePoints(shape, qint64(points.size()), sizeof(Real))) {
+        const auto read = [&](size_t n) {
+            const IVector3D ijk = shape.Address(points[n]);
+            return CGridIO().ReadPoints(*this, {ijk, ijk},
+                                        {out.x.subspan(n, 1), out.y.subspan(n, 1), out.z.subspan(n, 1)});
+        };
+        size_t n = 0;
+        while (n < points.size() && read(n))
+            ++n;
+        if (n == points.size())
+            return LoadOk;
+    }
+    if (const LoadStatus_e eStatus = EnsureLoaded(); eStatus != LoadOk)
+        return eStatus;
+    for (int nAxis = 0; nAxis < 3; ++nAxis)
+        std::transform(points.begin(), points.end(), out.Axis(nAxis).begin(),
+                       [&](qint64 n) { return double(m_axes[nAxis][n]); });
+    return LoadOk;
+}
+
 template <class Real> const float* CStorageGrid<Real>::GetCoordinatesSingle(int nAxis)
 {
     if (EnsureLoaded() != LoadOk)

@@ -39,6 +39,7 @@ public:
     DVector3D GetPoint(qint64 nIndex) const override;
     void SetPoint(qint64 nIndex, const DVector3D& point) override;
     LoadStatus_e FillPoints(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e GatherPoints(std::span<const qint64> points, const SPointBuffers& out) const override;
     const float* GetCoordinatesSingle(int nAxis) override;
     const double* GetCoordinatesDouble(int nAxis) override;
 

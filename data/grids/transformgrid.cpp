@@ -28,3 +28,12 @@ const double* CTransformGrid::GetCoordinatesDouble(int nAxis)
     return m_transform.IsIdentity() ? m_pInner->GetCoordinatesDouble(nAxis)
                                     : CGrid::GetCoordinatesDouble(nAxis);
 }
+
+LoadStatus_e CTransformGrid::GatherPoints(std::span<const qint64> points, const SPointBuffers& out) const
+{
+    const LoadStatus_e eStatus = m_pInner->GatherPoints(points, out);
+    const size_t nCount = points.size();
+    if (eStatus == LoadOk && !m_transform.IsIdentity())
+        TransformPoints(m_transform.Matrix(), out.x.first(nCount), out.y.first(nCount), out.z.first(nCount));
+    return eStatus;
+}

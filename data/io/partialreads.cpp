@@ -31,6 +31,15 @@ bool CPartialReads::Take(const SBlockShape& shape, const SIJKRange& range, qint6
     return true;
 }
 
+bool CPartialReads::TakePoints(const SBlockShape& shape, qint64 nPoints, qint64 nValueSize)
+{
+    const qint64 nCost = nPoints * (nValueSize + COST_OF_A_RUN);
+    if (nPoints == 0 || m_nSpent + nCost > shape.PointCount() * nValueSize / SHARE_OF_THE_WHOLE)
+        return false;
+    m_nSpent += nCost;
+    return true;
+}
+
 CRangeRuns::CRangeRuns(const SBlockShape& shape, const SIJKRange& range) : m_shape(shape), m_range(range)
 {
     const IVector3D extent = range.Extent();

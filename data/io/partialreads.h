@@ -20,6 +20,8 @@ public:
     bool Allows(const SBlockShape& shape, const SIJKRange& range, qint64 nValueSize) const;
     /** As Allows, and counts the part. */
     bool Take(const SBlockShape& shape, const SIJKRange& range, qint64 nValueSize);
+    /** The same of single points. */
+    bool TakePoints(const SBlockShape& shape, qint64 nPoints, qint64 nValueSize);
 
 private:
     std::atomic<qint64> m_nSpent = 0; // [bytes]

@@ -1,6 +1,7 @@
 #include "data/solutions/interpsolution.h"
 
 #include "data/blockslices.h"
+#include "data/sharedpoints.h"
 
 #include <vector>
 
@@ -21,7 +22,7 @@ void BlendInto(std::span<double> first, std::span<const double> second, double d
 
 } // namespace
 
-CInterpSolution::CInterpSolution(IStructredSolution* pFirst, IStructredSolution* pSecond, double dWeight)
+CInterpSolution::CInterpSolution(ISolution* pFirst, ISolution* pSecond, double dWeight)
     : m_pFirst(pFirst), m_pSecond(pSecond), m_dWeight(dWeight)
 {}
 
@@ -36,10 +37,10 @@ bool CInterpSolution::HasValue(const IVector3D& ijk) const
     return m_pFirst->HasValue(ijk) && m_pSecond->HasValue(ijk);
 }
 
-QVector<IStructredSolution*> CInterpSolution::GetLeafSolutions()
+QVector<ISolution*> CInterpSolution::GetLeafSolutions()
 {
-    QVector<IStructredSolution*> leaves = m_pFirst->GetLeafSolutions();
-    for (IStructredSolution* const pLeaf : m_pSecond->GetLeafSolutions())
+    QVector<ISolution*> leaves = m_pFirst->GetLeafSolutions();
+    for (ISolution* const pLeaf : m_pSecond->GetLeafSolutions())
         if (!leaves.contains(pLeaf))
             leaves.append(pLeaf);
     return leaves;
@@ -47,13 +48,14 @@ QVector<IStructredSolution*> CInterpSolution::GetLeafSolutions()
 
 double CInterpSolution::GetValue(const IVector3D& ijk) const
 {
-    return Blend(m_pFirst->GetValue(ijk), m_pSecond->GetValue(ijk), m_dWeight);
+    return Blend(m_pFirst->GetValue(NearestIndex(*m_pFirst, ijk)),
+                 m_pSecond->GetValue(NearestIndex(*m_pSecond, ijk)), m_dWeight);
 }
 
 DVector3D CInterpSolution::GetVector(const IVector3D& ijk) const
 {
-    const DVector3D first = m_pFirst->GetVector(ijk);
-    const DVector3D second = m_pSecond->GetVector(ijk);
+    const DVector3D first = m_pFirst->GetVector(NearestIndex(*m_pFirst, ijk));
+    const DVector3D second = m_pSecond->GetVector(NearestIndex(*m_pSecond, ijk));
     return {Blend(first.x, second.x, m_dWeight), Blend(first.y, second.y, m_dWeight),
             Blend(first.z, second.z, m_dWeight)};
 }
@@ -87,4 +89,30 @@ LoadStatus_e CInterpSolution::FillVectors(const SIJKRange& range, const SPointBu
             BlendInto(out.Axis(n).subspan(range.IndexOf(part.min), nCount), second.Axis(n), m_dWeight);
         return eStatus;
     });
+}
+
+LoadStatus_e CInterpSolution::GatherValues(std::span<const qint64> points, std::span<double> out) const
+{
+    std::vector<double> second(points.size());
+    if (const LoadStatus_e eStatus = m_pFirst->GatherValues(points, out); eStatus != LoadOk)
+        return eStatus;
+    const LoadStatus_e eStatus =
+        m_pSecond->GatherValues(Translated(points, GetShape(), m_pSecond->GetShape()), second);
+    BlendInto(out.first(points.size()), second, m_dWeight);
+    return eStatus;
+}
+
+LoadStatus_e CInterpSolution::GatherVectors(std::span<const qint64> points, const SPointBuffers& out) const
+{
+    const size_t nCount = points.size();
+    std::vector<double> scratch(3 * nCount);
+    const std::span<double> all(scratch);
+    const SPointBuffers second{all.first(nCount), all.subspan(nCount, nCount), all.last(nCount)};
+    if (const LoadStatus_e eStatus = m_pFirst->GatherVectors(points, out); eStatus != LoadOk)
+        return eStatus;
+    const LoadStatus_e eStatus =
+        m_pSecond->GatherVectors(Translated(points, GetShape(), m_pSecond->GetShape()), second);
+    for (int n = 0; n < 3; ++n)
+        BlendInto(out.Axis(n).first(nCount), second.Axis(n), m_dWeight);
+    return eStatus;
 }

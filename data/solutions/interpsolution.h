@@ -10,16 +10,17 @@ class CInterpSolution : public CSolution
 {
 public:
     /** @param dWeight  w, the weight of the first level */
-    CInterpSolution(IStructredSolution* pFirst, IStructredSolution* pSecond, double dWeight);
+    CInterpSolution(ISolution* pFirst, ISolution* pSecond, double dWeight);
 
     void Dispose() override { delete this; }
     bool Prepare() override;
     bool IsPrepared() const override { return m_pFirst->IsPrepared() && m_pSecond->IsPrepared(); }
+    IStructredSolution* AsStructured() override { return m_pFirst->AsStructured() ? this : nullptr; }
     ISolution* GetBaseSolution() override { return m_pFirst->GetBaseSolution(); }
     bool IsDoublePrecision() const override { return m_pFirst->IsDoublePrecision(); }
     SBlockShape GetShape() const override { return m_pFirst->GetShape(); }
     bool HasValue(const IVector3D& ijk) const override;
-    QVector<IStructredSolution*> GetLeafSolutions() override;
+    QVector<ISolution*> GetLeafSolutions() override;
 
     using IStructredSolution::GetValue;
     using IStructredSolution::GetVector;
@@ -27,9 +28,11 @@ public:
     DVector3D GetVector(const IVector3D& ijk) const override;
     LoadStatus_e FillValues(const SIJKRange& range, std::span<double> out) const override;
     LoadStatus_e FillVectors(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e GatherValues(std::span<const qint64> points, std::span<double> out) const override;
+    LoadStatus_e GatherVectors(std::span<const qint64> points, const SPointBuffers& out) const override;
 
 private:
-    CLease<IStructredSolution> m_pFirst;
-    CLease<IStructredSolution> m_pSecond;
+    CLease<ISolution> m_pFirst;
+    CLease<ISolution> m_pSecond;
     double m_dWeight;
 };

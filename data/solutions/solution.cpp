@@ -72,6 +72,14 @@ LoadStatus_e CSolution::FillVectors(const SIJKRange& range, const SPointBuffers&
     return eStatus;
 }
 
+LoadStatus_e CSolution::GatherVectors(std::span<const qint64> points, const SPointBuffers& out) const
+{
+    const LoadStatus_e eStatus = GatherValues(points, out.x.first(points.size()));
+    std::copy_n(out.x.begin(), points.size(), out.y.begin());
+    std::copy_n(out.x.begin(), points.size(), out.z.begin());
+    return eStatus;
+}
+
 template <class Real> const Real* CSolution::Copy(std::vector<Real>& copy) const
 {
     if (!copy.empty())

@@ -8,8 +8,8 @@
 class ISolutionOwner;
 
 /**
- * What all structured fields share: identity, shape, ranges, chunks. A derived class supplies the values; a
- * scalar one FillValues and GetValue alone.
+ * What all fields share: identity, shape, ranges, chunks. A derived class supplies the values; a scalar one
+ * GetValue, FillValues and GatherValues alone.
  */
 class CSolution : public IStructredSolution
 {
@@ -43,6 +43,7 @@ public:
     DVector3D GetVector(const IVector3D& ijk) const override;
     qint64 GetIntegerValue(const IVector3D& ijk) const override;
     LoadStatus_e FillVectors(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e GatherVectors(std::span<const qint64> points, const SPointBuffers& out) const override;
     SStoredValues GetStoredValues() const override { return {}; }
     bool ReadsInPart(const SIJKRange&) const override { return false; }
     void StoreIntegers(const qint32*, qint64) override {}
@@ -57,7 +58,7 @@ public:
     IVector3D GetMaximumLocation(int nComponent) override;
     LoadStatus_e ComputeRanges() override;
     qint64 CollectInRanges(const QVector<SValueRange>& ranges, QVector<IVector3D>& out) const override;
-    QVector<IStructredSolution*> GetLeafSolutions() override { return {this}; }
+    QVector<ISolution*> GetLeafSolutions() override { return {this}; }
 
     void BuildChunks(const IVector3D& size) override;
     IVector3D GetChunkMinimum(qint64 nChunk) const override;

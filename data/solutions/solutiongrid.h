@@ -12,6 +12,10 @@ public:
     void Dispose() override { delete this; }
     bool Prepare() override { return m_pGrid->Prepare(); }
     bool IsPrepared() const override { return m_pGrid->IsPrepared(); }
+    IStructredSolution* AsStructured() override
+    {
+        return m_pGrid->GetGridKind() == GridKindUnstructured ? nullptr : this;
+    }
     bool IsDoublePrecision() const override { return m_pGrid->IsDoublePrecision(); }
     bool HasValue(const IVector3D& ijk) const override { return m_pGrid->HasPoint(ijk); }
 
@@ -31,6 +35,16 @@ public:
     LoadStatus_e FillVectors(const SIJKRange& range, const SPointBuffers& out) const override
     {
         return m_pGrid->FillPoints(range, out);
+    }
+    LoadStatus_e GatherValues(std::span<const qint64> points, std::span<double> out) const override
+    {
+        std::vector<double> others(2 * points.size());
+        const std::span<double> all(others);
+        return m_pGrid->GatherPoints(points, {out, all.first(points.size()), all.subspan(points.size())});
+    }
+    LoadStatus_e GatherVectors(std::span<const qint64> points, const SPointBuffers& out) const override
+    {
+        return m_pGrid->GatherPoints(points, out);
     }
 
 private:

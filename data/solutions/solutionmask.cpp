@@ -53,9 +53,9 @@ void CSolutionMask::SetDimensions(const IVector3D& dimensions)
         m_pInner->SetDimensions(dimensions);
 }
 
-QVector<IStructredSolution*> CSolutionMask::GetLeafSolutions()
+QVector<ISolution*> CSolutionMask::GetLeafSolutions()
 {
-    return m_pInner ? m_pInner->GetLeafSolutions() : QVector<IStructredSolution*>();
+    return m_pInner ? m_pInner->GetLeafSolutions() : QVector<ISolution*>();
 }
 
 qint64 CSolutionMask::GetIntegerValue(const IVector3D& ijk) const

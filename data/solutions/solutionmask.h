@@ -36,7 +36,7 @@ public:
     SBlockShape GetShape() const override { return m_pInner ? m_pInner->GetShape() : CSolution::GetShape(); }
     void SetDimensions(const IVector3D& dimensions) override;
     bool HasValue(const IVector3D& ijk) const override { return m_pInner && m_pInner->HasValue(ijk); }
-    QVector<IStructredSolution*> GetLeafSolutions() override;
+    QVector<ISolution*> GetLeafSolutions() override;
 
     using IStructredSolution::GetValue;
     double GetValue(const IVector3D& ijk) const override
@@ -46,6 +46,10 @@ public:
     double GetValue(qint64 nIndex) const override { return m_pInner ? m_pInner->GetValue(nIndex) : NO_VALUE; }
     qint64 GetIntegerValue(const IVector3D& ijk) const override;
     LoadStatus_e FillValues(const SIJKRange& range, std::span<double> out) const override;
+    LoadStatus_e GatherValues(std::span<const qint64> points, std::span<double> out) const override
+    {
+        return m_pInner ? m_pInner->GatherValues(points, out) : LoadFailed;
+    }
     SStoredValues GetStoredValues() const override
     {
         return m_pInner ? m_pInner->GetStoredValues() : SStoredValues();

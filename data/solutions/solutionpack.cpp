@@ -5,7 +5,7 @@ namespace {
 /** Calls fill(row) for each row of i that a member shares with a range, with the row's place in the range, up
  * to the first failure. */
 template <class Fill>
-LoadStatus_e ForEachSharedRow(const IStructredSolution& member, const SIJKRange& range, const Fill& fill)
+LoadStatus_e ForEachSharedRow(const ISolution& member, const SIJKRange& range, const Fill& fill)
 {
     const SIJKRange part = Intersection(range, member.GetShape().Range());
     if (part.IsEmpty())
@@ -21,15 +21,15 @@ LoadStatus_e ForEachSharedRow(const IStructredSolution& member, const SIJKRange&
 
 } // namespace
 
-CSolutionPack::CSolutionPack(const QVector<IStructredSolution*>& members)
+CSolutionPack::CSolutionPack(const QVector<ISolution*>& members)
 {
     constexpr qint64 HIGH = std::numeric_limits<qint32>::max();
     SIJKRange range{{HIGH, HIGH, HIGH}, {0, 0, 0}};
     bool bDouble = false;
-    for (IStructredSolution* const pMember : members) {
+    for (ISolution* const pMember : members) {
         for (int nAxis = 0; nAxis < 3; ++nAxis) {
-            range.min[nAxis] = std::min(range.min[nAxis], pMember->GetIJKMin()[nAxis]);
-            range.max[nAxis] = std::max(range.max[nAxis], pMember->GetIJKMax()[nAxis]);
+            range.min[nAxis] = std::min(range.min[nAxis], pMember->GetShape().start[nAxis]);
+            range.max[nAxis] = std::max(range.max[nAxis], pMember->GetShape().End()[nAxis]);
         }
         bDouble = bDouble || pMember->IsDoublePrecision();
         m_members.emplace_back(pMember);
@@ -56,17 +56,17 @@ ISolution* CSolutionPack::GetBaseSolution()
     return m_members.empty() ? this : m_members.front()->GetBaseSolution();
 }
 
-QVector<IStructredSolution*> CSolutionPack::GetLeafSolutions()
+QVector<ISolution*> CSolutionPack::GetLeafSolutions()
 {
-    QVector<IStructredSolution*> leaves;
+    QVector<ISolution*> leaves;
     for (const auto& pMember : m_members)
-        for (IStructredSolution* const pLeaf : pMember->GetLeafSolutions())
+        for (ISolution* const pLeaf : pMember->GetLeafSolutions())
             if (!leaves.contains(pLeaf))
                 leaves.append(pLeaf);
     return leaves;
 }
 
-const IStructredSolution* CSolutionPack::FindMember(const IVector3D& ijk) const
+const ISolution* CSolutionPack::FindMember(const IVector3D& ijk) const
 {
     for (const auto& pMember : m_members)
         if (pMember->HasValue(ijk))
@@ -77,15 +77,16 @@ const IStructredSolution* CSolutionPack::FindMember(const IVector3D& ijk) const
 double CSolutionPack::GetValue(const IVector3D& ijk) const
 {
     const IVector3D inside = GetShape().Clamped(ijk);
-    const IStructredSolution* const pMember = FindMember(inside);
-    return pMember ? pMember->GetValue(inside) : NO_VALUE;
+    const ISolution* const pMember = FindMember(inside);
+    return pMember ? pMember->GetValue(pMember->GetShape().PointIndex(inside)) : NO_VALUE;
 }
 
 DVector3D CSolutionPack::GetVector(const IVector3D& ijk) const
 {
     const IVector3D inside = GetShape().Clamped(ijk);
-    const IStructredSolution* const pMember = FindMember(inside);
-    return pMember ? pMember->GetVector(inside) : DVector3D{NO_VALUE, NO_VALUE, NO_VALUE};
+    const ISolution* const pMember = FindMember(inside);
+    return pMember ? pMember->GetVector(pMember->GetShape().PointIndex(inside))
+                   : DVector3D{NO_VALUE, NO_VALUE, NO_VALUE};
 }
 
 // From the last member to the first, so that the first has the last word where they overlap.
@@ -116,6 +117,42 @@ LoadStatus_e CSolutionPack::FillVectors(const SIJKRange& range, const SPointBuff
             return eStatus;
     }
     return LoadOk;
+}
+
+LoadStatus_e CSolutionPack::GatherValues(std::span<const qint64> points, std::span<double> out) const
+{
+    std::fill_n(out.begin(), points.size(), NO_VALUE);
+    for (auto it = m_members.rbegin(); it != m_members.rend(); ++it) {
+        const SSharedPoints shared = SharedWith(**it, points);
+        std::vector<double> values(shared.indices.size());
+        if (const LoadStatus_e eStatus = (*it)->GatherValues(shared.indices, values); eStatus != LoadOk)
+            return eStatus;
+        Scatter(values, shared.places, out);
+    }
+    return LoadOk;
+}
+
+LoadStatus_e CSolutionPack::GatherVectors(std::span<const qint64> points, const SPointBuffers& out) const
+{
+    for (int n = 0; n < 3; ++n)
+        std::fill_n(out.Axis(n).begin(), points.size(), NO_VALUE);
+    for (auto it = m_members.rbegin(); it != m_members.rend(); ++it) {
+        const SSharedPoints shared = SharedWith(**it, points);
+        const size_t nCount = shared.indices.size();
+        std::vector<double> x(nCount), y(nCount), z(nCount);
+        if (const LoadStatus_e eStatus = (*it)->GatherVectors(shared.indices, {x, y, z}); eStatus != LoadOk)
+            return eStatus;
+        Scatter(x, shared.places, out.x);
+        Scatter(y, shared.places, out.y);
+        Scatter(z, shared.places, out.z);
+    }
+    return LoadOk;
+}
+
+SSharedPoints CSolutionPack::SharedWith(const ISolution& member, std::span<const qint64> points) const
+{
+    return FindSharedPoints(points, GetShape(), member.GetShape(),
+                            [&](const IVector3D& ijk) { return member.HasValue(ijk); });
 }
 
 LoadStatus_e CSolutionPack::ComputeRanges()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/sharedpoints.h"
 #include "data/solutions/solution.h"
 
 /**
@@ -9,14 +10,14 @@
 class CSolutionPack : public CSolution
 {
 public:
-    explicit CSolutionPack(const QVector<IStructredSolution*>& members);
+    explicit CSolutionPack(const QVector<ISolution*>& members);
 
     void Dispose() override { delete this; }
     bool Prepare() override;
     bool IsPrepared() const override;
     ISolution* GetBaseSolution() override;
     bool HasValue(const IVector3D& ijk) const override { return FindMember(ijk) != nullptr; }
-    QVector<IStructredSolution*> GetLeafSolutions() override;
+    QVector<ISolution*> GetLeafSolutions() override;
 
     using IStructredSolution::GetValue;
     using IStructredSolution::GetVector;
@@ -24,11 +25,14 @@ public:
     DVector3D GetVector(const IVector3D& ijk) const override;
     LoadStatus_e FillValues(const SIJKRange& range, std::span<double> out) const override;
     LoadStatus_e FillVectors(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e GatherValues(std::span<const qint64> points, std::span<double> out) const override;
+    LoadStatus_e GatherVectors(std::span<const qint64> points, const SPointBuffers& out) const override;
     /** Merges the members' ranges: gaps don't count. */
     LoadStatus_e ComputeRanges() override;
 
 private:
-    const IStructredSolution* FindMember(const IVector3D& ijk) const;
+    SSharedPoints SharedWith(const ISolution& member, std::span<const qint64> points) const;
+    const ISolution* FindMember(const IVector3D& ijk) const;
 
-    std::vector<CLease<IStructredSolution>> m_members;
+    std::vector<CLease<ISolution>> m_members;
 };

@@ -1,9 +1,17 @@
 #include "data/solutions/solutionvariable.h"
 
 #include "data/blockslices.h"
+#include "data/sharedpoints.h"
 #include "data/variables/formula.h"
 
 #include <QVarLengthArray>
+
+namespace {
+
+/** Points that are gathered at a time: their columns stay in the cache. */
+constexpr size_t PIECE = 1 << 14;
+
+} // namespace
 
 CSolutionVariable::CSolutionVariable(std::shared_ptr<const SFieldRecipe> pRecipe, std::vector<SInput> inputs)
     : m_pRecipe(std::move(pRecipe)), m_inputs(std::move(inputs))
@@ -30,7 +38,7 @@ void CSolutionVariable::CoverWhatInputsCover()
     SetDoublePrecision(bDouble);
 }
 
-int CSolutionVariable::ColumnOf(const IStructredSolution* pField)
+int CSolutionVariable::ColumnOf(const ISolution* pField)
 {
     const auto found = std::find(m_columns.begin(), m_columns.end(), pField);
     if (found != m_columns.end())
@@ -52,7 +60,7 @@ void CSolutionVariable::Compose()
             binding.pFormula = CFormula::Constant(input.constant.x);
         } else if (pNested && pNested->m_pFlat) {
             binding.pFormula = pNested->m_pFlat;
-            for (const IStructredSolution* const pColumn : pNested->m_columns)
+            for (const ISolution* const pColumn : pNested->m_columns)
                 binding.leaves.push_back(ColumnOf(pColumn));
         } else {
             binding.leaves = {ColumnOf(input.pSolution.get())};
@@ -65,7 +73,7 @@ void CSolutionVariable::Compose()
  */
 void CSolutionVariable::CollectEnds()
 {
-    const auto add = [this](IStructredSolution* pField) {
+    const auto add = [this](ISolution* pField) {
         if (std::find(m_ends.begin(), m_ends.end(), pField) == m_ends.end())
             m_ends.push_back(pField);
     };
@@ -77,10 +85,17 @@ void CSolutionVariable::CollectEnds()
     }
 }
 
+IStructredSolution* CSolutionVariable::AsStructured()
+{
+    const bool bAll =
+        std::all_of(m_ends.begin(), m_ends.end(), [](auto* pEnd) { return pEnd->AsStructured(); });
+    return bAll ? this : nullptr;
+}
+
 bool CSolutionVariable::Prepare()
 {
     bool bAll = true;
-    for (IStructredSolution* const pEnd : m_ends)
+    for (ISolution* const pEnd : m_ends)
         bAll = pEnd->Prepare() && bAll;
     return bAll;
 }
@@ -96,11 +111,11 @@ bool CSolutionVariable::HasValue(const IVector3D& ijk) const
            std::all_of(m_ends.begin(), m_ends.end(), [&](const auto* pEnd) { return pEnd->HasValue(ijk); });
 }
 
-QVector<IStructredSolution*> CSolutionVariable::GetLeafSolutions()
+QVector<ISolution*> CSolutionVariable::GetLeafSolutions()
 {
-    QVector<IStructredSolution*> leaves;
-    for (IStructredSolution* const pEnd : m_ends)
-        for (IStructredSolution* const pLeaf : pEnd->GetLeafSolutions())
+    QVector<ISolution*> leaves;
+    for (ISolution* const pEnd : m_ends)
+        for (ISolution* const pLeaf : pEnd->GetLeafSolutions())
             if (!leaves.contains(pLeaf))
                 leaves.append(pLeaf);
     return leaves;
@@ -112,8 +127,8 @@ double CSolutionVariable::GetValue(const IVector3D& ijk) const
         return GetVector(ijk).x;
     const IVector3D inside = GetShape().Clamped(ijk);
     QVarLengthArray<double, 16> values;
-    for (const IStructredSolution* const pColumn : m_columns)
-        values.append(pColumn->GetValue(inside));
+    for (const ISolution* const pColumn : m_columns)
+        values.append(pColumn->GetValue(NearestIndex(*pColumn, inside)));
     return m_pFlat->Evaluate({values.data(), size_t(values.size())});
 }
 
@@ -124,7 +139,9 @@ DVector3D CSolutionVariable::GetVector(const IVector3D& ijk) const
     const IVector3D inside = GetShape().Clamped(ijk);
     std::vector<double> inputs;
     for (const SInput& input : m_inputs) {
-        const DVector3D vector = input.pSolution ? input.pSolution->GetVector(inside) : input.constant;
+        const DVector3D vector = input.pSolution
+                                     ? input.pSolution->GetVector(NearestIndex(*input.pSolution, inside))
+                                     : input.constant;
         inputs.insert(inputs.end(), {vector.x, vector.y, vector.z});
     }
     DVector3D result;
@@ -143,7 +160,9 @@ LoadStatus_e CSolutionVariable::FillValues(const SIJKRange& range, std::span<dou
     if (FillFromStored(range, out))
         return LoadOk;
     return ForEachSlice(range, [&](const SIJKRange& part) {
-        return FillSlice(part, out.subspan(range.IndexOf(part.min), part.Count()));
+        return Evaluate(
+            part.Count(), out.subspan(range.IndexOf(part.min), part.Count()),
+            [&](const ISolution& field, std::span<double> values) { return field.FillValues(part, values); });
     });
 }
 
@@ -154,9 +173,50 @@ LoadStatus_e CSolutionVariable::FillVectors(const SIJKRange& range, const SPoint
     return ForEachSlice(range, [&](const SIJKRange& part) {
         const qint64 nPlace = range.IndexOf(part.min);
         const qint64 nCount = part.Count();
-        return FillVectorSlice(part, {out.x.subspan(nPlace, nCount), out.y.subspan(nPlace, nCount),
-                                      out.z.subspan(nPlace, nCount)});
+        const SPointBuffers slice{out.x.subspan(nPlace, nCount), out.y.subspan(nPlace, nCount),
+                                  out.z.subspan(nPlace, nCount)};
+        return EvaluateVectors(nCount, slice, [&](const ISolution& field, const SPointBuffers& values) {
+            return field.FillVectors(part, values);
+        });
     });
+}
+
+LoadStatus_e CSolutionVariable::GatherValues(std::span<const qint64> points, std::span<double> out) const
+{
+    if (!m_pFlat) {
+        std::vector<double> others(2 * points.size());
+        const std::span<double> all(others);
+        return GatherVectors(points, {out, all.first(points.size()), all.subspan(points.size())});
+    }
+    for (size_t nFirst = 0; nFirst < points.size(); nFirst += PIECE) {
+        const std::span<const qint64> piece = points.subspan(nFirst, std::min(PIECE, points.size() - nFirst));
+        const LoadStatus_e eStatus =
+            Evaluate(qint64(piece.size()), out.subspan(nFirst, piece.size()),
+                     [&](const ISolution& field, std::span<double> values) {
+                         return field.GatherValues(Translated(piece, GetShape(), field.GetShape()), values);
+                     });
+        if (eStatus != LoadOk)
+            return eStatus;
+    }
+    return LoadOk;
+}
+
+LoadStatus_e CSolutionVariable::GatherVectors(std::span<const qint64> points, const SPointBuffers& out) const
+{
+    if (m_pFlat)
+        return CSolution::GatherVectors(points, out);
+    for (size_t nFirst = 0; nFirst < points.size(); nFirst += PIECE) {
+        const std::span<const qint64> piece = points.subspan(nFirst, std::min(PIECE, points.size() - nFirst));
+        const SPointBuffers slice{out.x.subspan(nFirst, piece.size()), out.y.subspan(nFirst, piece.size()),
+                                  out.z.subspan(nFirst, piece.size())};
+        const LoadStatus_e eStatus = EvaluateVectors(
+            qint64(piece.size()), slice, [&](const ISolution& field, const SPointBuffers& values) {
+                return field.GatherVectors(Translated(piece, GetShape(), field.GetShape()), values);
+            });
+        if (eStatus != LoadOk)
+            return eStatus;
+    }
+    return LoadOk;
 }
 
 /** One pass over the stored arrays, where the range is a run of each of them. */
@@ -169,7 +229,7 @@ bool CSolutionVariable::FillFromStored(const SIJKRange& range, std::span<double>
     const qint64 nFirst = shape.PointIndex(range.min);
     const size_t nCount = range.Count();
     std::vector<CFormulaColumn> columns;
-    for (const IStructredSolution* const pColumn : m_columns) {
+    for (const ISolution* const pColumn : m_columns) {
         if (!(pColumn->GetShape() == shape) || pColumn->ReadsInPart(range))
             return false;
         const SStoredValues stored = pColumn->GetStoredValues();
@@ -184,14 +244,15 @@ bool CSolutionVariable::FillFromStored(const SIJKRange& range, std::span<double>
     return true;
 }
 
-LoadStatus_e CSolutionVariable::FillSlice(const SIJKRange& part, std::span<double> out) const
+/** The formula at nCount points. @param read  read(field, values) of these points */
+template <class Read>
+LoadStatus_e CSolutionVariable::Evaluate(qint64 nCount, std::span<double> out, const Read& read) const
 {
-    const qint64 nCount = part.Count();
     std::vector<double> scratch(m_columns.size() * nCount);
     std::vector<CFormulaColumn> columns;
     for (size_t n = 0; n < m_columns.size(); ++n) {
         const std::span<double> values = std::span(scratch).subspan(n * nCount, nCount);
-        if (const LoadStatus_e eStatus = m_columns[n]->FillValues(part, values); eStatus != LoadOk)
+        if (const LoadStatus_e eStatus = read(*m_columns[n], values); eStatus != LoadOk)
             return eStatus;
         columns.emplace_back(std::span<const double>(values));
     }
@@ -199,16 +260,18 @@ LoadStatus_e CSolutionVariable::FillSlice(const SIJKRange& part, std::span<doubl
     return LoadOk;
 }
 
-LoadStatus_e CSolutionVariable::FillVectorSlice(const SIJKRange& part, const SPointBuffers& out) const
+/** Three components at nCount points. @param read  read(field, vectors) of these points */
+template <class Read>
+LoadStatus_e CSolutionVariable::EvaluateVectors(qint64 nCount, const SPointBuffers& out,
+                                                const Read& read) const
 {
-    const qint64 nCount = part.Count();
     std::vector<double> scratch(3 * m_inputs.size() * nCount);
     for (size_t nInput = 0; nInput < m_inputs.size(); ++nInput) {
         const std::span<double> all = std::span(scratch).subspan(3 * nInput * nCount, 3 * nCount);
         const SPointBuffers values{all.first(nCount), all.subspan(nCount, nCount), all.last(nCount)};
         const SInput& input = m_inputs[nInput];
         if (input.pSolution) {
-            if (const LoadStatus_e eStatus = input.pSolution->FillVectors(part, values); eStatus != LoadOk)
+            if (const LoadStatus_e eStatus = read(*input.pSolution, values); eStatus != LoadOk)
                 return eStatus;
             continue;
         }

@@ -16,7 +16,7 @@ public:
     /** One input: a field, which may be that of others too, or the same value everywhere. */
     struct SInput
     {
-        std::shared_ptr<IStructredSolution> pSolution;
+        std::shared_ptr<ISolution> pSolution;
         DVector3D constant;
     };
 
@@ -24,10 +24,11 @@ public:
     CSolutionVariable(std::shared_ptr<const SFieldRecipe> pRecipe, std::vector<SInput> inputs);
 
     void Dispose() override { delete this; }
+    IStructredSolution* AsStructured() override;
     bool Prepare() override;
     bool IsPrepared() const override;
     bool HasValue(const IVector3D& ijk) const override;
-    QVector<IStructredSolution*> GetLeafSolutions() override;
+    QVector<ISolution*> GetLeafSolutions() override;
 
     using IStructredSolution::GetValue;
     using IStructredSolution::GetVector;
@@ -35,23 +36,26 @@ public:
     DVector3D GetVector(const IVector3D& ijk) const override;
     LoadStatus_e FillValues(const SIJKRange& range, std::span<double> out) const override;
     LoadStatus_e FillVectors(const SIJKRange& range, const SPointBuffers& out) const override;
+    LoadStatus_e GatherValues(std::span<const qint64> points, std::span<double> out) const override;
+    LoadStatus_e GatherVectors(std::span<const qint64> points, const SPointBuffers& out) const override;
 
 private:
     bool IsVector() const { return m_pRecipe->eKind == KindVector; }
     void CoverWhatInputsCover();
     void Compose();
-    int ColumnOf(const IStructredSolution* pField);
+    int ColumnOf(const ISolution* pField);
     void CollectEnds();
     bool FillFromStored(const SIJKRange& range, std::span<double> out) const;
-    LoadStatus_e FillSlice(const SIJKRange& part, std::span<double> out) const;
-    LoadStatus_e FillVectorSlice(const SIJKRange& part, const SPointBuffers& out) const;
+    template <class Read> LoadStatus_e Evaluate(qint64 nCount, std::span<double> out, const Read& read) const;
+    template <class Read>
+    LoadStatus_e EvaluateVectors(qint64 nCount, const SPointBuffers& out, const Read& read) const;
     void Combine(std::span<const double> inputs, const SPointBuffers& out) const;
 
     const std::shared_ptr<const SFieldRecipe> m_pRecipe;
     const std::vector<SInput> m_inputs;
     // All that isn't computed and on which the field rests in the end, each once; owned by the inputs.
-    std::vector<IStructredSolution*> m_ends;
+    std::vector<ISolution*> m_ends;
     // A scalar formula over fields that aren't scalar formulas, each once. Null for any other field.
     std::shared_ptr<const CFormula> m_pFlat;
-    std::vector<const IStructredSolution*> m_columns; // owned by the inputs
+    std::vector<const ISolution*> m_columns; // owned by the inputs
 };

@@ -110,6 +110,34 @@ LoadStatus_e CStorageSolution<Real>::FillValues(const SIJKRange& range, std::spa
     return LoadOk;
 }
 
+template <class Real>
+LoadStatus_e CStorageSolution<Real>::GatherValues(std::span<const qint64> points, std::span<double> out) const
+{
+    const SBlockShape shape = this->GetShape();
+    if (!m_bFilled && !this->HasFailed() && IsPlainNumber() &&
+        m_partialReads.TakePoints(shape, qint64(points.size()), sizeof(Real))) {
+        const auto read = [&](size_t n) {
+            const IVector3D ijk = shape.Address(points[n]);
+            return CSolutionIO().ReadValues(*this, {ijk, ijk}, out.subspan(n, 1));
+        };
+        size_t n = 0;
+        while (n < points.size() && read(n))
+            ++n;
+        if (n == points.size())
+            return LoadOk;
+    }
+    if (const LoadStatus_e eStatus = EnsureLoaded(); eStatus != LoadOk)
+        return eStatus;
+    constexpr size_t PIECE = 1024;
+    std::array<Real, PIECE> stored;
+    for (size_t nFirst = 0; nFirst < points.size(); nFirst += PIECE) {
+        const std::span<const qint64> piece = points.subspan(nFirst, std::min(PIECE, points.size() - nFirst));
+        std::transform(piece.begin(), piece.end(), stored.begin(), [this](qint64 n) { return m_values[n]; });
+        Widen(stored.data(), qint64(piece.size()), out.data() + nFirst);
+    }
+    return LoadOk;
+}
+
 template <class Real> SStoredValues CStorageSolution<Real>::GetStoredValues() const
 {
     if (!IsPlainNumber() || EnsureLoaded() != LoadOk)

@@ -39,6 +39,7 @@ public:
     double GetValue(const IVector3D& ijk) const override;
     double GetValue(qint64 nIndex) const override;
     LoadStatus_e FillValues(const SIJKRange& range, std::span<double> out) const override;
+    LoadStatus_e GatherValues(std::span<const qint64> points, std::span<double> out) const override;
     SStoredValues GetStoredValues() const override;
     bool ReadsInPart(const SIJKRange& range) const override;
     const float* GetValuesSingle() override;

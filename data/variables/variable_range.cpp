@@ -9,8 +9,7 @@
 namespace {
 
 /** Adds the points that aren't blanked. */
-LoadStatus_e AddLiveRange(const IStructredSolution& field, const IStructredSolution& holes,
-                          SValueRange& range)
+LoadStatus_e AddLiveRange(const ISolution& field, const ISolution& holes, SValueRange& range)
 {
     std::vector<double> values, live;
     const SIJKRange common = Intersection(field.GetShape().Range(), holes.GetShape().Range());
@@ -28,7 +27,7 @@ LoadStatus_e AddLiveRange(const IStructredSolution& field, const IStructredSolut
     });
 }
 
-LoadStatus_e AddRange(IStructredSolution& field, const IStructredSolution* pHoles, SValueRange& range)
+LoadStatus_e AddRange(ISolution& field, const ISolution* pHoles, SValueRange& range)
 {
     if (pHoles)
         return AddLiveRange(field, *pHoles, range);

@@ -42,7 +42,8 @@ protected:
     }
     CLease<IStructredSolution> Field(const char* sName, qint64 nItemId, double dTime = STEADY_TIME)
     {
-        return CSolutionManager::Instance().GetSolution(Id(sName), SIMULATION, nItemId, -1, dTime);
+        return AsStructured(
+            CSolutionManager::Instance().GetSolution(Id(sName), SIMULATION, nItemId, -1, dTime));
     }
     CLease<IGrid> Grid(qint64 nItemId, double dTime = STEADY_TIME)
     {

@@ -52,6 +52,14 @@ public:
         return LoadOk;
     }
 
+    LoadStatus_e GatherPoints(std::span<const qint64> points, const SPointBuffers& out) const override
+    {
+        for (size_t n = 0; n < points.size(); ++n)
+            for (int nAxis = 0; nAxis < 3; ++nAxis)
+                out.Axis(nAxis)[n] = double(m_axes[nAxis][points[n]]);
+        return LoadOk;
+    }
+
     int m_nDisposed = 0;
     mutable std::atomic<qint64> m_nPointCalls = 0;
     mutable std::atomic<qint64> m_nFillCalls = 0;

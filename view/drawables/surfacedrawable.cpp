@@ -3,7 +3,7 @@
 #include "data/gridmanager.h"
 #include "data/grids/gridslices.h"
 #include "data/solutionmanager.h"
-#include "data/solutions/istructredsolution.h"
+#include "data/solutions/isolution.h"
 #include "data/variables/variablemanager.h"
 #include "frame/packs/bytestream.h"
 #include "frame/packs/jsoninteger.h"
@@ -137,7 +137,7 @@ LoadStatus_e CSurfaceDrawable::ReadPositions(std::span<DVector3D> positions)
     return eStatus;
 }
 
-CLease<IStructredSolution> CSurfaceDrawable::FieldOverPlane(qint64 nVariableId) const
+CLease<ISolution> CSurfaceDrawable::FieldOverPlane(qint64 nVariableId) const
 {
     auto pField = CSolutionManager::Instance().GetSolution(nVariableId, simulationId(), blockId(), ANY_SUB_ID,
                                                            m_dTimeCode);
@@ -162,7 +162,7 @@ LoadStatus_e CSurfaceDrawable::ReadValues(qint64 nVariableId, std::span<double> 
 double CSurfaceDrawable::ReadValue(qint64 nVariableId, qint64 nElement) const
 {
     const auto pField = FieldOverPlane(nVariableId);
-    return pField ? pField->GetValue(m_built.AddressOf(nElement)) : NO_VALUE;
+    return pField ? pField->GetValue(pField->GetShape().PointIndex(m_built.AddressOf(nElement))) : NO_VALUE;
 }
 
 LoadStatus_e CSurfaceDrawable::ReadVectors(qint64 nVariableId, std::span<DVector3D> vectors)

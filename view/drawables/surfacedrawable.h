@@ -4,7 +4,7 @@
 #include "data/idisposable.h"
 #include "view/mesh/surface.h"
 
-class IStructredSolution;
+class ISolution;
 
 /** Which index plane of a block a surface shows. Addresses are one-based, both ends included. */
 struct SSurfacePlane
@@ -59,7 +59,7 @@ protected:
 
 private:
     /** The field of a variable if it has values all over the plane that was built; null if not. */
-    CLease<IStructredSolution> FieldOverPlane(qint64 nVariableId) const;
+    CLease<ISolution> FieldOverPlane(qint64 nVariableId) const;
 
     SSurfacePlane m_plane;
     SSurfacePlane m_built; // what of it the block has; of cells if m_bCells

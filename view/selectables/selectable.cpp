@@ -31,7 +31,7 @@ SIJKRange CellsOf(const SIJKRange& nodes, const SBlockShape& cells)
     return {cells.Clamped(range.min), cells.Clamped(range.max)};
 }
 
-LoadStatus_e AddRange(const IStructredSolution& field, const SIJKRange& range, SValueRange& found)
+LoadStatus_e AddRange(const ISolution& field, const SIJKRange& range, SValueRange& found)
 {
     std::vector<double> values;
     return ForEachSlice(range, [&](const SIJKRange& part) {

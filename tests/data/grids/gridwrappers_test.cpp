@@ -148,6 +148,14 @@ TEST_P(WrappedGrids, BothRoadsLeadToTheSamePointsBitForBit)
         ASSERT_EQ(eStatus, m_grid.GetLeafGrids().isEmpty() ? LoadFailed : LoadOk);
         if (eStatus != LoadOk)
             continue;
+        std::vector<qint64> points(part.Count());
+        for (qint64 n = 0; n < part.Count(); ++n) // backwards
+            points[part.Count() - 1 - n] = shape.PointIndex(SBlockShape{part.Extent(), part.min}.Address(n));
+        std::vector<double> gx(part.Count()), gy = gx, gz = gx;
+        ASSERT_EQ(m_grid.GatherPoints(points, {gx, gy, gz}), LoadOk);
+        ASSERT_TRUE(std::equal(gx.rbegin(), gx.rend(), x.begin()) &&
+                    std::equal(gy.rbegin(), gy.rend(), y.begin()) &&
+                    std::equal(gz.rbegin(), gz.rend(), z.begin()));
         const SBlockShape partShape{part.Extent(), part.min};
         for (qint64 n = 0; n < part.Count(); ++n) {
             const IVector3D ijk = partShape.Address(n);
