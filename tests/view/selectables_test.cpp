@@ -116,6 +116,26 @@ TEST_F(Selectables, EverySettingComesBackFromBytesAndJson)
         EXPECT_FALSE(Selectable(1)->fromBinary(whole.left(nSize), -1.0)) << nSize;
 }
 
+TEST_F(Selectables, WhatALaterVersionSaysOfADrawableComesThroughThisOne)
+{
+    const CSurfaceSelectable* const pSurface = AddSurface();
+    IDrawable& drawable = *pSurface->drawables().first();
+    const QByteArray former = drawable.toBinary();
+    QJsonObject json = drawable.toJson();
+    EXPECT_TRUE(drawable.fromJson(json));
+    EXPECT_EQ(drawable.toBinary().size(), former.size()) << "all of it is known";
+    json["glow"] = QJsonObject{{"radius", 3}};
+    EXPECT_TRUE(drawable.fromJson(json));
+    EXPECT_EQ(drawable.toJson(), json);
+    const QByteArray later = drawable.toBinary();
+    EXPECT_TRUE(drawable.fromBinary(former, -1.0));
+    EXPECT_FALSE(drawable.toJson().contains("glow"));
+    EXPECT_TRUE(drawable.fromBinary(later, -1.0));
+    EXPECT_EQ(drawable.toJson(), json);
+    drawable.fromJson({{"contourCount", 3}});
+    EXPECT_TRUE(drawable.toJson().contains("glow")) << "what isn't named stays";
+}
+
 TEST_F(Selectables, AStoredBlockBringsItsNumberOfFaces)
 {
     Set(CPreferences::Instance(), PreferenceKey::DEFAULT_FACE, 6);

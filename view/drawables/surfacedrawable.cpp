@@ -244,7 +244,10 @@ bool CSurfaceDrawable::fromJson(const QJsonObject& display)
     plane.start = ToVector(display["ijkMin"], plane.start);
     plane.end = ToVector(display["ijkMax"], plane.end);
     setPlane(plane);
-    return CSurface::fromJson(display);
+    QJsonObject rest = display; // what is left over is unknown
+    for (const char* const sKey : {"constantDirection", "constantValue", "ijkMin", "ijkMax"})
+        rest.remove(sKey);
+    return CSurface::fromJson(rest);
 }
 
 QByteArray CSurfaceDrawable::toBinary() const

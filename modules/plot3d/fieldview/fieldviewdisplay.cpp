@@ -4,6 +4,7 @@
 #include "cases/display/pairjson.h"
 #include "cases/files/storedcamera.h"
 #include "modules/plot3d/fieldview/fieldviewdrawable.h"
+#include "scene/displaystate.h"
 
 #include <QJsonArray>
 #include <QVector3D>
@@ -43,18 +44,18 @@ class CLegendRow
 public:
     void Place(QJsonObject& surface)
     {
-        constexpr const char* LEGEND = "annotationColormap";
         constexpr int FIRST = 50, STEP = 150; // [pixels]
         QJsonObject drawable = surface["drawables"].toArray()[0].toObject();
-        QJsonObject legend = drawable[LEGEND].toObject();
+        QJsonObject legend = drawable[DisplayJson::LEGEND].toObject();
         if (!legend["visible"].toBool())
             return;
-        const QJsonArray key{drawable["scalarVariable"], drawable["colormapName"], drawable["colormapRange"]};
+        const QJsonArray key{drawable[DisplayKeyOf(&SDisplayState::nScalarVariable)],
+                             drawable[DisplayJson::COLORMAP_NAME], drawable[DisplayJson::COLORMAP_RANGE]};
         legend["visible"] = !m_shown.contains(key);
         legend["x"] = FIRST + STEP * m_shown.size();
         if (!m_shown.contains(key))
             m_shown.append(key);
-        drawable[LEGEND] = legend;
+        drawable[DisplayJson::LEGEND] = legend;
         surface["drawables"] = QJsonArray{drawable};
     }
 
@@ -88,7 +89,7 @@ QJsonObject Hidden(QJsonObject display)
     QJsonArray drawables;
     for (const QJsonValue& value : display["drawables"].toArray()) {
         QJsonObject drawable = value.toObject();
-        drawable["visible"] = false;
+        drawable[DisplayKeyOf(&SDisplayState::bVisible)] = false;
         drawables.append(drawable);
     }
     display["drawables"] = drawables;
@@ -133,7 +134,8 @@ QJsonArray ToBlocks(const SFieldViewRestart& restart, const QJsonArray& shown)
         block[DISPLAY] = WithSurfaces(block[DISPLAY].toObject(), surfaces.take(nGrid));
         blocks.append(block);
     }
-    const QJsonObject hidden = {{"drawables", QJsonArray{QJsonObject{{"visible", false}}}}};
+    const QJsonObject hidden = {
+        {"drawables", QJsonArray{QJsonObject{{DisplayKeyOf(&SDisplayState::bVisible), false}}}}};
     for (auto it = surfaces.constBegin(); it != surfaces.constEnd(); ++it)
         blocks.append(
             QJsonObject{{NAME, QString(GRID).arg(it.key())}, {DISPLAY, WithSurfaces(hidden, it.value())}});
