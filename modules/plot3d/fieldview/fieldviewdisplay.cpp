@@ -5,6 +5,7 @@
 #include "cases/files/storedcamera.h"
 #include "modules/plot3d/fieldview/fieldviewdrawable.h"
 #include "scene/displaystate.h"
+#include "view/mesh/surfaceplane.h"
 
 #include <QJsonArray>
 #include <QVector3D>
@@ -20,22 +21,19 @@ QJsonArray ToJson(const DVector3D& point) { return {point.x, point.y, point.z}; 
 QJsonObject ToSurface(const SFieldViewRestart& restart, const SFieldViewSurface& surface)
 {
     constexpr qint64 END_OF_BLOCK = 1'000'000;
-    QJsonArray constants, first, last;
+    SSurfacePlane plane;
+    plane.nDirection = surface.nDirection;
     for (int nAxis = 0; nAxis < 3; ++nAxis) {
-        constants.append(surface.current[nAxis]);
-        first.append(surface.first[nAxis].value_or(1));
-        last.append(surface.last[nAxis].value_or(END_OF_BLOCK));
+        plane.constants[nAxis] = surface.current[nAxis];
+        plane.start[nAxis] = surface.first[nAxis].value_or(1);
+        plane.end[nAxis] = surface.last[nAxis].value_or(END_OF_BLOCK);
     }
     QJsonObject drawable = ToFieldViewDrawable(restart, surface.look);
-    drawable["constantDirection"] = surface.nDirection;
-    drawable["constantValue"] = constants;
-    drawable["ijkMin"] = first;
-    drawable["ijkMax"] = last;
-    return {{"constantDirection", surface.nDirection},
-            {"constantValue", constants},
-            {"hidden", !surface.look.bVisible},
-            {"selected", false},
-            {"drawables", QJsonArray{drawable}}};
+    Definitions::AddToJson(plane, drawable);
+    QJsonObject shown{
+        {"hidden", !surface.look.bVisible}, {"selected", false}, {"drawables", QJsonArray{drawable}}};
+    Definitions::AddToJson(plane, shown, true);
+    return shown;
 }
 
 /** Surfaces of the same colours share a legend; others stand beside each other. */
