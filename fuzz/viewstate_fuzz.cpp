@@ -42,8 +42,8 @@ CPlot3DSimulation& MakeCase()
     CSimulationManager::Instance().AddSimulation(pSimulation, VIEW);
     Make(*pSimulation, KindBlock, -1, "Block 1");
     Make(*pSimulation, KindBlock, -1, "Block 2");
-    SetPlane(Make(*pSimulation, KindSurface, 1, "Surface"), FacePlane({5, 4, 3}, 2));
-    SetPlane(Make(*pSimulation, KindBoundarySurface, 1, "wall"), FacePlane({5, 4, 3}, 0));
+    Definitions::ToPack(FacePlane({5, 4, 3}, 2), Make(*pSimulation, KindSurface, 1, "Surface"));
+    Definitions::ToPack(FacePlane({5, 4, 3}, 0), Make(*pSimulation, KindBoundarySurface, 1, "wall"));
     pSimulation->CreateDefaultSelectables(VIEW);
     return *pSimulation;
 }

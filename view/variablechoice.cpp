@@ -94,15 +94,15 @@ void ShowThreshold(ISelectable& selectable, qint64 nId)
 struct SRole
 {
     VariableKind_e eKind;
-    qint64 (CDrawableGroup::*Get)() const;
+    qint64 SDisplayState::*pVariable;
     void (*Show)(ISelectable&, qint64 nId);
     const char* sInvalid;
 };
 
 constexpr SRole ROLES[] = {
-    {KindScalar, &CDrawableGroup::scalarVariable, ShowScalar, "This is not a valid value for the scalar."},
-    {KindVector, &CDrawableGroup::vectorVariable, ShowVector, "This is not a valid value for the vector."},
-    {KindScalar, &CDrawableGroup::thresholdVariable, ShowThreshold,
+    {KindScalar, &SDisplayState::nScalarVariable, ShowScalar, "This is not a valid value for the scalar."},
+    {KindVector, &SDisplayState::nVectorVariable, ShowVector, "This is not a valid value for the vector."},
+    {KindScalar, &SDisplayState::nThresholdVariable, ShowThreshold,
      "This is not a valid value for the threshold."},
 };
 
@@ -111,13 +111,14 @@ bool HasDrawables(const ISelectable* pSelectable) { return !pSelectable->drawabl
 /** The variable of each item that can have one, and whether they all are the same. */
 std::pair<qint64, bool> Common(const QVector<ISelectable*>& subjects, VariableRole_e eRole)
 {
-    const auto get = ROLES[eRole].Get;
+    const auto pVariable = ROLES[eRole].pVariable;
     const auto first = std::find_if(subjects.begin(), subjects.end(), HasDrawables);
     if (first == subjects.end())
         return {NO_ID, true};
-    const qint64 nId = ((*first)->*get)();
-    const bool bSame = std::all_of(
-        first, subjects.end(), [&](const ISelectable* p) { return !HasDrawables(p) || (p->*get)() == nId; });
+    const qint64 nId = (*first)->Value(pVariable);
+    const bool bSame = std::all_of(first, subjects.end(), [&](const ISelectable* p) {
+        return !HasDrawables(p) || p->Value(pVariable) == nId;
+    });
     return {bSame ? nId : NO_ID, bSame};
 }
 

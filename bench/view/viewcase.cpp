@@ -122,7 +122,7 @@ void CViewCase::MakeSurfaces()
     for (int n = 0; n < FACES * m_nBlocks; ++n) {
         auto& pSurface =
             m_surfaces.emplace_back(std::make_unique<CSurfaceDrawable>(m_nSimulation, VIEW, n / FACES + 1));
-        pSurface->setPlane(FacePlane({m_nSide, m_nSide, m_nSide}, n % FACES));
+        pSurface->setDefinition(FacePlane({m_nSide, m_nSide, m_nSide}, n % FACES));
         pSurface->setDisplayTypeQuick(DisplayShaded);
         pSurface->setScalarVariable(VariableId(0));
         pSurface->setGeometricColor(false);

@@ -2,6 +2,7 @@
 
 #include "cases/display/overrideblocks.h"
 #include "cases/display/overridefields.h"
+#include "view/mesh/surfaceplane.h"
 
 namespace {
 
@@ -14,8 +15,9 @@ struct SSurfaceRow
     OverrideType_e eType;
 };
 
-constexpr SSurfaceRow s_surfaceFields[] = {{"constantDirection", OverrideDirection},
-                                           {"constantValue", OverrideIndices}};
+constexpr SSurfaceRow s_surfaceFields[] = {
+    {Definitions::KeyOf(&SSurfacePlane::nDirection), OverrideDirection},
+    {Definitions::KeyOf(&SSurfacePlane::constants), OverrideIndices}};
 
 /** A field of mirror or sectors: an axis letter behind the head. */
 struct SPairRow

@@ -1,5 +1,7 @@
 #include "cases/display/overridefields.h"
 
+#include "scene/displaystate.h"
+
 #include <QJsonArray>
 
 namespace {
@@ -7,14 +9,15 @@ namespace {
 constexpr const char* SEEDS = "seeds";
 constexpr const char* SEED_HINTS[] = {"seedZoneIds", "seedIJKs"}; // of the seeds that were
 
-constexpr SOverrideField s_fields[] = {
+const SOverrideField s_fields[] = {
     {"coordinateSurface", "coordinateSurfaces", "planeNormal", OverridePoint, SOverrideField::InObject,
      "selectable"},
     {"coordinateSurface", "coordinateSurfaces", "planeValue", OverrideNumber, SOverrideField::InObject,
      "selectable"},
     {"isoSurface", "isoSurfaces", "isoVariable", OverrideString, SOverrideField::InList, "drawables"},
     {"isoSurface", "isoSurfaces", "isoValue", OverrideNumber, SOverrideField::InList, "drawables"},
-    {"isoSurface", "isoSurfaces", "scalarVariable", OverrideString, SOverrideField::InList, "drawables"},
+    {"isoSurface", "isoSurfaces", DisplayKeyOf(&SDisplayState::nScalarVariable), OverrideString,
+     SOverrideField::InList, "drawables"},
     {"extremePoint", "extremePoints", "extremeVariable", OverrideString},
     {OverrideFields::STREAMLINE, "streamlines", "showSeeds", OverrideBool},
     {OverrideFields::STREAMLINE, "streamlines", SEEDS, OverridePoints, SOverrideField::InObject,

@@ -1,7 +1,6 @@
 #include "cases/display/viewjson.h"
 
 #include "frame/messagesink.h"
-#include "frame/packs/jsoninteger.h"
 #include "scene/iselectable.h"
 #include "scene/selectablekind.h"
 #include "scene/selectablemanager.h"
@@ -115,25 +114,15 @@ void ApplyTo(ISelectable& selectable, const QJsonObject& display)
         manager.NotifyMaskChanged(&selectable);
 }
 
-/** Beyond that of any block; what the block has is seen when the plane is built. */
-constexpr qint64 HIGHEST_INDEX = 1'000'000'000;
-
-SSurfacePlane PlaneOf(const QJsonObject& surface, const IVector3D& dimensions)
-{
-    const int nDirection = std::clamp(surface["constantDirection"].toInt(2), 0, 2);
-    SSurfacePlane plane = FacePlane(dimensions, 2 * nDirection);
-    const QJsonArray constants = surface["constantValue"].toArray();
-    for (int nAxis = 0; nAxis < 3 && constants.size() == 3; ++nAxis)
-        plane.constants[nAxis] = ToInteger(constants[nAxis], 1, 1, HIGHEST_INDEX);
-    return plane;
-}
-
 /** Surfaces that the block lacks come behind those that it has. */
 void MakeSurfaces(ISimulation& simulation, const CItem& block, const QJsonArray& surfaces, qint64 nViewId)
 {
-    for (int n = ShownChildren(simulation, block, KindSurface, nViewId).size(); n < surfaces.size(); ++n)
-        if (!CreateSurfaceItem(simulation, block.GetId(), PlaneOf(surfaces[n].toObject(), block.GetSize())))
+    for (int n = ShownChildren(simulation, block, KindSurface, nViewId).size(); n < surfaces.size(); ++n) {
+        SSurfacePlane plane = FacePlane(block.GetSize(), 4);
+        Definitions::FromJson(surfaces[n].toObject(), plane);
+        if (!CreateSurfaceItem(simulation, block.GetId(), plane))
             return;
+    }
 }
 
 void ApplyBoundaries(const ISimulation& simulation, const CItem& block, const QJsonArray& boundaries,

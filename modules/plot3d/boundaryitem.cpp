@@ -1,7 +1,7 @@
 #include "modules/plot3d/boundaryitem.h"
 
 #include "modules/plot3d/plot3dkeys.h"
-#include "simulation/surfacekeys.h"
+#include "view/mesh/surfaceplane.h"
 
 void CBoundaryItem::SetRecord(const SBoundaryRecord& record)
 {
@@ -14,10 +14,8 @@ void CBoundaryItem::SetRecord(const SBoundaryRecord& record)
     Set(*this, BoundaryKey::FLIP, record.bFlip);
     Set(*this, BoundaryKey::DIRECTION, record.nDirection);
     // The views show it as a plane of its block.
-    Set(*this, SurfaceKey::DIRECTION, std::max(record.nFace, 0) / 2);
-    Set(*this, SurfaceKey::CONSTANTS, record.min);
-    Set(*this, SurfaceKey::START, record.min);
-    Set(*this, SurfaceKey::END, record.max);
+    Definitions::ToPack(SSurfacePlane{std::max(record.nFace, 0) / 2, record.min, record.min, record.max},
+                        *this);
     SetName(QString("Boundary '%1' \u2014 Block %2").arg(record.sTypeName, QString::number(record.nBlock)),
             0);
 }

@@ -22,16 +22,19 @@ protected:
         m_pSimulation->GetItem(1)->CreateSelectable(VIEW);
         return static_cast<CItemSelectable*>(Selectable(1));
     }
+    /** As its JSON tells it. */
     static SSurfacePlane PlaneOfDrawable(const ISelectable* pSelectable, int n = 0)
     {
-        return static_cast<CSurfaceDrawable*>(pSelectable->drawables()[n])->plane();
+        SSurfacePlane plane;
+        Definitions::FromJson(pSelectable->toJsonBlock()["drawables"].toArray()[n].toObject(), plane);
+        return plane;
     }
     template <class Kind> std::unique_ptr<Kind> MakeOfType(qint64 nType)
     {
         CItem* const pItem = m_pSimulation->CreateItem(nType, 0, true, 0, -1, 0);
         pItem->SetName("wing", 0);
         pItem->SetParentId(1, true);
-        SetPlane(*pItem, FacePlane({5, 4, 3}, 1));
+        Definitions::ToPack(FacePlane({5, 4, 3}, 1), *pItem);
         return std::unique_ptr<Kind>(dynamic_cast<Kind*>(m_factory.CreateItemSelectable(*pItem, VIEW)));
     }
 };
@@ -116,6 +119,26 @@ TEST_F(Selectables, EverySettingComesBackFromBytesAndJson)
         EXPECT_FALSE(Selectable(1)->fromBinary(whole.left(nSize), -1.0)) << nSize;
 }
 
+TEST_F(Selectables, WhatALaterVersionSaysOfADrawableComesThroughThisOne)
+{
+    const CSurfaceSelectable* const pSurface = AddSurface();
+    IDrawable& drawable = *pSurface->drawables().first();
+    const QByteArray former = drawable.toBinary();
+    QJsonObject json = drawable.toJson();
+    EXPECT_TRUE(drawable.fromJson(json));
+    EXPECT_EQ(drawable.toBinary().size(), former.size()) << "all of it is known";
+    json["glow"] = QJsonObject{{"radius", 3}};
+    EXPECT_TRUE(drawable.fromJson(json));
+    EXPECT_EQ(drawable.toJson(), json);
+    const QByteArray later = drawable.toBinary();
+    EXPECT_TRUE(drawable.fromBinary(former, -1.0));
+    EXPECT_FALSE(drawable.toJson().contains("glow"));
+    EXPECT_TRUE(drawable.fromBinary(later, -1.0));
+    EXPECT_EQ(drawable.toJson(), json);
+    drawable.fromJson({{"contourCount", 3}});
+    EXPECT_TRUE(drawable.toJson().contains("glow")) << "what isn't named stays";
+}
+
 TEST_F(Selectables, AStoredBlockBringsItsNumberOfFaces)
 {
     Set(CPreferences::Instance(), PreferenceKey::DEFAULT_FACE, 6);
@@ -166,7 +189,11 @@ TEST_F(Selectables, ASurfaceStaysInsideItsBlockAndTellsWhereItIs)
     EXPECT_EQ(Get(*pSurface, SelectableKey::COLUMN, 2), "I");
     const SSurfacePlane plane = PlaneOfDrawable(pSurface);
     EXPECT_EQ(plane.Range(), (SIJKRange{{5, 3, 1}, {5, 4, 3}}));
-    EXPECT_EQ(PlaneOf(*m_pSimulation->GetItem(pSurface->itemId())), plane) << "later views start from it";
+    auto* const pDrawable = static_cast<CSurfaceDrawable*>(pSurface->drawables().first());
+    pDrawable->build();
+    EXPECT_EQ(pDrawable->positions().size(), 6U) << "it has been handed on";
+    EXPECT_EQ(Definitions::FromPack<SSurfacePlane>(*m_pSimulation->GetItem(pSurface->itemId())), plane)
+        << "later views start from it";
     pSurface->setConstantDirection(1);
     EXPECT_EQ(pSurface->startIndices(), (IVector3D{1, 1, 1})) << "a new direction takes the whole block";
     EXPECT_EQ(CreateSurfaceItem(*m_pSimulation, 77, {}), nullptr);

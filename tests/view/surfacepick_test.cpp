@@ -10,7 +10,7 @@ TEST_F(SurfacePick, APickedPointIsThatOfTheGridWithTheValueOfTheField)
     OpenTwoBlocks();
     CSurfaceDrawable surface(SIMULATION, 99, 1);
     SSurfacePlane plane{1, {1, 3, 1}, {2, 1, 1}, {5, 4, 3}}; // J = 3, I from 2
-    surface.setPlane(plane);
+    surface.setDefinition(plane);
     surface.setScalarVariable(Id("RE"));
     surface.build();
     const auto pGrid = Grid(1);
@@ -29,7 +29,7 @@ TEST_F(SurfacePick, APickedPointIsThatOfTheGridWithTheValueOfTheField)
     }
     EXPECT_FALSE(surface.pickedPoint(12).bHasPoint);
     plane.end = {3, 4, 3};
-    surface.setPlane(plane);
+    surface.setDefinition(plane);
     surface.build(); // the former tree and its places are gone
     EXPECT_EQ(surface.pickTree().Items().size(), std::size_t(6 + 7 + 4));
 }

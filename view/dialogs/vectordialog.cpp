@@ -15,12 +15,12 @@
 namespace {
 
 /** Of several items the value of the first one that has any; dNone otherwise. */
-double FirstScale(const QVector<ISelectable*>& items, double (IDrawable::*scale)() const, double dNone)
+double FirstScale(const QVector<ISelectable*>& items, double SDisplayState::*scale, double dNone)
 {
     for (const ISelectable* const pItem : items)
         for (const IDrawable* const pDrawable : pItem->drawables())
-            if ((pDrawable->*scale)() != NO_VALUE)
-                return (pDrawable->*scale)();
+            if (pDrawable->Value(scale) != NO_VALUE)
+                return pDrawable->Value(scale);
     return dNone;
 }
 
@@ -66,33 +66,33 @@ void CVectorDialog::Fill()
     const qint64 nPlane = m_items.isEmpty() ? 0 : m_items.first()->vectorPlane();
     const bool bKnown = nPlane >= 0 && nPlane < m_pUi->m_pPlaneCB->count();
     m_pUi->m_pPlaneCB->setCurrentIndex(bKnown ? int(nPlane) : 0);
-    m_pUi->m_pHeadScaleE->setValue(FirstScale(m_items, &IDrawable::vectorHeadScale, DEFAULT_SCALE));
-    m_pUi->m_pBodyScaleE->setValue(FirstScale(m_items, &IDrawable::vectorBodyScale, DEFAULT_SCALE));
+    m_pUi->m_pHeadScaleE->setValue(FirstScale(m_items, &SDisplayState::dVectorHeadScale, DEFAULT_SCALE));
+    m_pUi->m_pBodyScaleE->setValue(FirstScale(m_items, &SDisplayState::dVectorBodyScale, DEFAULT_SCALE));
     const qint64 nSkip = m_items.isEmpty() ? 0 : m_items.first()->vectorSkip();
     m_pUi->m_pSkipE->setValue(int(std::max<qint64>(nSkip, 0)));
 }
 
-template <class Setter, class Value> void CVectorDialog::Store(Setter setter, Value value)
+template <class Member, class Value> void CVectorDialog::Store(Member member, Value value)
 {
     if (m_bFilling)
         return;
     for (ISelectable* const pItem : std::as_const(m_items))
         if (CSelectableManager::Instance().Exists(pItem))
-            (pItem->*setter)(value);
+            pItem->Change(member, value);
     RedrawViews(m_nSimulationId);
 }
 
 void CVectorDialog::on_m_pPlaneCB_currentIndexChanged(int index)
 {
-    Store(&ISelectable::setVectorPlane, index);
+    Store(&SDisplayState::nVectorPlane, index);
 }
 void CVectorDialog::on_m_pHeadScaleE_valueChanged(double arg1)
 {
-    Store(&ISelectable::setVectorHeadScale, arg1);
+    Store(&SDisplayState::dVectorHeadScale, arg1);
 }
 void CVectorDialog::on_m_pBodyScaleE_valueChanged(double arg1)
 {
-    Store(&ISelectable::setVectorBodyScale, arg1);
+    Store(&SDisplayState::dVectorBodyScale, arg1);
 }
-void CVectorDialog::on_m_pSkipE_valueChanged(int arg1) { Store(&ISelectable::setVectorSkip, arg1); }
+void CVectorDialog::on_m_pSkipE_valueChanged(int arg1) { Store(&SDisplayState::nVectorSkip, arg1); }
 void CVectorDialog::on_m_pCloseB_clicked() { accept(); }

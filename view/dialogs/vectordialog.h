@@ -31,7 +31,7 @@ private slots:
 
 private:
     void Fill();
-    template <class Setter, class Value> void Store(Setter setter, Value value);
+    template <class Member, class Value> void Store(Member member, Value value);
 
     const qint64 m_nSimulationId;
     const std::unique_ptr<Ui::CVectorDialog> m_pUi;

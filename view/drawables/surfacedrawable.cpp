@@ -5,13 +5,9 @@
 #include "data/solutionmanager.h"
 #include "data/solutions/isolution.h"
 #include "data/variables/variablemanager.h"
-#include "frame/packs/bytestream.h"
-#include "frame/packs/jsoninteger.h"
 #include "scene/iselectable.h"
 #include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
-
-#include <QJsonArray>
 
 namespace {
 
@@ -46,56 +42,13 @@ SSurfacePlane OfCells(SSurfacePlane plane, const IVector3D& cells)
     return plane;
 }
 
-QJsonArray ToJson(const IVector3D& v) { return {qint64(v.i), qint64(v.j), qint64(v.k)}; }
-
-IVector3D ToVector(const QJsonValue& value, const IVector3D& fallback)
-{
-    const QJsonArray array = value.toArray();
-    if (array.size() < 3)
-        return fallback;
-    return {ToInteger(array[0]), ToInteger(array[1]), ToInteger(array[2])};
-}
-
 } // namespace
-
-SSurfaceSize SSurfacePlane::Size() const
-{
-    const auto count = [this](int nAxis) { return std::max<qint64>(end[nAxis] - start[nAxis] + 1, 0); };
-    return {count(RowAxis()), count(ColumnAxis())};
-}
-
-SIJKRange SSurfacePlane::Range() const
-{
-    SIJKRange range{start, end};
-    range.min[nDirection] = range.max[nDirection] = constants[nDirection];
-    return range;
-}
-
-IVector3D SSurfacePlane::AddressOf(qint64 nElement) const
-{
-    const qint64 nColumns = std::max<qint64>(Size().nColumns, 1);
-    IVector3D ijk = start;
-    ijk[nDirection] = constants[nDirection];
-    ijk[RowAxis()] += nElement / nColumns;
-    ijk[ColumnAxis()] += nElement % nColumns;
-    return ijk;
-}
-
-SSurfacePlane FacePlane(const IVector3D& dimensions, int nFace)
-{
-    SSurfacePlane plane;
-    plane.nDirection = nFace / 2;
-    plane.end = dimensions;
-    if (nFace % 2 == 1)
-        plane.constants = dimensions;
-    return plane;
-}
 
 CSurfaceDrawable::CSurfaceDrawable(qint64 nSimulationId, qint64 nViewId, qint64 nBlockId)
     : CSurface(nSimulationId, nViewId, nBlockId)
 {}
 
-void CSurfaceDrawable::setPlane(const SSurfacePlane& plane)
+void CSurfaceDrawable::setDefinition(const SSurfacePlane& plane)
 {
     if (plane == m_plane)
         return;
@@ -200,53 +153,4 @@ QString CSurfaceDrawable::ItemName() const
 {
     const QVector<ISelectable*> owners = ownerSelectables();
     return owners.isEmpty() ? QString() : owners.first()->name();
-}
-
-QJsonObject CSurfaceDrawable::toJson() const
-{
-    QJsonObject display = CSurface::toJson();
-    display["constantDirection"] = m_plane.nDirection;
-    display["constantValue"] = ToJson(m_plane.constants);
-    display["ijkMin"] = ToJson(m_plane.start);
-    display["ijkMax"] = ToJson(m_plane.end);
-    return display;
-}
-
-bool CSurfaceDrawable::fromJson(const QJsonObject& display)
-{
-    SSurfacePlane plane = m_plane;
-    plane.nDirection = std::clamp(display["constantDirection"].toInt(plane.nDirection), 0, 2);
-    plane.constants = ToVector(display["constantValue"], plane.constants);
-    plane.start = ToVector(display["ijkMin"], plane.start);
-    plane.end = ToVector(display["ijkMax"], plane.end);
-    setPlane(plane);
-    return CSurface::fromJson(display);
-}
-
-QByteArray CSurfaceDrawable::toBinary() const
-{
-    CByteWriter writer;
-    writer.Write(qint32(m_plane.nDirection));
-    for (const IVector3D* const pVector : {&m_plane.constants, &m_plane.start, &m_plane.end})
-        writer.WriteWords(pVector, 3);
-    writer.Write(CSurface::toBinary());
-    return writer.Take();
-}
-
-bool CSurfaceDrawable::fromBinary(const QByteArray& bytes, double dVersion)
-{
-    CByteReader reader(bytes);
-    SSurfacePlane plane;
-    qint32 nDirection = 0;
-    QByteArray base;
-    if (!reader.Read(nDirection) || nDirection < 0 || nDirection > 2)
-        return false;
-    plane.nDirection = nDirection;
-    for (IVector3D* const pVector : {&plane.constants, &plane.start, &plane.end})
-        if (!reader.ReadWords(pVector, 3))
-            return false;
-    if (!reader.Read(base))
-        return false;
-    setPlane(plane);
-    return CSurface::fromBinary(base, dVersion);
 }

@@ -28,9 +28,9 @@ bool CSurface::needsBuild() const
 {
     if (CurrentTime() != m_dTimeCode || IsToBeReadAgain(m_sinceFailure))
         return true;
-    if (!m_bGeometryValid || !m_bValuesValid || !m_bThresholdsValid)
+    if (IsStale(Stale::GEOMETRY | Stale::VALUES | Stale::THRESHOLDS))
         return true;
-    return (drawVectors() && !m_bVectorsValid) || (drawContours() && !m_bContoursValid);
+    return (drawVectors() && IsStale(Stale::VECTORS)) || (drawContours() && IsStale(Stale::CONTOURS));
 }
 
 void CSurface::build()
@@ -40,15 +40,15 @@ void CSurface::build()
         invalidateAll();
         m_dTimeCode = CurrentTime();
     }
-    if (!m_bGeometryValid)
+    if (IsStale(Stale::GEOMETRY))
         BuildGeometry();
-    if (!m_bValuesValid)
+    if (IsStale(Stale::VALUES))
         BuildValues();
-    if (!m_bThresholdsValid)
+    if (IsStale(Stale::THRESHOLDS))
         BuildThresholds();
-    if (drawVectors() && !m_bVectorsValid)
+    if (drawVectors() && IsStale(Stale::VECTORS))
         BuildVectors();
-    if (drawContours() && !m_bContoursValid)
+    if (drawContours() && IsStale(Stale::CONTOURS))
         BuildContourLines();
 }
 
@@ -63,10 +63,10 @@ void CSurface::Clear()
 
 void CSurface::BuildGeometry()
 {
-    m_bGeometryValid = true;
+    SetBuilt(Stale::GEOMETRY);
     m_bStale[StaleGeometry] = m_bStale[StaleNormals] = true;
     // All else hangs on the elements.
-    m_bValuesValid = m_bThresholdsValid = m_bVectorsValid = m_bContoursValid = false;
+    Invalidate(Stale::ALL & ~Stale::GEOMETRY);
     Clear();
     m_modelMatrix = CurrentModelMatrix();
     m_size = ReadSize();
@@ -103,13 +103,13 @@ bool CSurface::IsHole(qint64 nElement) const { return showHoles() && !m_holes.em
 
 void CSurface::BuildValues()
 {
-    m_bValuesValid = true;
+    SetBuilt(Stale::VALUES);
     m_bStale[StaleValues] = m_bStale[StaleVectors] = true; // arrows carry the values too
-    m_bContoursValid = false;
+    invalidateContours();
     m_values.clear();
     m_minimum = m_maximum = {};
-    m_colormap.dLocalMinimum = std::numeric_limits<double>::max();
-    m_colormap.dLocalMaximum = std::numeric_limits<double>::lowest();
+    m_state.colormap.dLocalMinimum = std::numeric_limits<double>::max();
+    m_state.colormap.dLocalMaximum = std::numeric_limits<double>::lowest();
     const qint64 nVariable = effectiveScalarVariable();
     if (nVariable == -1 || m_size.Count() == 0)
         return;
@@ -145,15 +145,15 @@ void CSurface::RecordExtremes(std::span<const double> values)
     };
     m_minimum = record(nLeast);
     m_maximum = record(nGreatest);
-    m_colormap.dLocalMinimum = values[nLeast];
-    m_colormap.dLocalMaximum = values[nGreatest];
+    m_state.colormap.dLocalMinimum = values[nLeast];
+    m_state.colormap.dLocalMaximum = values[nGreatest];
 }
 
 void CSurface::BuildThresholds()
 {
-    m_bThresholdsValid = true;
+    SetBuilt(Stale::THRESHOLDS);
     m_bStale[StaleThresholds] = m_bStale[StaleVectors] = true; // arrows and contours carry them too
-    m_bContoursValid = false;
+    invalidateContours();
     m_thresholds.clear();
     if (!m_holes.empty())
         MeasureBounds(); // holes that come on show count, those that go don't
@@ -175,7 +175,7 @@ void CSurface::BuildThresholds()
 
 void CSurface::BuildVectors()
 {
-    m_bVectorsValid = true;
+    SetBuilt(Stale::VECTORS);
     m_bStale[StaleVectors] = true;
     m_vectors.assign(m_size.Count(), {});
     if (m_size.Count() == 0 || !WasRead(ReadVectors(vectorVariable(), m_vectors)))
@@ -185,7 +185,7 @@ void CSurface::BuildVectors()
 
 void CSurface::BuildContourLines()
 {
-    m_bContoursValid = true;
+    SetBuilt(Stale::CONTOURS);
     m_bStale[StaleContours] = true;
     m_contours = {};
     if (m_values.empty())

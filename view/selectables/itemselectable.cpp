@@ -14,7 +14,7 @@ constexpr qint64 GRID_UNSTRUCTURED = 2;
 } // namespace
 
 CItemSelectable::CItemSelectable(const CItem& item, qint64 nViewId)
-    : CSelectable(item, nViewId, item.GetType())
+    : CShapeSelectable(item, nViewId, item.GetType())
 {
     Set(*this, SelectableKey::IS_MAIN, item.GetType() == KindBlock);
     Set(*this, SelectableKey::UNIFY_TYPE, item.GetType());
@@ -35,9 +35,8 @@ CItemSelectable::CItemSelectable(const CItem& item, qint64 nViewId)
 void CItemSelectable::AddFace(const IVector3D& dimensions, int nFace)
 {
     auto* const pFace = new CSurfaceDrawable(simulationId(), viewId(), blockId());
-    pFace->setPlane(FacePlane(dimensions, nFace));
     ApplyFirstDisplay(*pFace);
-    AddDrawable(pFace);
+    AddShape(pFace, FacePlane(dimensions, nFace));
 }
 
 void CItemSelectable::PrepareDrawables(qint64 nCount)
@@ -47,7 +46,7 @@ void CItemSelectable::PrepareDrawables(qint64 nCount)
         return;
     const int nFaces = int(std::clamp<qint64>(nCount, 1, MAX_FACES));
     while (m_drawables.size() > nFaces)
-        RemoveLastDrawable();
+        RemoveLastShape();
     while (m_drawables.size() < nFaces)
         AddFace(pBlock->GetSize(), m_drawables.size());
 }

@@ -85,8 +85,11 @@ protected:
     virtual bool ReadOwnState(CByteReader&) { return true; }
     /** A stored state of so many drawables is about to be read: a kind may make as many. */
     virtual void PrepareDrawables(qint64 /*nCount*/) {}
-    /** The drawables have been read: what the kind derives from them follows. */
-    virtual void refreshFromDrawables() {}
+    // The stored forms of drawable n, with what the kind keeps of it.
+    virtual void WriteDrawable(int n, CByteWriter& writer) const = 0;
+    virtual bool ReadDrawable(int n, const QByteArray& bytes, double dVersion) = 0;
+    virtual QJsonObject DrawableToJson(int n) const = 0;
+    virtual void DrawableFromJson(int n, const QJsonObject& display) = 0;
     /** The nodes of a block that belong to the item; what the block doesn't have is left out. */
     virtual SIJKRange NodesInBlock(const SBlockShape& nodes) const { return nodes.Range(); }
 

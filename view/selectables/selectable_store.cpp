@@ -16,8 +16,11 @@ QByteArray CSelectable::toBinary() const
     writer.Write(m_bHidden);
     WriteOwnState(writer);
     writer.Write(qint32(m_drawables.size()));
-    for (const IDrawable* const pDrawable : m_drawables)
-        writer.Write(pDrawable->toBinary());
+    for (int n = 0; n < m_drawables.size(); ++n) {
+        const qint64 nPlace = writer.BeginBytes();
+        WriteDrawable(n, writer);
+        writer.EndBytes(nPlace);
+    }
     return writer.Take();
 }
 
@@ -38,17 +41,16 @@ bool CSelectable::fromBinary(const QByteArray& bytes, double dVersion)
     for (int n = 0; n < nCount && reader.IsOk(); ++n) {
         QByteArray display;
         if (reader.Read(display) && n < m_drawables.size())
-            bRead &= m_drawables[n]->fromBinary(display, dVersion);
+            bRead &= ReadDrawable(n, display, dVersion);
     }
-    refreshFromDrawables();
     return bRead && reader.IsOk();
 }
 
 QJsonObject CSelectable::toJsonBlock() const
 {
     QJsonArray drawables;
-    for (const IDrawable* const pDrawable : m_drawables)
-        drawables.append(pDrawable->toJson());
+    for (int n = 0; n < m_drawables.size(); ++n)
+        drawables.append(DrawableToJson(n));
     return {{"kind", double(m_nTypeId)},
             {"hidden", m_bHidden},
             {"selected", m_bSelected},
@@ -65,7 +67,6 @@ bool CSelectable::fromJsonBlock(const QJsonObject& block)
     if (!drawables.isEmpty())
         PrepareDrawables(drawables.size());
     for (int n = 0; n < std::min(drawables.size(), m_drawables.size()); ++n)
-        m_drawables[n]->fromJson(drawables[n].toObject());
-    refreshFromDrawables();
+        DrawableFromJson(n, drawables[n].toObject());
     return true;
 }

@@ -5,7 +5,6 @@
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"
-#include "simulation/surfacekeys.h"
 
 namespace {
 
@@ -36,26 +35,6 @@ void TakeColorsInAllViews(CItem& surface, const CItem& block)
 }
 
 } // namespace
-
-SSurfacePlane PlaneOf(const CDataPack& item)
-{
-    SSurfacePlane plane;
-    const qint64 nDirection = Get(item, SurfaceKey::DIRECTION);
-    if (nDirection >= 0 && nDirection <= 2)
-        plane.nDirection = int(nDirection);
-    plane.constants = Get(item, SurfaceKey::CONSTANTS);
-    plane.start = Get(item, SurfaceKey::START);
-    plane.end = Get(item, SurfaceKey::END);
-    return plane;
-}
-
-void SetPlane(CDataPack& item, const SSurfacePlane& plane)
-{
-    Set(item, SurfaceKey::DIRECTION, plane.nDirection);
-    Set(item, SurfaceKey::CONSTANTS, plane.constants);
-    Set(item, SurfaceKey::START, plane.start);
-    Set(item, SurfaceKey::END, plane.end);
-}
 
 SSurfacePlane InsideBlock(const SSurfacePlane& plane, const IVector3D& dimensions)
 {
@@ -103,7 +82,7 @@ CItem* CreateSurfaceItem(ISimulation& simulation, qint64 nBlockId, const SSurfac
     CItem* const pItem = simulation.CreateItem(KindSurface, 0, true, simulation.GetItemCount(), NO_ID, 0);
     if (!pItem)
         return nullptr;
-    SetPlane(*pItem, inside);
+    Definitions::ToPack(inside, *pItem);
     pItem->SetName("Surface", 0);
     pItem->SetParentId(nBlockId, true);
     pItem->CreateSelectable(-1);

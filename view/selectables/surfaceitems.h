@@ -1,14 +1,10 @@
 #pragma once
 
-#include "view/drawables/surfacedrawable.h"
+#include "view/mesh/surfaceplane.h"
 
-class CDataPack;
 class CItem;
+class IDrawable;
 class ISimulation;
-
-/** The plane that an item keeps in its pack (simulation/surfacekeys.h); a direction that isn't one is K. */
-SSurfacePlane PlaneOf(const CDataPack& item);
-void SetPlane(CDataPack& item, const SSurfacePlane& plane);
 
 /** The plane of the same direction inside a block, its begin not behind its end. */
 SSurfacePlane InsideBlock(const SSurfacePlane& plane, const IVector3D& dimensions);

@@ -1,6 +1,5 @@
 #include "view/selectables/surfaceselectable.h"
 
-#include "frame/packs/jsoninteger.h"
 #include "scene/selectablekeys.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"
@@ -8,21 +7,15 @@
 #include "simulation/simulationmanager.h"
 #include "view/selectables/surfaceitems.h"
 
-#include <QJsonArray>
-
 namespace {
 
 // Columns of the item panel; 0 is the name.
 constexpr qint64 BLOCK_COLUMN = 1, DIRECTION_COLUMN = 2, CONSTANT_COLUMN = 3, COLUMN_COUNT = 4;
 
-// Names of the two fields that a user edits by hand in a display file.
-constexpr const char* DIRECTION_FIELD = "constantDirection";
-constexpr const char* CONSTANT_FIELD = "constantValue";
-
 } // namespace
 
 CSurfaceSelectable::CSurfaceSelectable(const CItem& item, qint64 nViewId, SelectableKind_e eKind)
-    : CSelectable(item, nViewId, eKind)
+    : CShapeSelectable(item, nViewId, eKind)
 {
     SetBlocks({item.GetParentId()});
     Set(*this, SelectableKey::COLUMN_COUNT, COLUMN_COUNT);
@@ -34,9 +27,8 @@ CSurfaceSelectable::CSurfaceSelectable(const CItem& item, qint64 nViewId, Select
         Set(*this, key, true);
     auto* const pDrawable = new CSurfaceDrawable(simulationId(), nViewId, blockId());
     ApplyFirstDisplay(*pDrawable);
-    AddDrawable(pDrawable);
-    TakePlane(PlaneOf(item));
-    ShowPlane();
+    AddShape(pDrawable, InBlock(Definitions::FromPack<SSurfacePlane>(item)));
+    FillColumns();
 }
 
 QString CSurfaceSelectable::blockName() const
@@ -57,58 +49,58 @@ IVector3D CSurfaceSelectable::gridDimensions() const
     return pBlock ? pBlock->GetSize() : IVector3D();
 }
 
-void CSurfaceSelectable::TakePlane(const SSurfacePlane& plane)
+SSurfacePlane CSurfaceSelectable::InBlock(const SSurfacePlane& plane) const
 {
     const IVector3D dimensions = gridDimensions();
-    m_plane = dimensions == IVector3D() ? plane : InsideBlock(plane, dimensions);
+    return dimensions == IVector3D() ? plane : InsideBlock(plane, dimensions);
+}
+
+void CSurfaceSelectable::TakePlane(const SSurfacePlane& plane)
+{
+    if (!hasFixedPlane())
+        SetDefinition(InBlock(plane));
 }
 
 void CSurfaceSelectable::setConstantDirection(int nDirection)
 {
-    if (hasFixedPlane() || nDirection < 0 || nDirection > 2)
+    if (nDirection < 0 || nDirection > 2)
         return;
-    SSurfacePlane plane = m_plane;
-    plane.nDirection = nDirection;
-    plane.start = {1, 1, 1};
-    plane.end = gridDimensions();
-    TakePlane(plane);
+    SSurfacePlane changed = plane();
+    changed.nDirection = nDirection;
+    changed.start = {1, 1, 1};
+    changed.end = gridDimensions();
+    TakePlane(changed);
 }
 
 void CSurfaceSelectable::setRanges(const IVector3D& start, const IVector3D& end)
 {
-    if (hasFixedPlane())
-        return;
-    SSurfacePlane plane = m_plane;
-    plane.start = start;
-    plane.end = end;
-    TakePlane(plane);
+    SSurfacePlane changed = plane();
+    changed.start = start;
+    changed.end = end;
+    TakePlane(changed);
 }
 
 void CSurfaceSelectable::setConstantValue(qint64 nValue)
 {
-    if (hasFixedPlane())
-        return;
-    SSurfacePlane plane = m_plane;
-    plane.constants[plane.nDirection] = nValue;
-    TakePlane(plane);
+    SSurfacePlane changed = plane();
+    changed.constants[changed.nDirection] = nValue;
+    TakePlane(changed);
 }
 
 void CSurfaceSelectable::setStartIndices(const IVector3D& start)
 {
-    if (start.i <= m_plane.end.i && start.j <= m_plane.end.j && start.k <= m_plane.end.k)
-        setRanges(start, m_plane.end);
+    if (start.i <= plane().end.i && start.j <= plane().end.j && start.k <= plane().end.k)
+        setRanges(start, plane().end);
 }
 
 void CSurfaceSelectable::setEndIndices(const IVector3D& end)
 {
-    if (end.i >= m_plane.start.i && end.j >= m_plane.start.j && end.k >= m_plane.start.k)
-        setRanges(m_plane.start, end);
+    if (end.i >= plane().start.i && end.j >= plane().start.j && end.k >= plane().start.k)
+        setRanges(plane().start, end);
 }
 
-void CSurfaceSelectable::ShowPlane()
+void CSurfaceSelectable::FillColumns()
 {
-    for (IDrawable* const pDrawable : std::as_const(m_drawables))
-        static_cast<CSurfaceDrawable*>(pDrawable)->setPlane(m_plane);
     Set(*this, SelectableKey::COLUMN, BLOCK_COLUMN, blockName());
     Set(*this, SelectableKey::COLUMN, DIRECTION_COLUMN, DirectionLetter());
     Set(*this, SelectableKey::COLUMN, CONSTANT_COLUMN, QString::number(constantValue()));
@@ -116,33 +108,29 @@ void CSurfaceSelectable::ShowPlane()
 
 void CSurfaceSelectable::apply()
 {
-    ShowPlane();
+    FillColumns();
     if (CItem* const pItem = FindItem())
-        SetPlane(*pItem, m_plane);
+        Definitions::ToPack(plane(), *pItem);
     CSelectableManager::Instance().NotifyUpdated(this);
 }
 
-void CSurfaceSelectable::refreshFromDrawables()
+void CSurfaceSelectable::TakeDefinition(const SSurfacePlane& read, int)
 {
-    const SSurfacePlane read = static_cast<CSurfaceDrawable*>(m_drawables.first())->plane();
-    const SSurfacePlane former = m_plane;
-    if (!hasFixedPlane())
-        TakePlane(read);
-    if (m_plane == read && m_plane == former)
-        return;
-    apply();
+    const SSurfacePlane former = plane();
+    TakePlane(read);
+    if (plane() != former)
+        apply();
 }
 
 SIJKRange CSurfaceSelectable::NodesInBlock(const SBlockShape& nodes) const
 {
-    return Intersection(m_plane.Range(), nodes.Range());
+    return Intersection(plane().Range(), nodes.Range());
 }
 
 QJsonObject CSurfaceSelectable::toJsonBlock() const
 {
     QJsonObject block = CSelectable::toJsonBlock();
-    block[DIRECTION_FIELD] = m_plane.nDirection;
-    block[CONSTANT_FIELD] = QJsonArray{m_plane.constants.i, m_plane.constants.j, m_plane.constants.k};
+    Definitions::AddToJson(plane(), block, true);
     return block;
 }
 
@@ -150,13 +138,12 @@ bool CSurfaceSelectable::fromJsonBlock(const QJsonObject& block)
 {
     if (!CSelectable::fromJsonBlock(block))
         return false;
-    // These two go ahead of what stands in the drawable: they are what a user edits.
-    const int nDirection = block[DIRECTION_FIELD].toInt(m_plane.nDirection);
-    if (nDirection != m_plane.nDirection)
-        setConstantDirection(nDirection);
-    const QJsonArray constants = block[CONSTANT_FIELD].toArray();
-    if (constants.size() == 3)
-        setConstantValue(ToInteger(constants[m_plane.nDirection], constantValue()));
+    // What a user edits goes ahead of what stands in the drawable.
+    SSurfacePlane edited = plane();
+    Definitions::FromJson(block, edited);
+    if (edited.nDirection != constantDirection())
+        setConstantDirection(edited.nDirection);
+    setConstantValue(edited.constants[constantDirection()]);
     apply();
     return true;
 }

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "view/drawables/surfacedrawable.h"
-#include "view/selectables/selectable.h"
+#include "view/selectables/shapeselectable.h"
 
 /**
  * An index plane of a block, an item of the case under that block. The plane of a new selectable is that of
- * its item; setters change the selectable's own and apply hands it on: to the drawables, to the item, which
- * later views start from, and to whoever shows the item. Addresses are one-based, both ends included.
+ * its item; setters change the selectable's own and apply hands it on: to the item, which later views start
+ * from, and to whoever shows the item. Addresses are one-based, both ends included.
  */
-class CSurfaceSelectable : public CSelectable
+class CSurfaceSelectable : public CShapeSelectable<SSurfacePlane, CSurfaceDrawable>
 {
     Q_OBJECT
 
@@ -20,21 +20,21 @@ public:
     QJsonObject toJsonBlock() const override;
     bool fromJsonBlock(const QJsonObject& block) override;
 
-    const SSurfacePlane& plane() const { return m_plane; }
+    const SSurfacePlane& plane() const { return Definition(); }
     /** The plane is given by the case and no setter changes it. */
     virtual bool hasFixedPlane() const { return false; }
 
-    int constantDirection() const { return m_plane.nDirection; } ///< 0 I, 1 J, 2 K
+    int constantDirection() const { return plane().nDirection; } ///< 0 I, 1 J, 2 K
     /** A new direction takes the whole range of the block; one that isn't 0 to 2 is ignored. */
     void setConstantDirection(int nDirection);
-    SIJKRange ranges() const { return {m_plane.start, m_plane.end}; }
+    SIJKRange ranges() const { return {plane().start, plane().end}; }
     /** What the block doesn't have is cut off. */
     void setRanges(const IVector3D& start, const IVector3D& end);
     /** The index in the constant direction. */
-    qint64 constantValue() const { return m_plane.constants[m_plane.nDirection]; }
+    qint64 constantValue() const { return plane().constants[plane().nDirection]; }
     void setConstantValue(qint64 nValue);
-    IVector3D startIndices() const { return m_plane.start; }
-    IVector3D endIndices() const { return m_plane.end; }
+    IVector3D startIndices() const { return plane().start; }
+    IVector3D endIndices() const { return plane().end; }
     /** A begin behind the end, or an end ahead of the begin, changes nothing. */
     void setStartIndices(const IVector3D& start);
     void setEndIndices(const IVector3D& end);
@@ -45,16 +45,15 @@ public:
     QString blockName() const;
 
 protected:
-    void refreshFromDrawables() override;
+    void TakeDefinition(const SSurfacePlane& read, int n) override;
     SIJKRange NodesInBlock(const SBlockShape& nodes) const override;
     /** The letter of the constant direction. */
-    QString DirectionLetter() const { return QString(QChar("IJK"[m_plane.nDirection])); }
+    QString DirectionLetter() const { return QString(QChar("IJK"[plane().nDirection])); }
 
 private:
     void TakePlane(const SSurfacePlane& plane);
-    void ShowPlane();
-
-    SSurfacePlane m_plane;
+    SSurfacePlane InBlock(const SSurfacePlane& plane) const;
+    void FillColumns();
 };
 
 /** A boundary of the case: a part of a face, where the case says. Its name is the item's own. */

@@ -19,23 +19,23 @@ constexpr int RAINBOW_SATURATION = 200;
 constexpr int RAINBOW_VALUE = 230;
 constexpr int HUES = 360;
 
-// Setters as commands: of a fixed value, of the answer.
+// Changes as commands: to a fixed value, to the answer.
 template <DisplayType_e eType> void Show(Subjects subjects, const SDisplayAnswer&)
 {
     for (ISelectable* const pSubject : subjects)
         pSubject->setDisplayType(eType);
 }
-template <auto Setter, bool bValue> void Fix(Subjects subjects, const SDisplayAnswer&)
+template <auto Member, bool bValue> void Fix(Subjects subjects, const SDisplayAnswer&)
 {
-    for (CDrawableGroup* const pSubject : subjects)
-        (pSubject->*Setter)(bValue);
+    for (ISelectable* const pSubject : subjects)
+        pSubject->Change(Member, bValue);
 }
-template <auto Setter, auto Member> void Take(Subjects subjects, const SDisplayAnswer& answer)
+template <auto Member, auto OfAnswer> void Take(Subjects subjects, const SDisplayAnswer& answer)
 {
-    for (CDrawableGroup* const pSubject : subjects)
-        (pSubject->*Setter)(answer.*Member);
+    for (ISelectable* const pSubject : subjects)
+        pSubject->Change(Member, answer.*OfAnswer);
 }
-template <auto Setter> constexpr auto TakeFlag = Take<Setter, &SDisplayAnswer::bFlag>;
+template <auto Member> constexpr auto TakeFlag = Take<Member, &SDisplayAnswer::bFlag>;
 
 void TakeTransparency(Subjects subjects, const SDisplayAnswer& answer)
 {
@@ -157,27 +157,25 @@ const SDisplayCommand COMMANDS[] = {
     {ActionContour, Show<DisplayContour>, nullptr, nullptr, HasScalar, NO_SCALAR},
     {ActionNodes, Show<DisplayNodes>},
     {ActionVector, Show<DisplayVector>, nullptr, nullptr, HasVector, NO_VECTOR},
-    {ActionGridOnNodes, Fix<&CDrawableGroup::setDisplayOnNodes, true>, nullptr, nullptr, nullptr, "",
+    {ActionGridOnNodes, Fix<&SDisplayState::bDisplayOnNodes, true>, nullptr, nullptr, nullptr, "",
      &CSelectableManager::NotifyDisplayOnNodes},
-    {ActionGridOnCells, Fix<&CDrawableGroup::setDisplayOnNodes, false>, nullptr, nullptr, nullptr, "",
+    {ActionGridOnCells, Fix<&SDisplayState::bDisplayOnNodes, false>, nullptr, nullptr, nullptr, "",
      &CSelectableManager::NotifyDisplayOnNodes},
-    {ActionShowNodes, Fix<&CDrawableGroup::setNodeVisible, true>},
-    {ActionHideNodes, Fix<&CDrawableGroup::setNodeVisible, false>},
-    {ActionWireframeColor, Take<&CDrawableGroup::setWireframeColor, &SDisplayAnswer::color>,
-     AskWireframeColor},
-    {ActionLineThickness, Take<&CDrawableGroup::setLineThickness, &SDisplayAnswer::dNumber>, AskThickness},
+    {ActionShowNodes, Fix<&SDisplayState::bNodeVisible, true>},
+    {ActionHideNodes, Fix<&SDisplayState::bNodeVisible, false>},
+    {ActionWireframeColor, Take<&SDisplayState::wireframeColor, &SDisplayAnswer::color>, AskWireframeColor},
+    {ActionLineThickness, Take<&SDisplayState::dLineThickness, &SDisplayAnswer::dNumber>, AskThickness},
     {ActionShadeColor, TakeShadeColor, AskShadeColor},
     {ActionRainbowColor, TakeRainbowColor},
-    {ActionShowHoles, Fix<&CDrawableGroup::setShowHoles, true>},
-    {ActionHideHoles, Fix<&CDrawableGroup::setShowHoles, false>},
-    {ActionGeometryColor, Fix<&CDrawableGroup::setGeometricColor, true>},
-    {ActionScalarColor, Fix<&CDrawableGroup::setGeometricColor, false>, nullptr, nullptr, HasScalar,
-     NO_SCALAR},
+    {ActionShowHoles, Fix<&SDisplayState::bShowHoles, true>},
+    {ActionHideHoles, Fix<&SDisplayState::bShowHoles, false>},
+    {ActionGeometryColor, Fix<&SDisplayState::bGeometricColor, true>},
+    {ActionScalarColor, Fix<&SDisplayState::bGeometricColor, false>, nullptr, nullptr, HasScalar, NO_SCALAR},
     {ActionTransparency, TakeTransparency, AskTransparency},
     {ActionGlobalTransparency, TakeTransparency, AskTransparency},
-    {ActionToggleMasks, TakeFlag<&CDrawableGroup::setShowHoles>, nullptr, ShowHolesNow},
+    {ActionToggleMasks, TakeFlag<&SDisplayState::bShowHoles>, nullptr, ShowHolesNow},
     {ActionToggleLegend, TakeLegend, nullptr, ShowLegendNow, HasScalar, NO_SCALAR},
-    {ActionBindToLocal, TakeFlag<&CDrawableGroup::setColormapBindToLocal>},
+    {ActionBindToLocal, TakeFlag<&SDisplayState::bColormapBindToLocal>},
     {ActionLocalRange, TakeLocalRange, nullptr, nullptr, HasScalar, NO_SCALAR},
     {ActionGlobalRange, TakeGlobalRange, nullptr, nullptr, HasScalar, NO_SCALAR},
 };

@@ -4,6 +4,8 @@
 #include "cases/display/pairjson.h"
 #include "cases/files/storedcamera.h"
 #include "modules/plot3d/fieldview/fieldviewdrawable.h"
+#include "scene/displaystate.h"
+#include "view/mesh/surfaceplane.h"
 
 #include <QJsonArray>
 #include <QVector3D>
@@ -19,22 +21,19 @@ QJsonArray ToJson(const DVector3D& point) { return {point.x, point.y, point.z}; 
 QJsonObject ToSurface(const SFieldViewRestart& restart, const SFieldViewSurface& surface)
 {
     constexpr qint64 END_OF_BLOCK = 1'000'000;
-    QJsonArray constants, first, last;
+    SSurfacePlane plane;
+    plane.nDirection = surface.nDirection;
     for (int nAxis = 0; nAxis < 3; ++nAxis) {
-        constants.append(surface.current[nAxis]);
-        first.append(surface.first[nAxis].value_or(1));
-        last.append(surface.last[nAxis].value_or(END_OF_BLOCK));
+        plane.constants[nAxis] = surface.current[nAxis];
+        plane.start[nAxis] = surface.first[nAxis].value_or(1);
+        plane.end[nAxis] = surface.last[nAxis].value_or(END_OF_BLOCK);
     }
     QJsonObject drawable = ToFieldViewDrawable(restart, surface.look);
-    drawable["constantDirection"] = surface.nDirection;
-    drawable["constantValue"] = constants;
-    drawable["ijkMin"] = first;
-    drawable["ijkMax"] = last;
-    return {{"constantDirection", surface.nDirection},
-            {"constantValue", constants},
-            {"hidden", !surface.look.bVisible},
-            {"selected", false},
-            {"drawables", QJsonArray{drawable}}};
+    Definitions::AddToJson(plane, drawable);
+    QJsonObject shown{
+        {"hidden", !surface.look.bVisible}, {"selected", false}, {"drawables", QJsonArray{drawable}}};
+    Definitions::AddToJson(plane, shown, true);
+    return shown;
 }
 
 /** Surfaces of the same colours share a legend; others stand beside each other. */
@@ -43,18 +42,18 @@ class CLegendRow
 public:
     void Place(QJsonObject& surface)
     {
-        constexpr const char* LEGEND = "annotationColormap";
         constexpr int FIRST = 50, STEP = 150; // [pixels]
         QJsonObject drawable = surface["drawables"].toArray()[0].toObject();
-        QJsonObject legend = drawable[LEGEND].toObject();
+        QJsonObject legend = drawable[DisplayJson::LEGEND].toObject();
         if (!legend["visible"].toBool())
             return;
-        const QJsonArray key{drawable["scalarVariable"], drawable["colormapName"], drawable["colormapRange"]};
+        const QJsonArray key{drawable[DisplayKeyOf(&SDisplayState::nScalarVariable)],
+                             drawable[DisplayJson::COLORMAP_NAME], drawable[DisplayJson::COLORMAP_RANGE]};
         legend["visible"] = !m_shown.contains(key);
         legend["x"] = FIRST + STEP * m_shown.size();
         if (!m_shown.contains(key))
             m_shown.append(key);
-        drawable[LEGEND] = legend;
+        drawable[DisplayJson::LEGEND] = legend;
         surface["drawables"] = QJsonArray{drawable};
     }
 
@@ -88,7 +87,7 @@ QJsonObject Hidden(QJsonObject display)
     QJsonArray drawables;
     for (const QJsonValue& value : display["drawables"].toArray()) {
         QJsonObject drawable = value.toObject();
-        drawable["visible"] = false;
+        drawable[DisplayKeyOf(&SDisplayState::bVisible)] = false;
         drawables.append(drawable);
     }
     display["drawables"] = drawables;
@@ -133,7 +132,8 @@ QJsonArray ToBlocks(const SFieldViewRestart& restart, const QJsonArray& shown)
         block[DISPLAY] = WithSurfaces(block[DISPLAY].toObject(), surfaces.take(nGrid));
         blocks.append(block);
     }
-    const QJsonObject hidden = {{"drawables", QJsonArray{QJsonObject{{"visible", false}}}}};
+    const QJsonObject hidden = {
+        {"drawables", QJsonArray{QJsonObject{{DisplayKeyOf(&SDisplayState::bVisible), false}}}}};
     for (auto it = surfaces.constBegin(); it != surfaces.constEnd(); ++it)
         blocks.append(
             QJsonObject{{NAME, QString(GRID).arg(it.key())}, {DISPLAY, WithSurfaces(hidden, it.value())}});

@@ -1,10 +1,12 @@
 #include "modules/plot3d/fieldview/fieldviewdrawable.h"
 
-#include "scene/displaytype.h"
+#include "scene/displaystate.h"
 
 #include <QJsonArray>
 
 namespace {
+
+using State = SDisplayState;
 
 QJsonArray ToJson(const SValueRange& range) { return {range.dMin, range.dMax}; }
 
@@ -48,19 +50,19 @@ void PutColors(const SFieldViewRestart& restart, const SFieldViewLook& look, QJs
 {
     const QColor color = restart.colorTable.value(look.nColor > 0 ? look.nColor : restart.nGeometryColor);
     if (color.isValid())
-        for (const char* const sKey : {"shadeColor", "wireframeColor"})
-            drawable[sKey] = color.name(QColor::HexArgb);
-    drawable["geometricColor"] = !UsesScalar(look);
-    drawable["scalarVariable"] = look.sScalar;
-    drawable["colormapName"] =
+        for (const auto member : {&State::shadeColor, &State::wireframeColor})
+            drawable[DisplayKeyOf(member)] = color.name(QColor::HexArgb);
+    drawable[DisplayKeyOf(&State::bGeometricColor)] = !UsesScalar(look);
+    drawable[DisplayKeyOf(&State::nScalarVariable)] = look.sScalar;
+    drawable[DisplayJson::COLORMAP_NAME] =
         look.colors.sColormap.isEmpty() ? restart.colors.sColormap : look.colors.sColormap;
     const std::optional<SValueRange>& range = look.bUseLocalRange ? look.localRange : look.scalarRange;
-    drawable["colormapBindToLocal"] = !range;
+    drawable[DisplayKeyOf(&State::bColormapBindToLocal)] = !range;
     if (range)
-        drawable["colormapRange"] = RangeOfColors(restart, look, *range);
+        drawable[DisplayJson::COLORMAP_RANGE] = RangeOfColors(restart, look, *range);
     if (const int nContours = look.colors.nContours > 0 ? look.colors.nContours : restart.colors.nContours;
         nContours > 0)
-        drawable["contourCount"] = std::min(nContours, 256);
+        drawable[DisplayKeyOf(&State::nContourCount)] = std::min(nContours, 256);
 }
 
 QJsonObject ToLegend(const SFieldViewLook& look)
@@ -90,26 +92,27 @@ QJsonObject ToFieldViewDrawable(const SFieldViewRestart& restart, const SFieldVi
 {
     const DisplayType_e eType = TypeOf(restart, look);
     const bool bGridLines = eType == DisplayWireframe || eType == DisplayShadedWireframe;
-    QJsonObject drawable{{"visible", look.bVisible},
-                         {"displayType", eType},
-                         {"drawWireframe", bGridLines},
-                         {"drawShaded", eType == DisplayShaded || eType == DisplayShadedWireframe},
-                         {"drawContours", eType == DisplayContour},
-                         {"drawNodes", false},
-                         {"nodeVisible", false},
-                         {"drawOutlines", !bGridLines}, // they go ahead of grid lines
-                         {"displayOnNodes", true},
-                         {"lineThickness", std::clamp(look.dLineThickness, 1.0, 20.0)},
-                         {"alphaValue", 1.0 - std::clamp(look.dTransparency, 0.0, 1.0)},
-                         {"vectorVariable", look.sVector},
-                         {"vectorSkip", std::max(look.nVectorSkip, 0)},
-                         {"vectorBodyScale", ArrowScale(restart, look)},
-                         {"vectorHeadScale", look.dVectorHead},
-                         {"thresholdEnable", look.bThreshold && !look.sThreshold.isEmpty()},
-                         {"thresholdVariable", look.sThreshold},
-                         {"annotationColormap", ToLegend(look)}};
+    QJsonObject drawable{
+        {DisplayKeyOf(&State::bVisible), look.bVisible},
+        {DisplayKeyOf(&State::nDisplayType), eType},
+        {DisplayKeyOf(&State::bDrawWireframe), bGridLines},
+        {DisplayKeyOf(&State::bDrawShaded), eType == DisplayShaded || eType == DisplayShadedWireframe},
+        {DisplayKeyOf(&State::bDrawContours), eType == DisplayContour},
+        {DisplayKeyOf(&State::bDrawNodes), false},
+        {DisplayKeyOf(&State::bNodeVisible), false},
+        {DisplayKeyOf(&State::bDrawOutlines), !bGridLines}, // they go ahead of grid lines
+        {DisplayKeyOf(&State::bDisplayOnNodes), true},
+        {DisplayKeyOf(&State::dLineThickness), std::clamp(look.dLineThickness, 1.0, 20.0)},
+        {DisplayKeyOf(&State::dAlpha), 1.0 - std::clamp(look.dTransparency, 0.0, 1.0)},
+        {DisplayKeyOf(&State::nVectorVariable), look.sVector},
+        {DisplayKeyOf(&State::nVectorSkip), std::max(look.nVectorSkip, 0)},
+        {DisplayKeyOf(&State::dVectorBodyScale), ArrowScale(restart, look)},
+        {DisplayKeyOf(&State::dVectorHeadScale), look.dVectorHead},
+        {DisplayKeyOf(&State::bThresholdEnable), look.bThreshold && !look.sThreshold.isEmpty()},
+        {DisplayKeyOf(&State::nThresholdVariable), look.sThreshold},
+        {DisplayJson::LEGEND, ToLegend(look)}};
     if (look.thresholdRange)
-        drawable["thresholdRange"] = ToJson(*look.thresholdRange);
+        drawable[DisplayKeyOf(&State::thresholdRange)] = ToJson(*look.thresholdRange);
     PutColors(restart, look, drawable);
     return drawable;
 }
