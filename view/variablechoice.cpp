@@ -3,6 +3,7 @@
 #include "data/solutionmanager.h"
 #include "data/solutions/istructredsolution.h"
 #include "data/variables/variablemanager.h"
+#include "frame/commonvalue.h"
 #include "scene/iselectable.h"
 #include "simulation/simulationmanager.h"
 #include "view/camera/viewbounds.h"

@@ -14,9 +14,6 @@ enum VariableRole_e { RoleScalar, RoleVector, RoleThreshold };
  */
 namespace VariableChoice {
 
-/** What a box shows where the items differ. */
-inline constexpr const char* MULTIPLE = "-Multiple-";
-
 /** The listed variables of the case that fit the role and aren't constants; a name that stands at nodes and
  * at cells once. */
 QStringList ListNames(qint64 nSimulationId, VariableRole_e eRole);

@@ -1,13 +1,18 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QVector>
 
 class CDockWidget;
 class CMainWindow;
 class IMouseClickReceiver;
+class ISelectable;
 
-/** The docks of all modules in the main window, and how they live together. */
+/**
+ * The docks of all modules in the main window, and how they live together. What selectables tell goes to
+ * them: a double click to those of the module whose case it is, a change to those on show.
+ */
 class CDockLogic : public QObject
 {
     Q_OBJECT
@@ -27,7 +32,17 @@ public slots:
     void SlotMouseClickReceiver(IMouseClickReceiver* pMouseClickReceiver);
 
 private:
-    void AddDock(CMainWindow& window, CDockWidget* pDock);
+    /** A dock of a module; the module may delete it. */
+    struct SModuleDock
+    {
+        qint64 nModuleId;
+        QPointer<CDockWidget> pDock;
+    };
 
+    void AddDock(CMainWindow& window, qint64 nModuleId, CDockWidget* pDock);
+    void RouteSelectables();
+    void OpenFor(const QVector<ISelectable*>& selectables) const;
+
+    QVector<SModuleDock> m_docks;
     IMouseClickReceiver* m_pMouseClickReceiver = nullptr;
 };

@@ -1,8 +1,8 @@
 #include "window/sectordisplay.h"
 
 #include "frame/userprompt.h"
-#include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
+#include "simulation/undostep.h"
 
 namespace {
 
@@ -29,15 +29,13 @@ bool SectorDisplay::Apply(qint64 nViewId, qint64 nSimulationId, const SMirrorSet
                           const SSectorSetting& sectors)
 {
     CSimulationManager& manager = CSimulationManager::Instance();
-    ISimulation* const pSimulation = manager.GetSimulation(nSimulationId);
-    if (!pSimulation)
+    if (!manager.GetSimulation(nSimulationId))
         return false;
     const double dTransforms = CountDisplayTransforms(mirror, sectors);
     if (!IsWithinLimit(dTransforms) || !IsWanted(dTransforms))
         return false;
-    pSimulation->BeginUndoStep();
+    const CUndoStep step(nSimulationId);
     manager.SetMirror(nViewId, nSimulationId, mirror);
     manager.SetSectors(nViewId, nSimulationId, sectors);
-    pSimulation->EndUndoStep(false);
     return true;
 }

@@ -1,11 +1,13 @@
 #include "window/variabletoolbar.h"
 
+#include "frame/commonvalue.h"
 #include "frame/ui/waitcursor.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"
+#include "simulation/undostep.h"
 #include "view/iviewer.h"
 #include "window/commands/activepair.h"
 #include "window/commands/windowactions.h"
@@ -152,7 +154,7 @@ void CVariableToolBar::ShowThresholdRange()
     const auto show = [&](QLineEdit* pBox, double dValue) {
         const QSignalBlocker showing(pBox);
         pBox->setText(!subjects.isEmpty() && bSame ? QString::number(dValue, 'g', RANGE_DIGITS) : "");
-        pBox->setPlaceholderText(bSame ? "" : VariableChoice::MULTIPLE);
+        pBox->setPlaceholderText(bSame ? "" : MULTIPLE);
         pBox->setModified(false);
         pBox->setEnabled(!subjects.isEmpty());
     };
@@ -167,9 +169,10 @@ void CVariableToolBar::Edit(const std::function<void(const QVector<ISelectable*>
     if (subjects.isEmpty())
         return;
     const CWaitCursor wait; // the range of a variable may have to be read
-    pair.pSimulation->BeginUndoStep();
-    edit(subjects);
-    pair.pSimulation->EndUndoStep(false);
+    {
+        const CUndoStep step(pair.pSimulation->GetId());
+        edit(subjects);
+    }
     for (ISelectable* const pSubject : subjects)
         CSelectableManager::Instance().NotifyUpdated(pSubject);
     CWidgetManager::Instance().UpdateActiveViewer();
@@ -184,7 +187,7 @@ void CVariableToolBar::Enter(VariableRole_e eRole)
     if (box == m_boxes.cend() || !pSimulation)
         return;
     const QString sName = box->pCombo->currentText().trimmed();
-    if (sName == VariableChoice::MULTIPLE)
+    if (sName == MULTIPLE)
         return;
     const qint64 nId = VariableChoice::Find(pSimulation->GetId(), sName, eRole);
     if (nId == NO_ID && !sName.isEmpty()) {

@@ -12,6 +12,7 @@
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
 #include "simulation/displayfilechoice.h"
+#include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 #include "simulation/undostep.h"
 
@@ -57,8 +58,10 @@ bool ReadOldFile(ISimulation& simulation, const QByteArray& bytes, const QString
     bool bShown = false;
     if (eStored == StoredOk) {
         const CUpdateBlock block(simulation.GetId());
-        bShown = EditInOneStep(
-            simulation, [&] { return simulation.LoadViewState(file.display, nViewId, file.dVersion); });
+        CUndoStep step(simulation.GetId());
+        bShown = simulation.LoadViewState(file.display, nViewId, file.dVersion);
+        if (!bShown)
+            step.Discard();
     }
     if (!bShown)
         return Tell("Failed to load display data from:\n%1", sFile);
@@ -69,16 +72,18 @@ bool ReadOldFile(ISimulation& simulation, const QByteArray& bytes, const QString
 bool ShowDocument(ISimulation& simulation, const SDisplayDocument& document, const SOverridable& values,
                   qint64 nViewId)
 {
-    const bool bShown = EditInOneStep(simulation, [&] {
-        if (!simulation.LoadViewJson(values.display, nViewId, document.dVersion))
+    {
+        CUndoStep step(simulation.GetId());
+        if (!simulation.LoadViewJson(values.display, nViewId, document.dVersion)) {
+            step.Discard();
             return false;
+        }
         PairDisplay::Apply(nViewId, simulation.GetId(), MirrorFromJson(values.mirror),
                            SectorsFromJson(values.sectors));
-        return true;
-    });
-    if (const auto camera = bShown ? CameraFromJson(document.viewer) : std::nullopt)
+    }
+    if (const auto camera = CameraFromJson(document.viewer))
         ApplyViewCamera(nViewId, *camera);
-    return bShown;
+    return true;
 }
 
 bool ReadDocument(ISimulation& simulation, const QByteArray& bytes, const QString& sFile, qint64 nViewId)

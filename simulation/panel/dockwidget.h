@@ -8,7 +8,8 @@
 /**
  * Base class of every dock. The main window connects each: SignalCloseExcept goes back to all docks, so
  * that one that opens closes those that don't go with it; SignalMouseClickReceiver hands it the clicks of
- * the views while it picks. The hooks do nothing here.
+ * the views while it picks. What selectables tell comes from there too; of changes only what is on show
+ * hears. The hooks do nothing here.
  *
  * A dock that is an IMimeDataHandler too gets what is dragged over it and dropped on it.
  */
@@ -39,6 +40,10 @@ public slots:
     virtual void Check(QVector<ISelectable*>) {}
     virtual void SlotSelectableDeleted(ISelectable*) {}
     virtual void SlotSelectableChanged(ISelectable*) {}
+    virtual void SlotSelectableDisplayOnNodes(ISelectable* pSelectable)
+    {
+        SlotSelectableChanged(pSelectable);
+    }
     /** Variables have come or gone. */
     virtual void SlotRefreshRelativeLists() {}
     virtual void SlotRefreshAll() {}

@@ -12,6 +12,7 @@
 #include "simulation/panel/itemtrees.h"
 #include "simulation/panel/treeselection.h"
 #include "simulation/simulationmanager.h"
+#include "simulation/undostep.h"
 #include "ui_itempanel.h"
 
 #include <QActionGroup>
@@ -308,12 +309,8 @@ void CItemPanel::SlotEnterPressed()
 
 void CItemPanel::SlotDeleteItem(QList<QTreeWidgetItem*>, qlonglong)
 {
-    ISimulation* const pSimulation = GetSimulation();
-    if (!pSimulation || !pSimulation->CanDelete(m_nViewId))
-        return;
-    pSimulation->BeginUndoStep();
-    pSimulation->DeleteSelection(m_nViewId);
-    pSimulation->EndUndoStep();
+    if (ISimulation* const pSimulation = GetSimulation())
+        DeleteSelectionInOneStep(*pSimulation, m_nViewId);
 }
 
 void CItemPanel::SlotItemHover(QTreeWidgetItem* pItem, qlonglong)

@@ -1,3 +1,4 @@
+#include "simulation/undostep.h"
 #include "tests/support/simulationfixture.h"
 
 namespace {
@@ -10,9 +11,8 @@ protected:
     /** One bracketed edit. */
     template <class Edit> void Step(Edit edit)
     {
-        m_pSimulation->BeginUndoStep();
+        const CUndoStep step(m_pSimulation->GetId());
         edit();
-        m_pSimulation->EndUndoStep();
     }
     void SetWidth(double dWidth)
     {
@@ -25,11 +25,11 @@ protected:
 
 TEST_F(Undo, NestedBracketsAreOneStep)
 {
-    m_pSimulation->BeginUndoStep();
-    SetWidth(1.0);
-    SetWidth(2.0);
-    EXPECT_EQ(m_pSimulation->GetUndoCount(), 0);
-    m_pSimulation->EndUndoStep();
+    Step([&] {
+        SetWidth(1.0);
+        SetWidth(2.0);
+        EXPECT_EQ(m_pSimulation->GetUndoCount(), 0);
+    });
     ASSERT_EQ(m_pSimulation->GetUndoCount(), 1);
     m_pSimulation->Undo();
     EXPECT_EQ(Width(), 0.0);
@@ -43,11 +43,28 @@ TEST_F(Undo, AnEditThatRestoresOrIsDiscardedIsNoStep)
         m_pSimulation->SetDouble("Width", 3.0, 0.0);
         m_pSimulation->SetDouble("Width", 0.0, 0.0);
     });
-    m_pSimulation->BeginUndoStep();
-    m_pSimulation->SetDouble("Width", 4.0, 0.0);
-    m_pSimulation->EndUndoStep(true);
+    {
+        CUndoStep step(m_pSimulation->GetId());
+        m_pSimulation->SetDouble("Width", 4.0, 0.0);
+        step.Discard();
+    }
     EXPECT_EQ(m_pSimulation->GetUndoCount(), 0);
     EXPECT_EQ(Width(), 4.0) << "discarding drops the step, not the edit";
+}
+
+TEST_F(Undo, AStepWhoseCaseGoesMeanwhileTouchesNoCaseThatTookItsId)
+{
+    const qint64 nId = m_pSimulation->GetId();
+    {
+        const CUndoStep step(nId);
+        m_manager.RemoveSimulationFromView(nId, 1);
+        m_pSimulation = Add();
+        ASSERT_EQ(m_pSimulation->GetId(), nId);
+        m_pSimulation->SetDouble("Width", 1.0, 0.0);
+    }
+    EXPECT_EQ(m_pSimulation->GetUndoCount(), 0);
+    SetWidth(2.0);
+    EXPECT_EQ(m_pSimulation->GetUndoCount(), 1);
 }
 
 TEST_F(Undo, ANewEditForgetsWhatWasUndone)

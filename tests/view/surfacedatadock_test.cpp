@@ -19,10 +19,15 @@ protected:
     template <class Widget> Widget* Find(const char* sName) { return m_dock.findChild<Widget*>(sName); }
     QSpinBox* Spin(const char* sName) { return Find<QSpinBox>(sName); }
     QString Text(const char* sLabel) { return Find<QLabel>(sLabel)->text(); }
-    void Open(const QVector<ISelectable*>& selectables)
+    SurfaceDataDock()
     {
-        CSelectableManager::Instance().NotifyDoubleClicked(selectables);
+        const CSelectableManager* const pManager = &CSelectableManager::Instance();
+        QObject::connect(pManager, &CSelectableManager::SignalUpdateSelectable, &m_dock,
+                         &CSurfaceDataDock::SlotSelectableChanged);
+        QObject::connect(pManager, &CSelectableManager::SignalSelectableDeleted, &m_dock,
+                         &CSurfaceDataDock::SlotSelectableDeleted);
     }
+    void Open(const QVector<ISelectable*>& selectables) { m_dock.SlotSelectableDoubleClicked(selectables); }
     /** Types a number over the box's text and leaves it. */
     void Enter(QAbstractSpinBox* pBox, const char* sText)
     {
@@ -43,7 +48,7 @@ TEST_F(SurfaceDataDock, ItShowsTheBlockAndThePlane)
     CSurfaceSelectable* const pSurface = AddSurface(1, 2);
     Open({Selectable(1)});
     EXPECT_TRUE(m_dock.isHidden()) << "a block isn't a surface";
-    CSelectableManager::Instance().NotifyDoubleClicked(pSurface);
+    m_dock.SlotSelectableDoubleClicked(pSurface);
     EXPECT_FALSE(m_dock.isHidden());
     EXPECT_EQ(Text("m_pHeadL"), "Surface: [Zone Block 1]");
     EXPECT_EQ(Text("m_pSizeL"), "5 x 4 x 3 [nodes]");
@@ -139,6 +144,7 @@ TEST_F(SurfaceDataDock, SeveralSurfacesShowWhatTheyShareAndAreEditedTogether)
     EXPECT_EQ(pFirst->constantDirection(), 1);
     EXPECT_EQ(pSecond->constantDirection(), 1);
     CSelectableManager::Instance().Remove(pFirst);
+    QCoreApplication::processEvents();
     EXPECT_EQ(Text("m_pHeadL"), "Surface: [Zone Block 2]");
     CSelectableManager::Instance().Remove(pSecond);
     EXPECT_TRUE(m_dock.isHidden());
@@ -172,7 +178,7 @@ TEST_F(SurfaceDataDock, DroppedSurfacesJoinThoseOfTheSameCase)
     WriteItemDrag(data, {VIEW, SIMULATION, {1, pSecond->itemId()}});
     ASSERT_TRUE(m_dock.CanDrop(&data));
     m_dock.Drop({}, &data);
-    EXPECT_EQ(m_dock.GetGroup().Surfaces(), (QVector<CSurfaceSelectable*>{pFirst, pSecond}));
+    EXPECT_EQ(m_dock.GetSelectables(), (QVector<ISelectable*>{pFirst, pSecond}));
     QMimeData blockOnly, foreign;
     WriteItemDrag(blockOnly, {VIEW, SIMULATION, {1}});
     WriteItemDrag(foreign, {VIEW, SIMULATION + 1, {pSecond->itemId()}});

@@ -6,6 +6,7 @@
 #include "frame/preferences/preferences.h"
 #include "frame/ui/fontincrement.h"
 #include "frame/widgetmanager.h"
+#include "simulation/panel/dockwidget.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
 #include "tests/support/testmodule.h"
@@ -42,6 +43,25 @@ public:
         return true;
     }
     static inline QVector<qint64> m_exported;
+};
+
+/** A dock that counts what selectables tell it. */
+class CHearingDock : public CDockWidget
+{
+public:
+    void SlotSelectableDoubleClicked(QVector<ISelectable*>) override { show(); }
+    void SlotSelectableChanged(ISelectable*) override { ++m_nChanges; }
+    void SlotSelectableDeleted(ISelectable*) override { ++m_nDeleted; }
+
+    int m_nChanges = 0, m_nDeleted = 0;
+};
+
+class CDockModule : public CTestModule
+{
+public:
+    explicit CDockModule(qint32 nId) : CTestModule(nId, nId == 1 ? "Plot3D" : "Velor") {}
+    void Initialize() override { m_secondDocks.append(m_docksById[GetId()] = new CHearingDock); }
+    static inline QMap<qint64, CHearingDock*> m_docksById;
 };
 
 /** A run of the program with that module. */
@@ -169,6 +189,28 @@ TEST_F(MainWindow, ARefusedCloseKeepsWindowAndCases)
     user.Press("Yes");
     EXPECT_TRUE(window.close());
     EXPECT_TRUE(m_manager.GetSimulationIds().isEmpty());
+}
+
+TEST_F(MainWindow, DocksHearOfTheirCasesAloneAndOfChangesWhileTheyAreOnShow)
+{
+    for (const qint32 nId : {1, 3})
+        CModuleRegistry::Instance().SetFactory(nId, [nId] { return std::make_unique<CDockModule>(nId); });
+    CMainWindow window;
+    CHearingDock &dock = *CDockModule::m_docksById[1], &foreign = *CDockModule::m_docksById[3];
+    CSelectableManager& manager = CSelectableManager::Instance();
+    auto* const pSelectable = new CTestSelectable(1, AddOnTop(1), 1);
+    manager.Add(pSelectable);
+    manager.NotifyUpdated(pSelectable);
+    EXPECT_EQ(dock.m_nChanges, 0);
+    manager.NotifyDoubleClicked(pSelectable);
+    EXPECT_FALSE(dock.isHidden());
+    EXPECT_TRUE(foreign.isHidden());
+    manager.NotifyUpdated(pSelectable);
+    manager.NotifyDisplayOnNodes(pSelectable);
+    EXPECT_EQ(dock.m_nChanges, 2);
+    manager.Remove(pSelectable);
+    EXPECT_EQ(dock.m_nDeleted, 1);
+    EXPECT_EQ(foreign.m_nDeleted, 1) << "who holds a pointer lets go of it though hidden";
 }
 
 TEST_F(MainWindow, AModulesToolBarThatTheUserHasHiddenStaysHidden)

@@ -4,8 +4,6 @@
 #include "frame/ui/waitcursor.h"
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
-#include "simulation/isimulation.h"
-#include "simulation/simulationmanager.h"
 #include "ui_colormapdialog.h"
 #include "view/colormaps/colormapedit.h"
 #include "view/colormaps/colormaptables.h"
@@ -42,10 +40,7 @@ CColormapDialog::CColormapDialog(qint64 nSimulationId, qint64 nViewId, bool bGlo
         m_pUi->m_pColormapCB->addItem(Strip(m_pUi->m_pColormapCB->count(), m_pUi->m_pColormapCB->iconSize()),
                                       map.sName);
     Save(ColormapEdit::Subjects(nViewId, nSimulationId, bGlobal));
-    if (ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(nSimulationId)) {
-        pSimulation->BeginUndoStep();
-        m_bUndoOpen = true;
-    }
+    m_step.emplace(nSimulationId);
     connect(m_pUi->m_pRangeSlider, &CRangeSlider::MinValueChanged, this,
             &CColormapDialog::SlotMinValueChanged);
     connect(m_pUi->m_pRangeSlider, &CRangeSlider::MaxValueChanged, this,
@@ -60,7 +55,7 @@ CColormapDialog::CColormapDialog(qint64 nSimulationId, qint64 nViewId, bool bGlo
 
 CColormapDialog::~CColormapDialog()
 {
-    if (m_bUndoOpen)
+    if (m_step)
         done(Rejected);
 }
 
@@ -110,10 +105,9 @@ void CColormapDialog::done(int nResult)
 {
     if (nResult != Accepted)
         Restore();
-    if (ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(m_nSimulationId);
-        pSimulation && m_bUndoOpen)
-        pSimulation->EndUndoStep(nResult != Accepted);
-    m_bUndoOpen = false;
+    if (m_step && nResult != Accepted)
+        m_step->Discard();
+    m_step.reset();
     Redraw();
     QDialog::done(nResult);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/valuerange.h"
+#include "simulation/undostep.h"
 #include "view/annotations/annotationcolormap.h"
 
 #include <QDialog>
@@ -8,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class ISelectable;
 class QToolButton;
@@ -101,7 +103,7 @@ private:
     const qint64 m_nSimulationId;
     const std::unique_ptr<Ui::CColormapDialog> m_pUi;
     std::vector<SSaved> m_saved;
-    bool m_bFilling = false;  // the slots of the widgets do nothing
-    bool m_bRangeSet = false; // the user has set a range here
-    bool m_bUndoOpen = false; // an undo step of the simulation is open
+    bool m_bFilling = false;         // the slots of the widgets do nothing
+    bool m_bRangeSet = false;        // the user has set a range here
+    std::optional<CUndoStep> m_step; // until it is closed
 };

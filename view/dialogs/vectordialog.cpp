@@ -4,8 +4,6 @@
 #include "frame/ui/fontincrement.h"
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
-#include "simulation/isimulation.h"
-#include "simulation/simulationmanager.h"
 #include "ui_vectordialog.h"
 #include "view/colormaps/colormapedit.h"
 #include "view/redrawviews.h"
@@ -36,24 +34,18 @@ CVectorDialog::CVectorDialog(qint64 nSimulationId, qint64 nViewId, QWidget* pPar
     m_pUi->setupUi(this);
     ApplyFontIncrement(this);
     Fill();
-    if (ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(nSimulationId)) {
-        pSimulation->BeginUndoStep();
-        m_bUndoOpen = true;
-    }
+    m_step.emplace(nSimulationId);
 }
 
 CVectorDialog::~CVectorDialog()
 {
-    if (m_bUndoOpen)
+    if (m_step)
         done(Rejected);
 }
 
 void CVectorDialog::done(int nResult)
 {
-    if (ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(m_nSimulationId);
-        pSimulation && m_bUndoOpen)
-        pSimulation->EndUndoStep();
-    m_bUndoOpen = false;
+    m_step.reset();
     QDialog::done(nResult);
 }
 

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "simulation/undostep.h"
+
 #include <QDialog>
 #include <QVector>
 
 #include <memory>
+#include <optional>
 
 class ISelectable;
 
@@ -37,5 +40,5 @@ private:
     const std::unique_ptr<Ui::CVectorDialog> m_pUi;
     QVector<ISelectable*> m_items;
     bool m_bFilling = false;
-    bool m_bUndoOpen = false; // an undo step of the simulation is open
+    std::optional<CUndoStep> m_step; // until it is closed
 };

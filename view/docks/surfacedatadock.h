@@ -1,7 +1,6 @@
 #pragma once
 
-#include "scene/imimedata.h"
-#include "simulation/panel/dockwidget.h"
+#include "simulation/panel/packdock.h"
 #include "view/selectables/surfacegroup.h"
 
 #include <memory>
@@ -13,11 +12,9 @@ namespace Ui {
 class CSurfaceDataDock;
 }
 
-/**
- * Edits the index plane and the display of surfaces, several at once. It follows the surfaces by the signals
- * of CSelectableManager. A drag of a slider is one step of undo.
- */
-class CSurfaceDataDock : public CDockWidget, public IMimeDataHandler
+/** Edits the index plane and the display of surfaces, several at once. A drag of a slider is one step of
+ * undo. */
+class CSurfaceDataDock : public CPackDock
 {
     Q_OBJECT
 
@@ -25,20 +22,7 @@ public:
     explicit CSurfaceDataDock(QWidget* pParent = nullptr);
     ~CSurfaceDataDock() override;
 
-    bool CanDrop(const QMimeData* pData) const override;
-    void Drop(const QPoint& position, const QMimeData* pData) override;
-
-    /** Shows these surfaces; what can't be edited here is left out. */
-    void SetSelectables(const QVector<ISelectable*>& selectables);
-    const CSurfaceGroup& GetGroup() const { return m_group; }
-
 public slots:
-    void SlotSelectableDoubleClicked(ISelectable* pSelectable) override;
-    void SlotSelectableDoubleClicked(QVector<ISelectable*> pSelectableList) override;
-    void SlotSelectableDeleted(ISelectable* pSelectable) override;
-    void SlotSelectableChanged(ISelectable* pSelectable) override;
-    void SlotSelectableDisplayOnNodes(ISelectable* pSelectable);
-    void SlotRefreshAll() override;
     // Sliders.
     void SlotMMinChanged(int nValue);
     void SlotMMaxChanged(int nValue);
@@ -49,7 +33,8 @@ public slots:
     void SlotTransparencySliderReleased();
 
 protected:
-    void hideEvent(QHideEvent* pEvent) override;
+    bool CanEdit(const ISelectable& selectable) const override { return CSurfaceGroup::CanEdit(selectable); }
+    void Fill() override;
 
 private slots:
     void on_m_pConstDirectionCB_currentIndexChanged(int nIndex);
@@ -65,24 +50,16 @@ private slots:
     void on_m_pCloseB_clicked();
 
 private:
-    QVector<ISelectable*> Droppable(const QMimeData* pData) const;
-    void ConnectSelectables();
     void ConnectSlider(QSlider* pSlider, void (CSurfaceDataDock::*slot)(int));
-    void BeginDrag();
-    void EndDrag();
-
-    void Fill();
-    void FillPlane();
-    void FillRange(int nOffset, QSlider* pMin, QSlider* pMax, QSpinBox* pStart, QSpinBox* pEnd);
-    void FillDisplay();
-    /** Does an edit of the user, unless the dock is filling itself. */
-    template <class Edit> void Do(const Edit& edit);
+    CSurfaceGroup Group() const { return CSurfaceGroup(GetSelectables()); }
+    void FillPlane(const CSurfaceGroup& group);
+    void FillRange(const CSurfaceGroup& group, int nOffset, QSlider* pMin, QSlider* pMax, QSpinBox* pStart,
+                   QSpinBox* pEnd);
+    void FillDisplay(const CSurfaceGroup& group);
+    /** Does an edit of the user, with the group. */
+    template <class Edits> void Do(const Edits& edits);
     void SetStart(int nOffset, int nValue);
     void SetEnd(int nOffset, int nValue);
 
     const std::unique_ptr<Ui::CSurfaceDataDock> m_pUi;
-    CSurfaceGroup m_group;
-    bool m_bFilling = false;     // widgets take values, or an edit is on its way: neither is an edit
-    bool m_bFillPending = false; // something has changed; it is read when the event loop runs
-    qint64 m_nDraggedCase = -1;  // whose step of undo is open while a slider is dragged
 };

@@ -3,47 +3,18 @@
 #include "data/blockshape.h"
 #include "scene/selectablekeys.h"
 #include "scene/selectablemanager.h"
-#include "simulation/isimulation.h"
-#include "simulation/simulationmanager.h"
 
-namespace {
-constexpr const char* MULTIPLE = "-Multiple-";
-}
-
-bool CSurfaceGroup::CanEdit(const ISelectable* pSelectable)
+bool CSurfaceGroup::CanEdit(const ISelectable& selectable)
 {
-    return (Get(*pSelectable, SelectableKey::DATA_DOCKS) & DataDockSurface) != 0 &&
-           dynamic_cast<const CSurfaceSelectable*>(pSelectable);
+    return (Get(selectable, SelectableKey::DATA_DOCKS) & DataDockSurface) != 0 &&
+           dynamic_cast<const CSurfaceSelectable*>(&selectable);
 }
 
-void CSurfaceGroup::Set(const QVector<ISelectable*>& selectables)
-{
-    m_surfaces.clear();
-    Add(selectables);
-}
-
-void CSurfaceGroup::Add(const QVector<ISelectable*>& selectables)
+CSurfaceGroup::CSurfaceGroup(const QVector<ISelectable*>& selectables)
 {
     for (ISelectable* const pSelectable : selectables)
-        if (CanEdit(pSelectable) && !Contains(pSelectable) &&
-            (IsEmpty() || pSelectable->simulationId() == SimulationId()))
-            m_surfaces.append(static_cast<CSurfaceSelectable*>(pSelectable));
+        m_surfaces.append(static_cast<CSurfaceSelectable*>(pSelectable));
 }
-
-bool CSurfaceGroup::Contains(const ISelectable* pSelectable) const
-{
-    return std::find(m_surfaces.begin(), m_surfaces.end(), pSelectable) != m_surfaces.end();
-}
-
-bool CSurfaceGroup::Remove(const ISelectable* pSelectable)
-{
-    const auto last = std::remove(m_surfaces.begin(), m_surfaces.end(), pSelectable);
-    const bool bFound = last != m_surfaces.end();
-    m_surfaces.erase(last, m_surfaces.end());
-    return bFound;
-}
-
-qint64 CSurfaceGroup::SimulationId() const { return IsEmpty() ? -1 : m_surfaces.first()->simulationId(); }
 
 std::optional<int> CSurfaceGroup::Direction() const
 {
@@ -123,10 +94,6 @@ QString CSurfaceGroup::SizeText() const
 
 void CSurfaceGroup::Edit(const std::function<void(CSurfaceSelectable&)>& edit)
 {
-    ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(SimulationId());
-    if (!pSimulation)
-        return;
-    pSimulation->BeginUndoStep();
     for (CSurfaceSelectable* const pSurface : QVector<CSurfaceSelectable*>(m_surfaces)) {
         const SSurfacePlane former = pSurface->plane();
         edit(*pSurface);
@@ -135,7 +102,6 @@ void CSurfaceGroup::Edit(const std::function<void(CSurfaceSelectable&)>& edit)
         else
             pSurface->apply();
     }
-    pSimulation->EndUndoStep(false);
 }
 
 void CSurfaceGroup::SetDirection(int nDirection)

@@ -1,40 +1,29 @@
 #pragma once
 
+#include "frame/commonvalue.h"
 #include "view/selectables/surfaceselectable.h"
 
 #include <functional>
-#include <optional>
 
 /**
  * Surfaces of one case that are edited together. A value is what they have in common, nothing where they
- * differ or where there are none. The group holds pointers: who keeps one removes what is deleted.
+ * differ or where there are none. The group holds pointers, so nobody keeps one.
  */
 class CSurfaceGroup
 {
 public:
-    /** Those of the selectables that a surface dock can edit, of the case of the first one. */
-    void Set(const QVector<ISelectable*>& selectables);
-    /** The same beside those that are there, each once. */
-    void Add(const QVector<ISelectable*>& selectables);
-    bool Remove(const ISelectable* pSelectable); ///< false if it isn't one of them
-    bool Contains(const ISelectable* pSelectable) const;
+    /** @param selectables  of one case, such as can be edited */
+    explicit CSurfaceGroup(const QVector<ISelectable*>& selectables);
+
     bool IsEmpty() const { return m_surfaces.isEmpty(); }
     const QVector<CSurfaceSelectable*>& Surfaces() const { return m_surfaces; }
-    qint64 SimulationId() const; ///< -1 for none
 
-    static bool CanEdit(const ISelectable* pSelectable);
+    static bool CanEdit(const ISelectable& selectable);
 
     /** What all give for a question to one of them. */
     template <class Question> auto Common(const Question& question) const
     {
-        using Value = std::invoke_result_t<Question, const CSurfaceSelectable&>;
-        if (m_surfaces.isEmpty())
-            return std::optional<Value>();
-        const Value first = question(*m_surfaces.first());
-        for (const CSurfaceSelectable* const pSurface : m_surfaces)
-            if (!(question(*pSurface) == first))
-                return std::optional<Value>();
-        return std::optional<Value>(first);
+        return CommonValue(m_surfaces, question);
     }
     std::optional<int> Direction() const;
     std::optional<qint64> Constant() const;
@@ -52,7 +41,7 @@ public:
     /** "%1 x %2 x %3 %4": points of the block and "[nodes]", or cells and "[cells]". */
     QString SizeText() const;
 
-    // Edits. Each is a step of undo, or part of the one that is open, and tells whoever shows the surfaces.
+    // Edits. Each tells whoever shows the surfaces; the step of undo is the caller's.
     void SetDirection(int nDirection);
     void SetConstant(qint64 nValue);
     void SetStart(int nAxis, qint64 nValue);

@@ -5,6 +5,7 @@
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"
+#include "simulation/undostep.h"
 #include "window/commands/activepair.h"
 #include "window/commands/displaycommandtable.h"
 #include "window/commands/windowactions.h"
@@ -39,7 +40,7 @@ void CDisplayCommands::Run(const SDisplayCommand& command)
 void CDisplayCommands::Apply(const SDisplayCommand& command, const SDisplayAnswer& answer)
 {
     QVector<ISelectable*> subjects = GetSubjects(); // as they are now: while it asked, items may have gone
-    ISimulation* const pSimulation = CWidgetManager::Instance().GetActiveSimulation();
+    const ISimulation* const pSimulation = CWidgetManager::Instance().GetActiveSimulation();
     if (!pSimulation)
         return;
     const auto impossible = [&](const ISelectable* p) { return !command.IsPossible(*p); };
@@ -48,9 +49,10 @@ void CDisplayCommands::Apply(const SDisplayCommand& command, const SDisplayAnswe
         CWidgetManager::Instance().SetStatusText(command.sRefusal);
     }
     const CWaitCursor wait; // ranges may have to be read
-    pSimulation->BeginUndoStep();
-    command.Apply(subjects, answer);
-    pSimulation->EndUndoStep(false);
+    {
+        const CUndoStep step(pSimulation->GetId());
+        command.Apply(subjects, answer);
+    }
     CSelectableManager& manager = CSelectableManager::Instance();
     for (ISelectable* const pSubject : std::as_const(subjects))
         (manager.*command.Notify)(pSubject);

@@ -7,6 +7,7 @@
 #include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
+#include "simulation/undostep.h"
 #include "window/commands/windowactions.h"
 
 namespace {
@@ -20,17 +21,6 @@ void Step(void (ISimulation::*step)())
         return;
     (pSimulation->*step)();
     pSimulation->RefreshViews();
-    CWidgetManager::Instance().UpdateActions();
-}
-
-void Edit(void (ISimulation::*edit)(qint64))
-{
-    ISimulation* const pSimulation = ActiveSimulation();
-    if (!pSimulation)
-        return;
-    pSimulation->BeginUndoStep();
-    (pSimulation->*edit)(CWidgetManager::Instance().GetActiveViewId());
-    pSimulation->EndUndoStep(false);
     CWidgetManager::Instance().UpdateActions();
 }
 
@@ -83,8 +73,27 @@ CEditCommands::CEditCommands(CWindowActions& actions)
 
 void CEditCommands::SlotUndo() { Step(&ISimulation::Undo); }
 void CEditCommands::SlotRedo() { Step(&ISimulation::Redo); }
-void CEditCommands::SlotDuplicate() { Edit(&ISimulation::DuplicateSelection); }
-void CEditCommands::SlotDelete() { Edit(&ISimulation::DeleteSelection); }
+
+void CEditCommands::SlotDuplicate()
+{
+    ISimulation* const pSimulation = ActiveSimulation();
+    if (!pSimulation)
+        return;
+    {
+        const CUndoStep step(pSimulation->GetId());
+        pSimulation->DuplicateSelection(CWidgetManager::Instance().GetActiveViewId());
+    }
+    CWidgetManager::Instance().UpdateActions();
+}
+
+void CEditCommands::SlotDelete()
+{
+    ISimulation* const pSimulation = ActiveSimulation();
+    if (!pSimulation)
+        return;
+    DeleteSelectionInOneStep(*pSimulation, CWidgetManager::Instance().GetActiveViewId());
+    CWidgetManager::Instance().UpdateActions();
+}
 
 void CEditCommands::SlotUnify()
 {
@@ -100,10 +109,12 @@ void CEditCommands::SlotUnify()
     const int nAnswer = AskWhoseSettings(pSimulation->GetItem(items.first())->GetName());
     if (nAnswer == CANCEL)
         return;
-    pSimulation->BeginUndoStep();
-    // The settings of the first go to all others.
-    pSimulation->MakeLinks(nAnswer == GROUP_TO_ITEMS ? linkable.group + items : items + linkable.group, true);
-    pSimulation->EndUndoStep(false);
+    {
+        const CUndoStep step(pSimulation->GetId());
+        // The settings of the first go to all others.
+        pSimulation->MakeLinks(nAnswer == GROUP_TO_ITEMS ? linkable.group + items : items + linkable.group,
+                               true);
+    }
     pSimulation->RefreshViews();
     CWidgetManager::Instance().UpdateActions();
 }

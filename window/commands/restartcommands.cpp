@@ -9,6 +9,7 @@
 #include "frame/replacefile.h"
 #include "frame/userprompt.h"
 #include "frame/widgetmanager.h"
+#include "simulation/isimulation.h"
 #include "simulation/simulationmanager.h"
 #include "simulation/undostep.h"
 #include "window/commands/activepair.h"
@@ -108,9 +109,10 @@ void CRestartCommands::Show(const SRestartFile& file, const QString& sFolder, bo
     bool bShown = false;
     if (pSimulation) {
         const CUpdateBlock block(pSimulation->GetId());
-        bShown = EditInOneStep(*pSimulation, [&] {
-            return pSimulation->LoadViewState(file.display, active.nViewId, file.dVersion);
-        });
+        CUndoStep step(pSimulation->GetId());
+        bShown = pSimulation->LoadViewState(file.display, active.nViewId, file.dVersion);
+        if (!bShown)
+            step.Discard();
     }
     if (!bShown) {
         TellNoData();

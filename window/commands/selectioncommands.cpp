@@ -9,6 +9,7 @@
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"
+#include "simulation/undostep.h"
 #include "view/annotations/onelegend.h"
 #include "window/commands/activepair.h"
 #include "window/commands/windowactions.h"
@@ -81,14 +82,15 @@ void CSelectionCommands::SetVisible(bool bVisible)
         return;
     const QVector<ISelectable*> subjects =
         pair.GetSubjects(m_actions.Get(ActionApplyToChildren)->isChecked());
-    pair.pSimulation->BeginUndoStep();
-    for (ISelectable* const pSelectable : subjects) {
-        pSelectable->setVisible(bVisible);
-        CSelectableManager::Instance().NotifyMaskChanged(pSelectable);
+    {
+        const CUndoStep step(pair.pSimulation->GetId());
+        for (ISelectable* const pSelectable : subjects) {
+            pSelectable->setVisible(bVisible);
+            CSelectableManager::Instance().NotifyMaskChanged(pSelectable);
+        }
+        if (!bVisible)
+            PassLegendsOn(subjects, pair.GetSelectables());
     }
-    if (!bVisible)
-        PassLegendsOn(subjects, pair.GetSelectables());
-    pair.pSimulation->EndUndoStep(false);
     CWidgetManager::Instance().UpdateActiveViewer();
 }
 

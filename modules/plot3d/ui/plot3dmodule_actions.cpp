@@ -16,6 +16,7 @@
 #include "simulation/displayfilechoice.h"
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"
+#include "simulation/undostep.h"
 #include "view/selectables/surfaceitems.h"
 
 #include <QAction>
@@ -172,15 +173,16 @@ void CPlot3DModule::SlotCreateSurface()
     if (SelectedItems(*pSimulation, nViewId).isEmpty())
         blockIds = blockIds.mid(0, 1); // one to start from, not one in each of thousands
     QVector<ISelectable*> made;
-    pSimulation->BeginUndoStep();
-    for (const qint64 nBlockId : std::as_const(blockIds)) {
-        const IVector3D size = pSimulation->GetItem(nBlockId)->GetSize();
-        SSurfacePlane plane = FacePlane(size, 4);
-        plane.constants = {(size.i + 1) / 2, (size.j + 1) / 2, (size.k + 1) / 2};
-        if (const CItem* const pItem = CreateSurfaceItem(*pSimulation, nBlockId, plane))
-            made.append(pItem->GetSelectable(nViewId));
+    {
+        const CUndoStep step(pSimulation->GetId());
+        for (const qint64 nBlockId : std::as_const(blockIds)) {
+            const IVector3D size = pSimulation->GetItem(nBlockId)->GetSize();
+            SSurfacePlane plane = FacePlane(size, 4);
+            plane.constants = {(size.i + 1) / 2, (size.j + 1) / 2, (size.k + 1) / 2};
+            if (const CItem* const pItem = CreateSurfaceItem(*pSimulation, nBlockId, plane))
+                made.append(pItem->GetSelectable(nViewId));
+        }
     }
-    pSimulation->EndUndoStep();
     pSimulation->RefreshViews();
     made.removeAll(nullptr);
     CSelectableManager::Instance().NotifyDoubleClicked(made);
@@ -275,7 +277,7 @@ void CPlot3DModule::SlotUnifyData()
     CPlot3DSimulation* const pSimulation = ActivePlot3D();
     if (!pSimulation)
         return;
-    pSimulation->BeginUndoStep(); // one for all that is selected
+    const CUndoStep step(pSimulation->GetId()); // one for all that is selected
     QSet<qint64> done;
     for (const qint64 nId : SelectedItems(*pSimulation, GetActiveViewId())) {
         if (done.contains(nId))
@@ -294,7 +296,6 @@ void CPlot3DModule::SlotUnifyData()
         else if (UserPrompt::Confirm("Unify Data", sText.arg(sName, QString::number(ids.size()))))
             pSimulation->MakeLinks(QVector<qint64>{nId} + ids, true);
     }
-    pSimulation->EndUndoStep(false);
     pSimulation->RefreshViews();
 }
 
