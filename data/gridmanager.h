@@ -1,25 +1,18 @@
 #pragma once
 
-#include "data/filecache.h"
 #include "data/grids/flippedgrid.h"
 #include "data/grids/gridmask.h"
 #include "data/grids/transformgrid.h"
-#include "data/levelregistry.h"
+#include "data/io/plot3dfile.h"
+#include "data/leasetable.h"
 #include "frame/memory/imemorycache.h"
-
-#include <QHash>
-
-#include <atomic>
-#include <memory>
-#include <mutex>
 
 /**
  * All grids of all simulations. A caller asks for the grid of a simulation, an item and a time and gets one
  * that is ready, whatever it is made of: a block, a blend of two levels, a union of sub-boxes. It stays in
  * memory until the caller gives it back with Dispose (a CLease does).
  *
- * Registration is for the main thread and tasks, requests for any thread. One lock guards the tables; nothing
- * is loaded, detected or deleted under it.
+ * Registration is for the main thread and tasks, requests for any thread.
  */
 class CGridManager : public IGridOwner, public IMemoryCache
 {
@@ -65,14 +58,13 @@ public:
     QVector<double> GetTimes(qint64 nSimulationId, qint64 nItemId) const;
     QVector<qint64> GetItemIds(qint64 nSimulationId) const;
     /** A grid that somebody holds goes at its last Dispose. */
-    void RemoveItem(qint64 nSimulationId, qint64 nItemId);
-    void RemoveSimulation(qint64 nSimulationId);
-    qint64 CountGrids() const; ///< registered or still held
+    void RemoveItem(qint64 nSimulationId, qint64 nItemId) { m_table.RemoveItem(nSimulationId, nItemId); }
+    void RemoveSimulation(qint64 nSimulationId) { m_table.RemoveSimulation(nSimulationId); }
+    qint64 CountGrids() const { return m_table.Count(); } ///< registered or still held
     /** How often data that couldn't be read were tried anew: what was derived of data before needn't hold. */
-    qint64 CountRestarts() const { return m_nRestarts; }
+    qint64 CountRestarts() const { return m_table.CountRestarts(); }
 
-    CFileCache& GetFileCache() { return m_fileCache; }
-    void EmptyCache() override { m_fileCache.Clear(); }
+    void EmptyCache() override;
     void Release(CGrid* pGrid) override;
 
 private:
@@ -80,27 +72,22 @@ private:
     struct SChain
     {
         explicit SChain(const SPlot3DFile& known);
+        void SetId(qint64 nId);
+        void Prepare() { mask.Prepare(); }
+        qint64 GetMemoryId() { return mask.GetBaseGrid()->GetMemoryId(); }
+        bool HasFileChangedSinceFailure() const { return mask.HasFileChangedSinceFailure(); }
+        void StartAnew();
+        void ForgetDerived();
+
         CGridMask mask;
         CFlippedGrid flipped{&mask};
         CTransformGrid transformed{&flipped};
-        std::mutex prepareMutex; // one thread makes the storage grid
-        qint64 nHolders = 0;     // guarded by the manager's lock, as the next
-        bool bRegistered = true;
     };
-    using ChainPointer = std::shared_ptr<SChain>;
 
     CGridManager();
-    std::vector<ChainPointer> ChainsOf(const QVector<qint64>& ids) const;
     CLease<IGrid> Request(qint64 nSimulationId, qint64 nItemId, qint64 nSubId, double dTime, bool bExact);
-    IGrid* Hold(qint64 nId, bool bMoved);
-    bool IsAlone(const SChain& chain) const;
     bool HaveOneTransform(const QVector<STimeMatch>& matches) const;
-    void Drop(const QVector<qint64>& ids);
+    template <class Visit> void ForEachOf(qint64 nSimulationId, qint64 nItemId, const Visit& visit) const;
 
-    mutable std::mutex m_mutex; // the last to be taken; guards all but the file cache
-    CLevelRegistry m_registry;
-    QHash<qint64, ChainPointer> m_chains; // by grid id
-    qint64 m_nNextId = 0;
-    std::atomic<qint64> m_nRestarts = 0;
-    CFileCache m_fileCache;
+    CLeaseTable<SChain> m_table;
 };

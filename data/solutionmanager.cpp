@@ -1,6 +1,7 @@
 #include "data/solutionmanager.h"
 
 #include "data/fieldrequest.h"
+#include "data/io/plot3dreaders.h"
 #include "data/io/solutionio.h"
 #include "data/solutions/bytesolution.h"
 #include "data/solutions/interpsolution.h"
@@ -10,10 +11,10 @@
 
 namespace {
 
-template <class Storage> std::unique_ptr<CSolution> MakeStorageOf(const SPlot3DFile& known)
+template <class Storage> std::unique_ptr<CSolution> MakeStorageOf(std::unique_ptr<IBlockReader> pReader)
 {
     auto pSolution = std::make_unique<Storage>();
-    pSolution->SetKnownFile(known);
+    pSolution->SetReader(std::move(pReader));
     pSolution->SetOwner(&CSolutionManager::Instance());
     return pSolution;
 }
@@ -26,11 +27,15 @@ std::unique_ptr<CSolution> MakeStorage(const CSolutionMask& mask, const SPlot3DF
         nCode = known.nCode; // the file is gone: a load says so, and may find it again
     if (nCode == CODE_UNKNOWN)
         return nullptr;
-    if (IsDoublePrecisionFormat(nCode))
-        return mask.IsIntegerData() ? MakeStorageOf<CSolutionByteDoublePrecision>(known)
-                                    : MakeStorageOf<CSolutionDoublePrecision>(known);
-    return mask.IsIntegerData() ? MakeStorageOf<CSolutionByteSinglePrecision>(known)
-                                : MakeStorageOf<CSolutionSinglePrecision>(known);
+    const bool bDouble = IsDoublePrecisionFormat(nCode);
+    const bool bIntegers = mask.IsIntegerData();
+    auto pReader = std::make_unique<CPlot3DSolutionReader>(
+        mask.GetFileName(), mask.GetFileIndex(), mask.GetVariableIndex(), bDouble, bIntegers, known);
+    if (bDouble)
+        return bIntegers ? MakeStorageOf<CSolutionByteDoublePrecision>(std::move(pReader))
+                         : MakeStorageOf<CSolutionDoublePrecision>(std::move(pReader));
+    return bIntegers ? MakeStorageOf<CSolutionByteSinglePrecision>(std::move(pReader))
+                     : MakeStorageOf<CSolutionSinglePrecision>(std::move(pReader));
 }
 
 } // namespace
@@ -45,6 +50,8 @@ CSolutionManager& CSolutionManager::Instance()
     return *pManager;
 }
 
+void CSolutionManager::EmptyCache() { CSolutionIO::Cache().Clear(); }
+
 CSolutionManager::CSolutionManager() { CMemoryManager::Instance().AddCache(this); }
 
 qint64 CSolutionManager::AddSolution(qint64 nSimulationId, qint64 nItemId, qint64 nVariableId, qint64 nSubId,
@@ -53,37 +60,27 @@ qint64 CSolutionManager::AddSolution(qint64 nSimulationId, qint64 nItemId, qint6
     const std::shared_ptr<const SFieldRecipe> pRecipe = CVariableManager::Instance().GetRecipe(nVariableId);
     if (!pRecipe || !pRecipe->bOfFile)
         return NO_ID;
-    m_fileCache.Clear();
-    const EntryPointer pEntry = std::make_shared<SEntry>(file.known);
+    EmptyCache();
+    auto pEntry = std::make_unique<SEntry>(file.known);
     pEntry->mask.SetOwner(this);
     pEntry->mask.SetIntegerData(file.bIntegerData);
     pEntry->mask.Init(file.sFileName, file.nBlock, file.nVariable, file.dimensions, file.start);
-    qint64 nReplaced = NO_ID;
-    qint64 nId = NO_ID;
-    {
-        const std::lock_guard lock(m_mutex);
-        nId = m_nNextId++;
-        pEntry->mask.SetSolutionId(nId);
-        m_entries.insert(nId, pEntry);
-        nReplaced = m_registry.Add({nSimulationId, nItemId, nVariableId, {file.dimensions, file.start}},
-                                   {nId, nSubId, dTime});
-    }
-    if (nReplaced != NO_ID)
-        Drop({nReplaced});
-    return nId;
+    return m_table.Add({nSimulationId, nItemId, nVariableId, {file.dimensions, file.start}}, nSubId, dTime,
+                       std::move(pEntry));
 }
 
 QVector<STimeMatch> CSolutionManager::GetSolutionIds(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
                                                      qint64 nSubId, double dTime, bool bExact) const
 {
-    const std::lock_guard lock(m_mutex);
-    return m_registry.Find(nSimulationId, nItemId, nVariableId, nSubId, dTime, bExact);
+    return m_table.Look([&](const CLevelRegistry& registry) {
+        return registry.Find(nSimulationId, nItemId, nVariableId, nSubId, dTime, bExact);
+    });
 }
 
 bool CSolutionManager::HasSolutions(qint64 nSimulationId, qint64 nVariableId) const
 {
-    const std::lock_guard lock(m_mutex);
-    return m_registry.HasField(nSimulationId, nVariableId);
+    return m_table.Look(
+        [&](const CLevelRegistry& registry) { return registry.HasField(nSimulationId, nVariableId); });
 }
 
 CLease<ISolution> CSolutionManager::GetSolution(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
@@ -96,118 +93,21 @@ CLease<ISolution> CSolutionManager::GetSolution(qint64 nVariableId, qint64 nSimu
 CLease<ISolution> CSolutionManager::GetStored(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,
                                               qint64 nSubId, double dTime)
 {
-    QVector<ISolution*> parts;
-    for (const STimeMatch& match :
-         GetSolutionIds(nVariableId, nSimulationId, nItemId, nSubId, dTime, false)) {
-        ISolution* const pLow = Hold(match.nLowId);
-        ISolution* const pHigh = match.nHighId == match.nLowId ? nullptr : Hold(match.nHighId);
-        if (pLow && pHigh)
-            parts.append(new CInterpSolution(pLow, pHigh, match.dWeight));
-        else if (pLow)
-            parts.append(pLow);
-        else if (pHigh)
-            pHigh->Dispose();
-    }
-    if (parts.size() > 1)
-        return CLease<ISolution>(new CSolutionPack(parts));
-    return CLease<ISolution>(parts.value(0));
-}
-
-/** The solution, ready and kept in memory until Dispose; null for an unknown id. */
-ISolution* CSolutionManager::Hold(qint64 nId)
-{
-    EntryPointer pEntry;
-    {
-        const std::lock_guard lock(m_mutex);
-        pEntry = m_entries.value(nId);
-        if (!pEntry)
-            return nullptr;
-        ++pEntry->nHolders;
-    }
-    {
-        const std::lock_guard prepare(pEntry->prepareMutex);
-        if (pEntry->mask.HasFileChangedSinceFailure() && IsAlone(*pEntry)) {
-            pEntry->mask.StartAnew();
-            ++m_nRestarts;
-        }
-        pEntry->mask.Prepare();
-    }
-    CMemoryManager::Instance().Acquire(pEntry->mask.GetBaseSolution()->GetMemoryId());
-    return &pEntry->mask;
-}
-
-/**
- * Nobody but the caller, who holds the entry and its prepareMutex, knows what is behind the mask: whoever
- * wants it as well waits for that mutex.
- */
-bool CSolutionManager::IsAlone(const SEntry& entry) const
-{
-    const std::lock_guard lock(m_mutex);
-    return entry.nHolders == 1;
+    return ComposeMatches<ISolution, CInterpSolution, CSolutionPack>(
+        GetSolutionIds(nVariableId, nSimulationId, nItemId, nSubId, dTime, false),
+        [&](qint64 nId) -> ISolution* {
+            SEntry* const pEntry = m_table.Hold(nId);
+            return pEntry ? &pEntry->mask : nullptr;
+        });
 }
 
 void CSolutionManager::Release(CSolution* pSolution)
 {
-    CMemoryManager::Instance().Release(pSolution->GetMemoryId());
-    EntryPointer pGone; // deleted outside the lock
-    const std::lock_guard lock(m_mutex);
-    const auto entry = m_entries.find(pSolution->GetSolutionId());
-    if (entry == m_entries.end() || (*entry)->nHolders == 0)
-        return;
-    --(*entry)->nHolders;
-    if ((*entry)->nHolders > 0 || (*entry)->bRegistered)
-        return;
-    pGone = *entry;
-    m_entries.erase(entry);
-}
-
-/** No longer registered: what nobody holds goes now. */
-void CSolutionManager::Drop(const QVector<qint64>& ids)
-{
-    std::vector<EntryPointer> gone; // deleted outside the lock
-    const std::lock_guard lock(m_mutex);
-    for (const qint64 nId : ids) {
-        const auto entry = m_entries.find(nId);
-        if (entry == m_entries.end())
-            continue;
-        (*entry)->bRegistered = false;
-        if ((*entry)->nHolders > 0)
-            continue;
-        gone.push_back(*entry);
-        m_entries.erase(entry);
-    }
+    m_table.Release(pSolution->GetSolutionId(), pSolution->GetMemoryId());
 }
 
 QVector<double> CSolutionManager::GetTimes(qint64 nSimulationId, qint64 nItemId) const
 {
-    const std::lock_guard lock(m_mutex);
-    return m_registry.Times(nSimulationId, nItemId);
-}
-
-void CSolutionManager::RemoveItem(qint64 nSimulationId, qint64 nItemId)
-{
-    QVector<qint64> ids;
-    {
-        const std::lock_guard lock(m_mutex);
-        ids = m_registry.IdsOf(nSimulationId, nItemId);
-        m_registry.RemoveItem(nSimulationId, nItemId);
-    }
-    Drop(ids);
-}
-
-void CSolutionManager::RemoveSimulation(qint64 nSimulationId)
-{
-    QVector<qint64> items;
-    {
-        const std::lock_guard lock(m_mutex);
-        items = m_registry.ItemsOf(nSimulationId);
-    }
-    for (const qint64 nItemId : items)
-        RemoveItem(nSimulationId, nItemId);
-}
-
-qint64 CSolutionManager::CountSolutions() const
-{
-    const std::lock_guard lock(m_mutex);
-    return m_entries.size();
+    return m_table.Look(
+        [&](const CLevelRegistry& registry) { return registry.Times(nSimulationId, nItemId); });
 }

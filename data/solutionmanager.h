@@ -1,15 +1,9 @@
 #pragma once
 
-#include "data/filecache.h"
-#include "data/levelregistry.h"
+#include "data/io/plot3dfile.h"
+#include "data/leasetable.h"
 #include "data/solutions/solutionmask.h"
 #include "frame/memory/imemorycache.h"
-
-#include <QHash>
-
-#include <atomic>
-#include <memory>
-#include <mutex>
 
 /**
  * All fields of all simulations: turns a variable, a simulation, an item and a time into the solution that
@@ -17,8 +11,7 @@
  * formula over other variables. It stays in memory until the caller gives it back with Dispose (a CLease
  * does).
  *
- * Registration is for the main thread and tasks, requests for any thread. One lock guards the tables; nothing
- * is loaded, detected or deleted under it.
+ * Registration is for the main thread and tasks, requests for any thread.
  */
 class CSolutionManager : public ISolutionOwner, public IMemoryCache
 {
@@ -58,36 +51,29 @@ public:
     QVector<double> GetTimes(qint64 nSimulationId, qint64 nItemId) const;
 
     /** A solution that somebody holds goes at its last Dispose. */
-    void RemoveItem(qint64 nSimulationId, qint64 nItemId);
-    void RemoveSimulation(qint64 nSimulationId);
-    qint64 CountSolutions() const; ///< registered or still held
+    void RemoveItem(qint64 nSimulationId, qint64 nItemId) { m_table.RemoveItem(nSimulationId, nItemId); }
+    void RemoveSimulation(qint64 nSimulationId) { m_table.RemoveSimulation(nSimulationId); }
+    qint64 CountSolutions() const { return m_table.Count(); } ///< registered or still held
     /** How often data that couldn't be read were tried anew: what was derived of data before needn't hold. */
-    qint64 CountRestarts() const { return m_nRestarts; }
+    qint64 CountRestarts() const { return m_table.CountRestarts(); }
 
-    CFileCache& GetFileCache() { return m_fileCache; }
-    void EmptyCache() override { m_fileCache.Clear(); }
+    void EmptyCache() override;
     void Release(CSolution* pSolution) override;
 
 private:
     struct SEntry
     {
         explicit SEntry(const SPlot3DFile& known);
+        void SetId(qint64 nId) { mask.SetSolutionId(nId); }
+        void Prepare() { mask.Prepare(); }
+        qint64 GetMemoryId() { return mask.GetBaseSolution()->GetMemoryId(); }
+        bool HasFileChangedSinceFailure() const { return mask.HasFileChangedSinceFailure(); }
+        void StartAnew() { mask.StartAnew(); }
+
         CSolutionMask mask;
-        std::mutex prepareMutex; // one thread makes the storage
-        qint64 nHolders = 0;     // guarded by the manager's lock, as the next
-        bool bRegistered = true;
     };
-    using EntryPointer = std::shared_ptr<SEntry>;
 
     CSolutionManager();
-    ISolution* Hold(qint64 nId);
-    bool IsAlone(const SEntry& entry) const;
-    void Drop(const QVector<qint64>& ids);
 
-    mutable std::mutex m_mutex; // the last to be taken; guards all but the file cache
-    CLevelRegistry m_registry;
-    QHash<qint64, EntryPointer> m_entries; // by solution id
-    qint64 m_nNextId = 0;
-    std::atomic<qint64> m_nRestarts = 0;
-    CFileCache m_fileCache;
+    CLeaseTable<SEntry> m_table;
 };

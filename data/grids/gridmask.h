@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/grids/gridwrapper.h"
-#include "data/io/filefailure.h"
+#include "data/mask.h"
 
 #include <functional>
 
@@ -18,11 +18,12 @@ public:
     explicit CGridMask(Factory factory) : m_factory(std::move(factory)) {}
 
     bool Prepare() override;
-    bool IsPrepared() const override { return m_pInner || m_bFailed; }
-    /** The file couldn't be identified or read, and isn't any more what it was then: the next Prepare begins
-     * anew. */
-    bool HasFileChangedSinceFailure() const override;
-    /** For one who alone knows the mask, after HasFileChangedSinceFailure. */
+    bool IsPrepared() const override { return m_inner.IsPrepared(); }
+    bool HasFileChangedSinceFailure() const override
+    {
+        return m_inner.HasFileChangedSinceFailure(CGrid::GetFileName());
+    }
+    /** For one who alone knows the mask: the next Prepare begins anew. */
     void StartAnew();
     void Init(const QString& sFileName, qint64 nFileIndex, const IVector3D& dimensions,
               const IVector3D& start, bool bStructured) override;
@@ -39,12 +40,10 @@ public:
     LoadStatus_e ComputeRanges() override;
 
 protected:
-    IGrid* Inner() const override { return m_pInner.get(); }
+    IGrid* Inner() const override { return m_inner.Get(); }
 
 private:
     Factory m_factory;
-    std::unique_ptr<CGrid> m_pInner;
-    bool m_bFailed = false;
-    CFileFailure m_failure; // of the factory; a load's is the inner grid's
+    CMask<CGrid> m_inner;
     bool m_bStructured = true;
 };

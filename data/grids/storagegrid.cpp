@@ -1,6 +1,6 @@
 #include "data/grids/storagegrid.h"
 
-#include "data/io/gridio.h"
+#include "data/kernels/pointkernels.h"
 #include "frame/memory/memorymanager.h"
 #include "frame/messagesink.h"
 
@@ -27,48 +27,38 @@ template <class Real> void CStorageGrid<Real>::SetDimensions(const IVector3D& di
 template <class Real> bool CStorageGrid<Real>::Allocate(qint64 nPointCount)
 {
     Unload();
-    for (CLargeArray<Real>& axis : m_axes) {
-        axis = CLargeArray<Real>(nPointCount);
-        if (axis.Size() != nPointCount) {
-            Unload();
-            return false;
-        }
-    }
-    this->SetBytesInUse(3 * m_axes[0].Bytes());
-    return true;
+    const bool bAllocated = m_arrays.Allocate(nPointCount);
+    this->SetBytesInUse(m_arrays.Bytes());
+    return bAllocated;
 }
 
 template <class Real> int CStorageGrid<Real>::Load()
 {
-    const std::lock_guard lock(m_mutex);
-    const bool bThere = this->GetBytesInUse() == this->GetBytesNeeded();
-    const int nStatus = bThere ? int(LoadOk) : CGridIO().LoadGrid(*this);
-    if (nStatus != LoadOk)
-        Unload();
-    m_bFilled = nStatus == LoadOk;
-    m_failure.Note(nStatus, this->GetFileName());
-    return nStatus;
+    IVector3D size = this->GetDimensions();
+    const LoadStatus_e eStatus = m_arrays.Load(this->GetFileName(), size);
+    if (eStatus == LoadNever)
+        SetDimensions(size); // the next access loads it
+    this->SetBytesInUse(m_arrays.Bytes());
+    return eStatus;
 }
 
 template <class Real> void CStorageGrid<Real>::Unload()
 {
-    m_bFilled = false;
-    for (CLargeArray<Real>& axis : m_axes)
-        axis.Clear();
+    m_arrays.Clear();
     this->ReleaseCoordinateCopies();
     this->SetBytesInUse(0);
 }
 
 template <class Real> LoadStatus_e CStorageGrid<Real>::EnsureLoaded() const
 {
-    if (m_bFilled)
+    if (m_arrays.AreFilled())
         return LoadOk;
     // A load changes nothing that a reader can see but the time it takes.
     auto* const pThis = const_cast<CStorageGrid*>(this);
     int nStatus = CMemoryManager::Instance().LoadItem(pThis);
     if (nStatus == LoadFailed && !this->HasFailed()) // it has found out that it is of another size
         nStatus = CMemoryManager::Instance().LoadItem(pThis);
-    return nStatus == LoadOk && !m_bFilled ? LoadFailed : LoadStatus_e(nStatus);
+    return nStatus == LoadOk && !m_arrays.AreFilled() ? LoadFailed : LoadStatus_e(nStatus);
 }
 
 template <class Real> DVector3D CStorageGrid<Real>::GetPoint(const IVector3D& ijk) const
@@ -83,64 +73,45 @@ template <class Real> DVector3D CStorageGrid<Real>::GetPoint(qint64 nIndex) cons
 {
     if (EnsureLoaded() != LoadOk)
         return {};
-    if (nIndex < 0 || nIndex >= m_axes[0].Size()) {
+    if (nIndex < 0 || nIndex >= m_arrays.Count()) {
         CMessageSink::Instance().Log("Invalid Index");
         return {};
     }
-    return {m_axes[0][nIndex], m_axes[1][nIndex], m_axes[2][nIndex]};
+    return {m_arrays.Data(0)[nIndex], m_arrays.Data(1)[nIndex], m_arrays.Data(2)[nIndex]};
 }
 
 template <class Real> void CStorageGrid<Real>::SetPoint(qint64 nIndex, const DVector3D& point)
 {
-    if (nIndex < 0 || nIndex >= m_axes[0].Size())
+    if (nIndex < 0 || nIndex >= m_arrays.Count())
         return;
     for (int nAxis = 0; nAxis < 3; ++nAxis)
-        m_axes[nAxis][nIndex] = static_cast<Real>(point[nAxis]);
-}
-
-template <class Real>
-bool CStorageGrid<Real>::FillFromFile(const SIJKRange& range, const SPointBuffers& out) const
-{
-    return !m_bFilled && !this->HasFailed() && m_partialReads.Take(this->GetShape(), range, sizeof(Real)) &&
-           CGridIO().ReadPoints(*this, range, out);
+        m_arrays.Array(nAxis)[nIndex] = static_cast<Real>(point[nAxis]);
 }
 
 template <class Real>
 LoadStatus_e CStorageGrid<Real>::FillPoints(const SIJKRange& range, const SPointBuffers& out) const
 {
-    if (FillFromFile(range, out))
+    if (m_arrays.ReadPart(this->GetShape(), range, {out.x, out.y, out.z}))
         return LoadOk;
     if (const LoadStatus_e eStatus = EnsureLoaded(); eStatus != LoadOk)
         return eStatus;
     if (!this->GetShape().Range().Contains(range.min) || !this->GetShape().Range().Contains(range.max))
         return LoadBadContent; // the load found another size
     for (int nAxis = 0; nAxis < 3; ++nAxis)
-        CopyRange(m_axes[nAxis].Data(), this->GetShape(), range, out.Axis(nAxis));
+        CopyRange(m_arrays.Data(nAxis), this->GetShape(), range, out.Axis(nAxis));
     return LoadOk;
 }
 
 template <class Real>
 LoadStatus_e CStorageGrid<Real>::GatherPoints(std::span<const qint64> points, const SPointBuffers& out) const
 {
-    const SBlockShape shape = this->GetShape();
-    if (!m_bFilled && !this->HasFailed() &&
-        m_partialReads.TakePoints(shape, qint64(points.size()), sizeof(Real))) {
-        const auto read = [&](size_t n) {
-            const IVector3D ijk = shape.Address(points[n]);
-            return CGridIO().ReadPoints(*this, {ijk, ijk},
-                                        {out.x.subspan(n, 1), out.y.subspan(n, 1), out.z.subspan(n, 1)});
-        };
-        size_t n = 0;
-        while (n < points.size() && read(n))
-            ++n;
-        if (n == points.size())
-            return LoadOk;
-    }
+    if (m_arrays.ReadPoints(this->GetShape(), points, {out.x, out.y, out.z}))
+        return LoadOk;
     if (const LoadStatus_e eStatus = EnsureLoaded(); eStatus != LoadOk)
         return eStatus;
     for (int nAxis = 0; nAxis < 3; ++nAxis)
         std::transform(points.begin(), points.end(), out.Axis(nAxis).begin(),
-                       [&](qint64 n) { return double(m_axes[nAxis][n]); });
+                       [pArray = m_arrays.Data(nAxis)](qint64 n) { return double(pArray[n]); });
     return LoadOk;
 }
 
@@ -149,7 +120,7 @@ template <class Real> const float* CStorageGrid<Real>::GetCoordinatesSingle(int 
     if (EnsureLoaded() != LoadOk)
         return nullptr;
     if constexpr (std::is_same_v<Real, float>)
-        return m_axes[nAxis].Data();
+        return m_arrays.Data(nAxis);
     else
         return CGrid::GetCoordinatesSingle(nAxis);
 }
@@ -159,7 +130,7 @@ template <class Real> const double* CStorageGrid<Real>::GetCoordinatesDouble(int
     if (EnsureLoaded() != LoadOk)
         return nullptr;
     if constexpr (std::is_same_v<Real, double>)
-        return m_axes[nAxis].Data();
+        return m_arrays.Data(nAxis);
     else
         return CGrid::GetCoordinatesDouble(nAxis);
 }

@@ -1,13 +1,8 @@
 #pragma once
 
 #include "data/grids/grid.h"
-#include "data/io/filefailure.h"
-#include "data/io/partialreads.h"
-#include "data/kernels/largearray.h"
-#include "data/kernels/pointkernels.h"
+#include "data/io/storedarrays.h"
 
-#include <atomic>
-#include <mutex>
 #include <optional>
 
 /**
@@ -20,17 +15,17 @@ template <class Real> class CStorageGrid : public CGrid
 public:
     CStorageGrid();
 
-    /** What the file was when it was chosen: it is read as that while it fits. */
-    void SetKnownFile(const SPlot3DFile& file) { m_knownFile = file; }
-    const SPlot3DFile& GetKnownFile() const { return m_knownFile; }
+    /** Of the three coordinates. */
+    void SetReader(std::unique_ptr<IBlockReader> pReader) { m_arrays.SetReader(std::move(pReader)); }
     bool Allocate(qint64 nPointCount) override;
     void SetDimensions(const IVector3D& dimensions) override;
     void Init(const QString& sFileName, qint64 nFileIndex, const IVector3D& dimensions,
               const IVector3D& start, bool bStructured) override;
-    /** Where a reader puts the coordinates of one axis; empty while nothing is allocated. */
-    std::span<Real> Coordinates(int nAxis) { return m_axes[nAxis].Span(); }
 
-    bool HasFileChangedSinceFailure() const override { return m_failure.HasFileChanged(this->GetFileName()); }
+    bool HasFileChangedSinceFailure() const override
+    {
+        return m_arrays.HasFileChangedSinceFailure(this->GetFileName());
+    }
     int Load() override;
     void Unload() override;
 
@@ -45,16 +40,8 @@ public:
 
 private:
     LoadStatus_e EnsureLoaded() const;
-    /** The range alone, from the file; false where all is there or had better be. */
-    bool FillFromFile(const SIJKRange& range, const SPointBuffers& out) const;
 
-    SPlot3DFile m_knownFile;
-    mutable std::mutex m_mutex; // serialises loads
-    // The arrays are filled, not only allocated: another thread may be loading them now.
-    std::atomic<bool> m_bFilled = false;
-    std::array<CLargeArray<Real>, 3> m_axes;
-    mutable CPartialReads m_partialReads;
-    CFileFailure m_failure;
+    CStoredArrays<Real, 3> m_arrays;
     std::optional<CMemoryRegistration> m_registration; // last: begins when all above is there
 };
 

@@ -17,6 +17,11 @@ public:
         const std::lock_guard lock(m_mutex);
         m_stamp = bFinal ? std::optional(SFileStamp::Of(sFileName)) : std::nullopt;
     }
+    bool IsNoted() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_stamp.has_value();
+    }
     /** False without a failure. */
     bool HasFileChanged(const QString& sFileName) const
     {

@@ -26,13 +26,13 @@ STold& Told()
     return *pTold;
 }
 
-QString ReasonOf(const QFileInfo& info, const SPlot3DFile& file, const SLoadResult& result)
+QString ReasonOf(const QFileInfo& info, const SLoadResult& result)
 {
     if (!info.exists())
         return "it is not there any more";
     if (!info.isReadable())
         return "it can't be opened";
-    if (!file.IsDetected())
+    if (!result.bRecognised)
         return "it was cut short or replaced since the case was opened";
     return result.sMessage.isEmpty() ? QString("it holds something else") : result.sMessage;
 }
@@ -47,13 +47,13 @@ void ShowInStatusBar(const QString& sText)
 
 } // namespace
 
-void FileFaults::Report(const QString& sFileName, const SPlot3DFile& file, const SLoadResult& result)
+void FileFaults::Report(const QString& sFileName, const SLoadResult& result)
 {
     if (result.IsOk() || result.eStatus == LoadNoMemory)
         return;
     const QFileInfo info(sFileName);
     const SFileStamp stamp = SFileStamp::Of(sFileName);
-    const QString sText = QString("Can't read %1: %2").arg(sFileName, ReasonOf(info, file, result));
+    const QString sText = QString("Can't read %1: %2").arg(sFileName, ReasonOf(info, result));
     {
         STold& told = Told();
         const std::lock_guard lock(told.mutex);

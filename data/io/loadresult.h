@@ -8,8 +8,9 @@
 struct SLoadResult
 {
     LoadStatus_e eStatus = LoadOk;
-    QString sMessage; ///< for the log; empty if there is nothing to say
-    int nLevel = 0;   ///< log level of the message; 0 reaches the user
+    QString sMessage;        ///< for the log; empty if there is nothing to say
+    int nLevel = 0;          ///< log level of the message; 0 reaches the user
+    bool bRecognised = true; ///< false: the file is nothing that fits the case
 
     bool IsOk() const { return eStatus == LoadOk; }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/io/filefailure.h"
+#include "data/mask.h"
 #include "data/solutions/solution.h"
 
 #include <functional>
@@ -23,44 +23,60 @@ public:
     bool IsIntegerData() const { return m_bIntegerData; }
 
     bool Prepare() override;
-    bool IsPrepared() const override { return m_pInner || m_bFailed; }
-    /** The file couldn't be identified or read, and isn't any more what it was then: the next Prepare begins
-     * anew. */
-    bool HasFileChangedSinceFailure() const override;
-    /** For one who alone knows the mask, after HasFileChangedSinceFailure. */
-    void StartAnew();
+    bool IsPrepared() const override { return m_inner.IsPrepared(); }
+    bool HasFileChangedSinceFailure() const override
+    {
+        return m_inner.HasFileChangedSinceFailure(GetFileName());
+    }
+    /** For one who alone knows the mask: the next Prepare begins anew. */
+    void StartAnew() { m_inner.StartAnew(); }
     void Dispose() override;
     ISolution* GetBaseSolution() override;
     void SetSolutionId(qint64 nId) override;
-    bool IsDoublePrecision() const override { return m_pInner && m_pInner->IsDoublePrecision(); }
-    SBlockShape GetShape() const override { return m_pInner ? m_pInner->GetShape() : CSolution::GetShape(); }
+    bool IsDoublePrecision() const override { return m_inner.Get() && m_inner.Get()->IsDoublePrecision(); }
+    SBlockShape GetShape() const override
+    {
+        return m_inner.Get() ? m_inner.Get()->GetShape() : CSolution::GetShape();
+    }
     void SetDimensions(const IVector3D& dimensions) override;
-    bool HasValue(const IVector3D& ijk) const override { return m_pInner && m_pInner->HasValue(ijk); }
+    bool HasValue(const IVector3D& ijk) const override
+    {
+        return m_inner.Get() && m_inner.Get()->HasValue(ijk);
+    }
     QVector<ISolution*> GetLeafSolutions() override;
 
     using IStructredSolution::GetValue;
     double GetValue(const IVector3D& ijk) const override
     {
-        return m_pInner ? m_pInner->GetValue(ijk) : NO_VALUE;
+        return m_inner.Get() ? m_inner.Get()->GetValue(ijk) : NO_VALUE;
     }
-    double GetValue(qint64 nIndex) const override { return m_pInner ? m_pInner->GetValue(nIndex) : NO_VALUE; }
+    double GetValue(qint64 nIndex) const override
+    {
+        return m_inner.Get() ? m_inner.Get()->GetValue(nIndex) : NO_VALUE;
+    }
     qint64 GetIntegerValue(const IVector3D& ijk) const override;
     LoadStatus_e FillValues(const SIJKRange& range, std::span<double> out) const override;
     LoadStatus_e GatherValues(std::span<const qint64> points, std::span<double> out) const override
     {
-        return m_pInner ? m_pInner->GatherValues(points, out) : LoadFailed;
+        return m_inner.Get() ? m_inner.Get()->GatherValues(points, out) : LoadFailed;
     }
     SStoredValues GetStoredValues() const override
     {
-        return m_pInner ? m_pInner->GetStoredValues() : SStoredValues();
+        return m_inner.Get() ? m_inner.Get()->GetStoredValues() : SStoredValues();
     }
     bool ReadsInPart(const SIJKRange& range) const override
     {
-        return m_pInner && m_pInner->ReadsInPart(range);
+        return m_inner.Get() && m_inner.Get()->ReadsInPart(range);
     }
     void StoreIntegers(const qint32* pValues, qint64 nCount) override;
-    const float* GetValuesSingle() override { return m_pInner ? m_pInner->GetValuesSingle() : nullptr; }
-    const double* GetValuesDouble() override { return m_pInner ? m_pInner->GetValuesDouble() : nullptr; }
+    const float* GetValuesSingle() override
+    {
+        return m_inner.Get() ? m_inner.Get()->GetValuesSingle() : nullptr;
+    }
+    const double* GetValuesDouble() override
+    {
+        return m_inner.Get() ? m_inner.Get()->GetValuesDouble() : nullptr;
+    }
     void ReleaseValueCopies() override;
     std::optional<SValueRange> GetRange(int nComponent, bool bCompute) override;
     void SetRange(int nComponent, const SValueRange& range) override;
@@ -70,8 +86,6 @@ public:
 
 private:
     Factory m_factory;
-    std::unique_ptr<CSolution> m_pInner;
+    CMask<CSolution> m_inner;
     bool m_bIntegerData = false;
-    bool m_bFailed = false;
-    CFileFailure m_failure; // of the factory; a load's is the inner solution's
 };

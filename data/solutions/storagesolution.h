@@ -1,12 +1,8 @@
 #pragma once
 
-#include "data/io/filefailure.h"
-#include "data/io/partialreads.h"
-#include "data/kernels/largearray.h"
+#include "data/io/storedarrays.h"
 #include "data/solutions/solution.h"
 
-#include <atomic>
-#include <mutex>
 #include <optional>
 
 /**
@@ -23,15 +19,14 @@ public:
     void Init(const QString& sFileName, qint64 nFileIndex, qint64 nVariableIndex, const IVector3D& dimensions,
               const IVector3D& start) override;
     void SetDimensions(const IVector3D& dimensions) override;
-    /** What the file was when it was chosen: it is read as that while it fits. */
-    void SetKnownFile(const SPlot3DFile& file) { m_knownFile = file; }
-    const SPlot3DFile& GetKnownFile() const { return m_knownFile; }
+    /** Of the one variable. */
+    void SetReader(std::unique_ptr<IBlockReader> pReader) { m_arrays.SetReader(std::move(pReader)); }
     bool Allocate(qint64 nCount) override;
     void StoreIntegers(const qint32* pValues, qint64 nCount) override;
-    /** Where a reader puts the values; empty while nothing is allocated. */
-    std::span<Real> Values() { return m_values.Span(); }
-
-    bool HasFileChangedSinceFailure() const override { return m_failure.HasFileChanged(this->GetFileName()); }
+    bool HasFileChangedSinceFailure() const override
+    {
+        return m_arrays.HasFileChangedSinceFailure(this->GetFileName());
+    }
     int Load() override;
     void Unload() override;
 
@@ -54,15 +49,11 @@ protected:
     }
     virtual bool IsPlainNumber() const { return true; }
     LoadStatus_e EnsureLoaded() const;
-    CLargeArray<Real> m_values;
+    std::span<Real> Values() { return m_arrays.Array(0); }
+    std::span<const Real> Values() const { return {m_arrays.Data(0), size_t(m_arrays.Count())}; }
 
 private:
-    SPlot3DFile m_knownFile;
-    mutable std::mutex m_mutex; // serialises loads
-    // The array is filled, not only allocated: another thread may be loading it now.
-    std::atomic<bool> m_bFilled = false;
-    mutable CPartialReads m_partialReads;
-    CFileFailure m_failure;
+    CStoredArrays<Real, 1> m_arrays;
     std::optional<CMemoryRegistration> m_registration; // last: begins when all above is there
 };
 
