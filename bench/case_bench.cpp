@@ -1,11 +1,11 @@
 // A Plot3D case through the managers: registration of 2,000 blocks, loading grid and solution of 10^7 points
 // as fields, and built-in variables over them, each beside a limit of the same run.
-#include "data/casedata.h"
-#include "data/gridmanager.h"
+#include "data/cases/casedata.h"
+#include "data/cases/plot3dcase.h"
 #include "data/kernels/largearray.h"
 #include "data/kernels/parallel.h"
-#include "data/plot3dcase.h"
-#include "data/solutionmanager.h"
+#include "data/managers/gridmanager.h"
+#include "data/managers/solutionmanager.h"
 #include "data/variables/variablemanager.h"
 #include "frame/memory/memorymanager.h"
 

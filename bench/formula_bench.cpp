@@ -2,8 +2,8 @@
 // arrays, on the same threads. Each row runs the two in turn, so that both see the same machine; the counters
 // are the fastest of each and their ratio, by the wall and by the time of the processors. Both write to
 // memory that was touched before.
+#include "data/formula/formula.h"
 #include "data/kernels/parallel.h"
-#include "data/variables/formula.h"
 #include "frame/novalue.h"
 
 #include <benchmark/benchmark.h>

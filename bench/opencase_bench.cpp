@@ -5,7 +5,7 @@
 #include "cases/autosave/autosavefolder.h"
 #include "cases/display/displayfile.h"
 #include "cases/files/casestorage.h"
-#include "data/casedata.h"
+#include "data/cases/casedata.h"
 #include "data/variables/variablemanager.h"
 #include "frame/replacefile.h"
 #include "modules/plot3d/plot3dsimulation.h"

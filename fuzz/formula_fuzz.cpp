@@ -1,7 +1,7 @@
 // Whatever the text: it compiles or its error stands within it, references bind without harm, and a formula
 // has the same bits at a point, over a range of any columns and as a part of another one.
-#include "data/variables/formula.h"
-#include "data/variables/formulatext.h"
+#include "data/formula/formula.h"
+#include "data/formula/formulatext.h"
 
 #include <bit>
 #include <cstdlib>

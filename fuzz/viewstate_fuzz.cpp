@@ -1,7 +1,7 @@
 // Displays of any bytes, as bytes and as JSON, shown in a case of blocks with a surface and a boundary: the
 // case stays whole, and what it shows then is a display that it can be shown as again.
 #include "cases/display/displaydocument.h"
-#include "data/casedata.h"
+#include "data/cases/casedata.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "scene/selectablekind.h"
 #include "scene/selectablemanager.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/valuerange.h"
+#include "data/values/valuerange.h"
 #include "frame/packs/datapack.h"
 #include "scene/drawablegroup.h"
 #include "scene/selectablekind.h"

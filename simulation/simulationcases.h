@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/icases.h"
+#include "data/variables/icases.h"
 
 /** What the data layer asks of cases and views, answered by CSimulationManager. */
 class CSimulationCases : public ICases

@@ -1,6 +1,6 @@
 #include "simulation/simulationmanager.h"
 
-#include "data/casedata.h"
+#include "data/cases/casedata.h"
 #include "frame/moduleregistry.h"
 #include "runs/process.h"
 #include "scene/selectablemanager.h"

@@ -1,6 +1,6 @@
 #include "view/variablechoice.h"
 
-#include "data/solutionmanager.h"
+#include "data/managers/solutionmanager.h"
 #include "data/solutions/istructredsolution.h"
 #include "data/variables/variablemanager.h"
 #include "frame/commonvalue.h"

@@ -4,7 +4,7 @@
 #include "app/batch/jsonwriter.h"
 #include "app/batch/nearnames.h"
 #include "app/batch/timings.h"
-#include "data/casedata.h"
+#include "data/cases/casedata.h"
 #include "data/io/filefaults.h"
 #include "data/variables/expressionvariable.h"
 #include "data/variables/variablemanager.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/batch/batchoptions.h"
-#include "data/plot3dcase.h"
+#include "data/cases/plot3dcase.h"
 #include "data/variables/ivariable.h"
 
 #include <functional>

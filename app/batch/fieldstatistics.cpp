@@ -1,6 +1,6 @@
 #include "app/batch/fieldstatistics.h"
 
-#include "data/blockslices.h"
+#include "data/values/blockslices.h"
 
 #include <vector>
 

@@ -3,8 +3,8 @@
 #include "app/batch/batchcase.h"
 #include "app/batch/commands.h"
 #include "app/batch/jsonwriter.h"
-#include "data/gridmanager.h"
-#include "data/solutionmanager.h"
+#include "data/managers/gridmanager.h"
+#include "data/managers/solutionmanager.h"
 #include "data/variables/variablemanager.h"
 
 #include <optional>

@@ -4,7 +4,7 @@
 #include "app/batch/commands.h"
 #include "app/batch/fieldstatistics.h"
 #include "app/batch/jsonwriter.h"
-#include "data/solutionmanager.h"
+#include "data/managers/solutionmanager.h"
 #include "data/variables/variablemanager.h"
 
 namespace {

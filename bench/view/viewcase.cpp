@@ -1,7 +1,7 @@
 #include "bench/view/viewcase.h"
 
-#include "data/casedata.h"
-#include "data/plot3dcase.h"
+#include "data/cases/casedata.h"
+#include "data/cases/plot3dcase.h"
 #include "data/solutions/istructredsolution.h"
 #include "data/variables/variablemanager.h"
 

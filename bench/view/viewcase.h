@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/gridmanager.h"
-#include "data/solutionmanager.h"
+#include "data/managers/gridmanager.h"
+#include "data/managers/solutionmanager.h"
 #include "tests/support/testsimulation.h"
 #include "view/drawables/surfacedrawable.h"
 

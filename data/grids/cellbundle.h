@@ -1,8 +1,8 @@
 #pragma once
 
-#include "data/box.h"
 #include "data/grids/gridslices.h"
 #include "data/grids/igrid.h"
+#include "data/values/box.h"
 
 #include <array>
 #include <limits>

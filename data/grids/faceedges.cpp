@@ -1,7 +1,7 @@
 #include "data/grids/faceedges.h"
 
-#include "data/box.h"
 #include "data/grids/gridslices.h"
+#include "data/values/box.h"
 
 namespace {
 

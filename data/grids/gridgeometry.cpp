@@ -1,7 +1,7 @@
 // CGrid: what follows from the points of a block.
-#include "data/box.h"
 #include "data/grids/grid.h"
 #include "data/grids/gridslices.h"
+#include "data/values/box.h"
 
 #include <QVarLengthArray>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/grids/gridwrapper.h"
-#include "data/mask.h"
+#include "data/io/mask.h"
 
 #include <functional>
 

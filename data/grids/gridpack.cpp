@@ -1,7 +1,7 @@
 #include "data/grids/gridpack.h"
 
 #include "data/grids/gridslices.h"
-#include "data/sharedpoints.h"
+#include "data/values/sharedpoints.h"
 
 #include <limits>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/blockslices.h"
 #include "data/grids/igrid.h"
+#include "data/values/blockslices.h"
 
 #include <vector>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "data/blockshape.h"
-#include "data/idisposable.h"
-#include "data/pointbuffers.h"
-#include "data/valuerange.h"
+#include "data/values/blockshape.h"
+#include "data/values/idisposable.h"
+#include "data/values/pointbuffers.h"
+#include "data/values/valuerange.h"
 #include "frame/memory/memoryitem.h"
 #include "frame/transform.h"
 

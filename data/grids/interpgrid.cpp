@@ -2,7 +2,7 @@
 
 #include "data/grids/gridslices.h"
 #include "data/kernels/pointkernels.h"
-#include "data/sharedpoints.h"
+#include "data/values/sharedpoints.h"
 
 CInterpGrid::CInterpGrid(IGrid* pFirst, IGrid* pSecond, double dWeight)
     : m_pFirst(pFirst), m_pSecond(pSecond), m_dWeight(dWeight)

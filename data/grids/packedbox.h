@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/box.h"
+#include "data/values/box.h"
 
 #include <bit>
 #include <cstring>

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "data/box.h"
 #include "data/grids/cellbundle.h"
 #include "data/grids/igrid.h"
 #include "data/grids/packedbox.h"
 #include "data/grids/treenode.h"
 #include "data/kernels/cellmap.h"
+#include "data/values/box.h"
 
 #include <algorithm>
 #include <limits>

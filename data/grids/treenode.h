@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/blockshape.h"
+#include "data/values/blockshape.h"
 
 /**
  * A node of CSearchTree: a range of cells that is halved along its longest direction, the lower one of

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/blockshape.h"
 #include "data/io/plot3dread.h"
+#include "data/values/blockshape.h"
 
 #include <atomic>
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "data/blockshape.h"
 #include "data/io/blockreader.h"
 #include "data/io/filefailure.h"
 #include "data/io/partialreads.h"
 #include "data/kernels/largearray.h"
+#include "data/values/blockshape.h"
 
 #include <array>
 #include <atomic>

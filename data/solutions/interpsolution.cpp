@@ -1,7 +1,7 @@
 #include "data/solutions/interpsolution.h"
 
-#include "data/blockslices.h"
-#include "data/sharedpoints.h"
+#include "data/values/blockslices.h"
+#include "data/values/sharedpoints.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #include "data/solutions/solution.h"
 
-#include "data/blockslices.h"
+#include "data/values/blockslices.h"
 
 #include <new>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/mask.h"
+#include "data/io/mask.h"
 #include "data/solutions/solution.h"
 
 #include <functional>

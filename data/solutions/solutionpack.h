@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/sharedpoints.h"
 #include "data/solutions/solution.h"
+#include "data/values/sharedpoints.h"
 
 /**
  * Several fields seen as one: the box round all of them, with gaps (zeros) where none has a value. Where they

@@ -1,8 +1,8 @@
 #include "data/solutions/solutionvariable.h"
 
-#include "data/blockslices.h"
-#include "data/sharedpoints.h"
-#include "data/variables/formula.h"
+#include "data/formula/formula.h"
+#include "data/values/blockslices.h"
+#include "data/values/sharedpoints.h"
 
 #include <QVarLengthArray>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "data/formula/fieldrecipe.h"
 #include "data/solutions/solution.h"
-#include "data/variables/fieldrecipe.h"
 
 /**
  * A field that is computed of others, with no storage of its own. It covers what all its inputs cover; a

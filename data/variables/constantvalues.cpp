@@ -1,6 +1,6 @@
 #include "data/variables/constantvalues.h"
 
-#include "data/variables/formula.h"
+#include "data/formula/formula.h"
 #include "frame/novalue.h"
 
 std::optional<DVector3D> CConstantValues::Of(qint64 nVariableId)

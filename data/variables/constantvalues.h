@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/variables/fieldrecipe.h"
+#include "data/formula/fieldrecipe.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #include "data/variables/expressionvariable.h"
 
-#include "data/variables/formula.h"
-#include "data/variables/formulatext.h"
+#include "data/formula/formula.h"
+#include "data/formula/formulatext.h"
 #include "data/variables/variablemanager.h"
 #include "frame/novalue.h"
 #include "frame/packs/bytestream.h"

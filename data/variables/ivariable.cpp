@@ -1,7 +1,8 @@
 #include "data/variables/ivariable.h"
 
-#include "data/icases.h"
 #include "data/variables/constantvalues.h"
+#include "data/variables/icases.h"
+#include "data/variables/ifieldranges.h"
 #include "data/variables/ivariablelistener.h"
 #include "data/variables/variablemanager.h"
 #include "frame/novalue.h"
@@ -155,3 +156,28 @@ DVector3D IVariable::EvaluateVectorConstant() const
 
 double IVariable::EvaluateScalar(const double*, qint64, bool) const { return 0.0; }
 DVector3D IVariable::EvaluateVector(const double*, qint64, bool) const { return {}; }
+
+std::optional<SValueRange> IVariable::GetGlobalRange(qint64 nViewId, qint64 nSimulationId, qint64 nItemId)
+{
+    const double dTime = ICases::Installed().GetTime(nViewId, nSimulationId);
+    const IFieldRanges& fields = IFieldRanges::Installed();
+    const auto key = [&] {
+        return QString("%1@%2@%3@%4")
+            .arg(nSimulationId)
+            .arg(QString::number(dTime, 'g', 17))
+            .arg(nItemId)
+            .arg(fields.CountRestarts());
+    };
+    {
+        const std::lock_guard lock(m_rangeMutex);
+        const auto known = m_ranges.constFind(key());
+        if (known != m_ranges.cend())
+            return *known;
+    }
+    const std::optional<SValueRange> range = fields.ComputeRange(GetId(), nSimulationId, nItemId, dTime);
+    if (range) {
+        const std::lock_guard lock(m_rangeMutex);
+        m_ranges.insert(key(), *range); // of now: a request may have been a restart
+    }
+    return range;
+}

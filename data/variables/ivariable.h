@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/valuerange.h"
-#include "data/variables/fieldrecipe.h"
+#include "data/formula/fieldrecipe.h"
+#include "data/values/valuerange.h"
 
 #include <QByteArray>
 #include <QMap>

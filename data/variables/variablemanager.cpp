@@ -1,6 +1,6 @@
 #include "data/variables/variablemanager.h"
 
-#include "data/solutionmanager.h"
+#include "data/variables/ifieldranges.h"
 
 #include <algorithm>
 
@@ -164,7 +164,7 @@ void CVariableManager::RemoveUnusedFileVariables(qint64 nSimulationId)
     for (const qint64 nId : ListVariables(nSimulationId, false)) {
         const IVariable* const pVariable = GetVariable(nId);
         if (pVariable && pVariable->IsFileVariable() && !pVariable->IsGridVariable() &&
-            !CSolutionManager::Instance().HasSolutions(nSimulationId, nId))
+            !IFieldRanges::Installed().HasFields(nSimulationId, nId))
             RemoveWithDependants(nId);
     }
 }

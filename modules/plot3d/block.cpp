@@ -1,10 +1,10 @@
 #include "modules/plot3d/block.h"
 
-#include "data/blockshape.h"
 #include "data/grids/igrid.h"
 #include "data/io/gridio.h"
 #include "data/io/plot3dprobe.h"
 #include "data/io/plot3dread.h"
+#include "data/values/blockshape.h"
 #include "modules/plot3d/plot3dkeys.h"
 
 #include <QCryptographicHash>

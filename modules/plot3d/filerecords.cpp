@@ -1,10 +1,10 @@
 #include "modules/plot3d/filerecords.h"
 
-#include "data/gridmanager.h"
+#include "data/cases/plot3dmatch.h"
 #include "data/io/gridio.h"
 #include "data/io/solutionio.h"
-#include "data/plot3dmatch.h"
-#include "data/solutionmanager.h"
+#include "data/managers/gridmanager.h"
+#include "data/managers/solutionmanager.h"
 #include "modules/plot3d/companionfiles.h"
 #include "modules/plot3d/layouttext.h"
 #include "modules/plot3d/transientseries.h"

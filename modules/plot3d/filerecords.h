@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/plot3dcase.h"
+#include "data/cases/plot3dcase.h"
 #include "frame/packs/packkey.h"
 
 /** Keys of a file record. */

@@ -1,7 +1,7 @@
 // CPlot3DSimulation: what the user does to its items and files.
 #include "cases/display/viewstate.h"
-#include "data/gridmanager.h"
-#include "data/solutionmanager.h"
+#include "data/managers/gridmanager.h"
+#include "data/managers/solutionmanager.h"
 #include "frame/packs/bytestream.h"
 #include "frame/preferences/preferencekeys.h"
 #include "frame/preferences/preferences.h"

@@ -1,7 +1,7 @@
 // CPlot3DSimulation: from files to items and registered data.
 #include "cases/files/movedfiles.h"
-#include "data/gridmanager.h"
-#include "data/solutionmanager.h"
+#include "data/managers/gridmanager.h"
+#include "data/managers/solutionmanager.h"
 #include "data/variables/storedvariables.h"
 #include "data/variables/variablemanager.h"
 #include "frame/messagesink.h"

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "data/casedata.h"
-#include "data/gridmanager.h"
-#include "data/plot3dcase.h"
-#include "data/solutionmanager.h"
+#include "data/cases/casedata.h"
+#include "data/cases/plot3dcase.h"
+#include "data/managers/gridmanager.h"
+#include "data/managers/solutionmanager.h"
 #include "data/variables/variablemanager.h"
 #include "tests/support/plot3dfile.h"
 

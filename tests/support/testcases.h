@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/icases.h"
+#include "data/variables/icases.h"
 #include "frame/novalue.h"
 
 /** Cases as views and items would tell of them, while it lives. Items of equal number have the same grid. */

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "data/casedata.h"
+#include "data/cases/casedata.h"
+#include "data/cases/plot3dcase.h"
 #include "data/grids/igrid.h"
-#include "data/plot3dcase.h"
 #include "data/variables/variablemanager.h"
 #include "frame/preferences/preferences.h"
 #include "simulation/simulationcases.h"

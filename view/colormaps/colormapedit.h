@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/valuerange.h"
+#include "data/values/valuerange.h"
 
 #include <QString>
 #include <QVector>

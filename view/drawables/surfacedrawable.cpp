@@ -1,8 +1,8 @@
 #include "view/drawables/surfacedrawable.h"
 
-#include "data/gridmanager.h"
 #include "data/grids/gridslices.h"
-#include "data/solutionmanager.h"
+#include "data/managers/gridmanager.h"
+#include "data/managers/solutionmanager.h"
 #include "data/solutions/isolution.h"
 #include "data/variables/variablemanager.h"
 #include "scene/iselectable.h"

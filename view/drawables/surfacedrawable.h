@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/idisposable.h"
+#include "data/values/idisposable.h"
 #include "view/mesh/surface.h"
 #include "view/mesh/surfaceplane.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/blockshape.h"
+#include "data/values/blockshape.h"
 #include "frame/packs/definition.h"
 #include "view/mesh/surfacearrays.h"
 

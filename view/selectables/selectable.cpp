@@ -1,8 +1,8 @@
 #include "view/selectables/selectable.h"
 
-#include "data/blockslices.h"
-#include "data/gridmanager.h"
-#include "data/solutionmanager.h"
+#include "data/managers/gridmanager.h"
+#include "data/managers/solutionmanager.h"
+#include "data/values/blockslices.h"
 #include "data/variables/variablemanager.h"
 #include "scene/selectablekeys.h"
 #include "scene/selectablemanager.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/blockshape.h"
+#include "data/values/blockshape.h"
 #include "frame/packs/packkey.h"
 #include "scene/iselectable.h"
 

@@ -1,6 +1,6 @@
 #include "view/selectables/surfacegroup.h"
 
-#include "data/blockshape.h"
+#include "data/values/blockshape.h"
 #include "scene/selectablekeys.h"
 #include "scene/selectablemanager.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/batch/batchoptions.h"
-#include "data/valuerange.h"
+#include "data/values/valuerange.h"
 #include "scene/displaytype.h"
 
 #include <QColor>

@@ -1,7 +1,7 @@
 #include "modules/plot3d/ui/gridexport.h"
 
-#include "data/gridmanager.h"
-#include "data/io/savegridtask.h"
+#include "data/grids/savegridtask.h"
+#include "data/managers/gridmanager.h"
 #include "frame/userprompt.h"
 #include "simulation/isimulation.h"
 

@@ -1,4 +1,4 @@
-#include "data/blockshape.h"
+#include "data/values/blockshape.h"
 
 #include <gtest/gtest.h>
 

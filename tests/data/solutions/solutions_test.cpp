@@ -1,4 +1,4 @@
-#include "data/casedata.h"
+#include "data/cases/casedata.h"
 #include "data/solutions/bytesolution.h"
 #include "data/solutions/interpsolution.h"
 #include "data/solutions/solutiongrid.h"

@@ -1,6 +1,6 @@
 // Case files of the module: what is saved comes back, whatever happens to files and folders.
 #include "cases/files/casestorage.h"
-#include "data/solutionmanager.h"
+#include "data/managers/solutionmanager.h"
 #include "tests/modules/plot3d/showncase.h"
 #include "tests/support/files.h"
 #include "tests/support/golden.h"

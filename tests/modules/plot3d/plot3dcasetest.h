@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/casedata.h"
+#include "data/cases/casedata.h"
 #include "modules/plot3d/block.h"
 #include "modules/plot3d/boundaryitem.h"
 #include "modules/plot3d/plot3dkeys.h"

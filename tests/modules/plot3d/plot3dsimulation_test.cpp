@@ -1,8 +1,8 @@
 #include "modules/plot3d/plot3dsimulation.h"
 
-#include "data/gridmanager.h"
 #include "data/io/plot3dprobe.h"
-#include "data/solutionmanager.h"
+#include "data/managers/gridmanager.h"
+#include "data/managers/solutionmanager.h"
 #include "data/variables/expressionvariable.h"
 #include "data/variables/variablemanager.h"
 #include "tests/modules/plot3d/plot3dcasetest.h"

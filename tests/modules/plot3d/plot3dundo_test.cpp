@@ -1,5 +1,5 @@
 // Undo of a Plot3D case: whatever was edited, each step back and forth gives the state that was there.
-#include "data/gridmanager.h"
+#include "data/managers/gridmanager.h"
 #include "scene/drawablemanager.h"
 #include "tests/modules/plot3d/showncase.h"
 #include "tests/support/promptscript.h"
