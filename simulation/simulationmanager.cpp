@@ -8,18 +8,6 @@
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
 
-namespace {
-
-/** The entry of a table whose nId (or other member) is the id; null if there is none. */
-template <class Table, class Member> auto* FindIn(Table& table, Member member, qint64 nId)
-{
-    const auto found =
-        std::find_if(table.begin(), table.end(), [&](const auto& row) { return row.*member == nId; });
-    return found == table.end() ? nullptr : &*found;
-}
-
-} // namespace
-
 CSimulationManager& CSimulationManager::Instance()
 {
     static CSimulationManager* const pManager = new CSimulationManager; // never destroyed, see CMessageSink
@@ -29,35 +17,11 @@ CSimulationManager& CSimulationManager::Instance()
 CSimulationManager::CSimulationManager() = default;
 CSimulationManager::~CSimulationManager() = default;
 
-CSimulationManager::SSimulationRow* CSimulationManager::FindRow(qint64 nSimulationId)
-{
-    return FindIn(m_simulations, &SSimulationRow::nId, nSimulationId);
-}
-
 const CSimulationManager::SSimulationRow* CSimulationManager::FindRow(qint64 nSimulationId) const
 {
-    return FindIn(m_simulations, &SSimulationRow::nId, nSimulationId);
-}
-
-CSimulationManager::SViewRow* CSimulationManager::FindView(qint64 nViewId)
-{
-    return FindIn(m_views, &SViewRow::nId, nViewId);
-}
-
-const CSimulationManager::SViewRow* CSimulationManager::FindView(qint64 nViewId) const
-{
-    return FindIn(m_views, &SViewRow::nId, nViewId);
-}
-
-CSimulationManager::SPairRow* CSimulationManager::FindPair(qint64 nViewId, qint64 nSimulationId)
-{
-    SViewRow* const pView = FindView(nViewId);
-    return pView ? FindIn(pView->pairs, &SPairRow::nSimulationId, nSimulationId) : nullptr;
-}
-
-const CSimulationManager::SPairRow* CSimulationManager::FindPair(qint64 nViewId, qint64 nSimulationId) const
-{
-    return const_cast<CSimulationManager*>(this)->FindPair(nViewId, nSimulationId);
+    const auto row = std::find_if(m_simulations.begin(), m_simulations.end(),
+                                  [&](const SSimulationRow& r) { return r.nId == nSimulationId; });
+    return row == m_simulations.end() ? nullptr : &*row;
 }
 
 void CSimulationManager::AddSimulation(ISimulation* pSimulation, qint64 nViewId)
@@ -82,43 +46,35 @@ void CSimulationManager::AddSimulation(ISimulation* pSimulation, qint64 nViewId)
 
 void CSimulationManager::AddSimulationToView(qint64 nSimulationId, qint64 nViewId, qint64 nIndex)
 {
-    SSimulationRow* const pRow = FindRow(nSimulationId);
-    if (!pRow || FindPair(nViewId, nSimulationId))
+    if (!FindRow(nSimulationId) || m_views.Find(nViewId, nSimulationId))
         return;
-    if (!FindView(nViewId))
-        m_views.push_back({nViewId, -1, {}});
-    SViewRow* const pView = FindView(nViewId);
-    const qint64 nCount = pView->pairs.size();
     SPairRow pair;
     pair.nSimulationId = nSimulationId;
     StartAtFirstLevel(pair);
-    pView->pairs.insert(pView->pairs.begin() + (nIndex < 0 || nIndex > nCount ? nCount : nIndex), pair);
-    ++pRow->nUseCount;
+    m_views.Add(nViewId, pair, nIndex);
     if (m_pPanels) {
         CItemPanel* const pPanel = m_pPanels->Create(nViewId, nSimulationId);
-        FindPair(nViewId, nSimulationId)->pPanel = pPanel;
+        m_views.Find(nViewId, nSimulationId)->pPanel = pPanel;
     }
     emit SignalViewSimulationsChanged(nViewId);
 }
 
 void CSimulationManager::RemoveSimulationFromView(qint64 nSimulationId, qint64 nViewId)
 {
-    SSimulationRow* const pRow = FindRow(nSimulationId);
-    if (!pRow || !FindPair(nViewId, nSimulationId))
+    if (!m_views.Find(nViewId, nSimulationId))
         return;
-    const bool bLast = --pRow->nUseCount == 0;
+    ISimulation& simulation = *GetSimulation(nSimulationId);
+    const bool bLast = GetUseCount(nSimulationId) == 1;
+    emit SignalSimulationLeaves(nViewId, nSimulationId, bLast);
     if (bLast)
-        FinishSimulation(*pRow->pSimulation);
-    pRow->pSimulation->SaveDisplayFile(nViewId);
-    NoteDisplayFile(nSimulationId);
+        FinishSimulation(simulation);
+    simulation.SaveDisplayFile(nViewId);
+    m_closing.NoteDisplayFile(nSimulationId);
 
-    if (CItemPanel* const pPanel = std::exchange(FindPair(nViewId, nSimulationId)->pPanel, nullptr))
+    if (CItemPanel* const pPanel = std::exchange(m_views.Find(nViewId, nSimulationId)->pPanel, nullptr))
         m_pPanels->Delete(pPanel);
     CSelectableManager::Instance().RemovePair(nViewId, nSimulationId);
-    SViewRow* const pView = FindView(nViewId);
-    std::erase_if(pView->pairs, [&](const SPairRow& pair) { return pair.nSimulationId == nSimulationId; });
-    if (pView->nActiveId == nSimulationId)
-        pView->nActiveId = -1;
+    m_views.Remove(nViewId, nSimulationId);
     if (bLast)
         DeleteRow(nSimulationId);
     emit SignalViewSimulationsChanged(nViewId);
@@ -143,6 +99,7 @@ void CSimulationManager::DeleteRow(qint64 nSimulationId)
     m_simulations.erase(row);
     gone.pProcess->disconnect(this);
     gone.pSimulation.reset();
+    m_output.Clear(nSimulationId);
     RemoveCaseData(nSimulationId);
 }
 
@@ -150,13 +107,13 @@ void CSimulationManager::RemoveView(qint64 nViewId)
 {
     for (const qint64 nSimulationId : GetSimulationIds(nViewId))
         RemoveSimulationFromView(nSimulationId, nViewId);
-    std::erase_if(m_views, [&](const SViewRow& view) { return view.nId == nViewId; });
+    m_views.RemoveView(nViewId);
 }
 
 void CSimulationManager::RemoveAllViews()
 {
-    while (!m_views.empty())
-        RemoveView(m_views.back().nId);
+    while (!m_views.ViewIds().isEmpty())
+        RemoveView(m_views.ViewIds().last());
 }
 
 ISimulation* CSimulationManager::GetSimulation(qint64 nSimulationId) const
@@ -167,8 +124,7 @@ ISimulation* CSimulationManager::GetSimulation(qint64 nSimulationId) const
 
 ISimulation* CSimulationManager::GetSimulationOfView(qint64 nViewId) const
 {
-    const SViewRow* const pView = FindView(nViewId);
-    return pView ? GetSimulation(pView->nActiveId) : nullptr;
+    return GetSimulation(m_views.ActiveOf(nViewId));
 }
 
 ISimulation* CSimulationManager::GetLastSimulation() const
@@ -186,37 +142,23 @@ QVector<qint64> CSimulationManager::GetSimulationIds() const
 
 QVector<qint64> CSimulationManager::GetSimulationIds(qint64 nViewId) const
 {
-    QVector<qint64> ids;
-    if (const SViewRow* const pView = FindView(nViewId))
-        for (const SPairRow& pair : pView->pairs)
-            ids.append(pair.nSimulationId);
-    return ids;
+    return m_views.SimulationsOf(nViewId);
 }
 
 QVector<qint64> CSimulationManager::GetViewIds(qint64 nSimulationId) const
 {
-    QVector<qint64> ids;
-    for (const SViewRow& view : m_views)
-        if (FindPair(view.nId, nSimulationId))
-            ids.append(view.nId);
-    return ids;
+    return m_views.ViewsOf(nSimulationId);
 }
 
 qint64 CSimulationManager::GetUseCount(qint64 nSimulationId) const
 {
-    const SSimulationRow* const pRow = FindRow(nSimulationId);
-    return pRow ? pRow->nUseCount : 0;
+    return GetViewIds(nSimulationId).size();
 }
 
 void CSimulationManager::SetActiveSimulation(qint64 nViewId, qint64 nSimulationId)
 {
-    SViewRow* const pView = FindView(nViewId);
-    if (!pView || pView->nActiveId == nSimulationId)
-        return;
-    if (nSimulationId != -1 && !FindPair(nViewId, nSimulationId))
-        return;
-    pView->nActiveId = nSimulationId;
-    emit SignalViewSimulationsChanged(nViewId);
+    if (m_views.SetActive(nViewId, nSimulationId))
+        emit SignalViewSimulationsChanged(nViewId);
 }
 
 ISimulation* CSimulationManager::FindSimulationByData(const QByteArray& key) const
@@ -226,3 +168,192 @@ ISimulation* CSimulationManager::FindSimulationByData(const QByteArray& key) con
             return row.pSimulation.get();
     return nullptr;
 }
+
+// What belongs to a pair.
+
+void CSimulationManager::StartAtFirstLevel(SPairRow& pair) const
+{
+    const ISimulation* const pSimulation = GetSimulation(pair.nSimulationId);
+    pair.dTime = pSimulation->GetTimeRange().x();
+    pair.bTransient = pSimulation->GetTimeCount() >= 2;
+}
+
+double CSimulationManager::GetTime(qint64 nViewId, qint64 nSimulationId) const
+{
+    return m_views.Get(nViewId, nSimulationId, &SPairRow::dTime, STEADY_TIME);
+}
+
+void CSimulationManager::SetTime(qint64 nViewId, qint64 nSimulationId, double dTime)
+{
+    SPairRow* const pPair = m_views.Find(nViewId, nSimulationId);
+    if (!pPair)
+        return;
+    pPair->dTime = dTime;
+    emit SignalSimulationTimeChanged(nViewId, nSimulationId);
+}
+
+bool CSimulationManager::IsTransient(qint64 nViewId, qint64 nSimulationId) const
+{
+    return m_views.Get(nViewId, nSimulationId, &SPairRow::bTransient);
+}
+
+void CSimulationManager::SetTransient(qint64 nViewId, qint64 nSimulationId, bool bTransient)
+{
+    if (m_views.Change(nViewId, nSimulationId, &SPairRow::bTransient, bTransient))
+        emit SignalSimulationTimeChanged(nViewId, nSimulationId);
+}
+
+double CSimulationManager::GetRequestTime(qint64 nViewId, qint64 nSimulationId) const
+{
+    return IsTransient(nViewId, nSimulationId) ? GetTime(nViewId, nSimulationId) : STEADY_TIME;
+}
+
+DVector3D CSimulationManager::GetRotationCentre(qint64 nViewId, qint64 nSimulationId) const
+{
+    return m_views.Get(nViewId, nSimulationId, &SPairRow::rotationCentre);
+}
+
+void CSimulationManager::SetRotationCentre(qint64 nViewId, qint64 nSimulationId, const DVector3D& centre)
+{
+    m_views.Change(nViewId, nSimulationId, &SPairRow::rotationCentre, centre);
+}
+
+SMirrorSetting CSimulationManager::GetMirror(qint64 nViewId, qint64 nSimulationId) const
+{
+    return m_views.Get(nViewId, nSimulationId, &SPairRow::mirror);
+}
+
+void CSimulationManager::SetMirror(qint64 nViewId, qint64 nSimulationId, const SMirrorSetting& mirror)
+{
+    m_views.Change(nViewId, nSimulationId, &SPairRow::mirror, mirror);
+}
+
+SSectorSetting CSimulationManager::GetSectors(qint64 nViewId, qint64 nSimulationId) const
+{
+    return m_views.Get(nViewId, nSimulationId, &SPairRow::sectors);
+}
+
+void CSimulationManager::SetSectors(qint64 nViewId, qint64 nSimulationId, const SSectorSetting& sectors)
+{
+    m_views.Change(nViewId, nSimulationId, &SPairRow::sectors, sectors);
+}
+
+QVector<STransform> CSimulationManager::GetDisplayTransforms(qint64 nViewId, qint64 nSimulationId) const
+{
+    return m_views.Get(nViewId, nSimulationId, &SPairRow::transforms);
+}
+
+CItemPanel* CSimulationManager::GetItemPanel(qint64 nViewId, qint64 nSimulationId) const
+{
+    return m_views.Get(nViewId, nSimulationId, &SPairRow::pPanel);
+}
+
+void CSimulationManager::SetItemPanels(IItemPanels* pPanels)
+{
+    for (const qint64 nViewId : m_views.ViewIds())
+        for (const qint64 nSimulationId : GetSimulationIds(nViewId))
+            SlotItemPanelDeleted(nViewId, nSimulationId);
+    m_pPanels = pPanels;
+}
+
+void CSimulationManager::SlotItemPanelDeleted(qlonglong nViewId, qlonglong nSimulationId)
+{
+    if (SPairRow* const pPair = m_views.Find(nViewId, nSimulationId))
+        pPair->pPanel = nullptr;
+}
+
+void CSimulationManager::SlotSimulationNameChanged(qlonglong nSimulationId)
+{
+    if (FindRow(nSimulationId))
+        emit SignalSimulationNameChanged(nSimulationId);
+}
+
+void CSimulationManager::SlotSimulationTransientChanged(qlonglong nSimulationId)
+{
+    if (!FindRow(nSimulationId))
+        return;
+    for (const qint64 nViewId : GetViewIds(nSimulationId)) {
+        SPairRow* const pPair = m_views.Find(nViewId, nSimulationId);
+        if (pPair->dTime == STEADY_TIME)
+            StartAtFirstLevel(*pPair);
+    }
+    emit SignalSimulationTransientChanged(nSimulationId);
+}
+
+// Processes.
+
+CProcess* CSimulationManager::GetProcess(qint64 nSimulationId) const
+{
+    const SSimulationRow* const pRow = FindRow(nSimulationId);
+    return pRow ? pRow->pProcess.get() : nullptr;
+}
+
+QStringList CSimulationManager::GetProcessLines(qint64 nSimulationId) const
+{
+    return m_output.LinesSince(nSimulationId, 0);
+}
+
+QStringList CSimulationManager::GetProcessLinesSince(qint64 nSimulationId, qint64 nLine) const
+{
+    return m_output.LinesSince(nSimulationId, nLine);
+}
+
+QByteArray CSimulationManager::GetProcessData(qint64 nSimulationId) const
+{
+    return m_output.Data(nSimulationId);
+}
+
+void CSimulationManager::ClearProcessLines(qint64 nSimulationId)
+{
+    if (!FindRow(nSimulationId))
+        return;
+    m_output.Clear(nSimulationId);
+    emit SignalSimulationProcessDataChanged(nSimulationId);
+}
+
+void CSimulationManager::SlotProcessStateChanged(qlonglong nSimulationId, QProcess::ProcessState eState)
+{
+    emit SignalSimulationProcessStateChanged(nSimulationId, eState);
+}
+
+void CSimulationManager::SlotProcessReadyReadStandardError(qlonglong nSimulationId)
+{
+    CProcess* const pProcess = GetProcess(nSimulationId);
+    if (!pProcess)
+        return;
+    m_output.Append(nSimulationId, pProcess->TakeStandardError());
+    emit SignalSimulationProcessReadyReadStandardError(nSimulationId);
+    emit SignalSimulationProcessDataChanged(nSimulationId);
+}
+
+void CSimulationManager::SlotProcessReadyReadStandardOutput(qlonglong nSimulationId)
+{
+    CProcess* const pProcess = GetProcess(nSimulationId);
+    if (!pProcess)
+        return;
+    m_output.Append(nSimulationId, pProcess->TakeStandardOutput());
+    emit SignalSimulationProcessReadyReadStandardOutput(nSimulationId);
+    emit SignalSimulationProcessDataChanged(nSimulationId);
+}
+
+// Closing.
+
+bool CSimulationManager::CloseSimulations(qint64 nSimulationId)
+{
+    return CloseSimulations(nSimulationId == -1 ? GetSimulationIds() : QVector<qint64>{nSimulationId});
+}
+
+bool CSimulationManager::CloseSimulations(const QVector<qint64>& simulationIds)
+{
+    return m_closing.Ask(simulationIds);
+}
+
+bool CSimulationManager::CloseInView(qint64 nSimulationId, qint64 nViewId)
+{
+    if (!m_views.Find(nViewId, nSimulationId))
+        return false;
+    return GetUseCount(nSimulationId) == 1 ? CloseSimulations(nSimulationId)
+                                           : m_closing.AskInView(nSimulationId);
+}
+
+void CSimulationManager::CopyDisplayFiles() { m_closing.CopyDisplayFiles(); }

@@ -1,20 +1,15 @@
 #pragma once
 
-#include "frame/vector3d.h"
-#include "simulation/displaytransforms.h"
+#include "simulation/caseclosing.h"
+#include "simulation/runoutput.h"
+#include "simulation/viewtable.h"
 
-#include <QByteArray>
 #include <QObject>
 #include <QProcess>
-#include <QSet>
-#include <QStringList>
-#include <QVector>
 
 #include <memory>
-#include <mutex>
 #include <vector>
 
-class CItemPanel;
 class CProcess;
 class IItemPanels;
 class ISimulation;
@@ -25,7 +20,7 @@ class ISimulation;
  * with its removal from its last view.
  *
  * A lookup with an unknown id gives null, -1 or a neutral value, and an operation on one does nothing.
- * Main thread only, but for the collected lines of a process.
+ * Main thread only, but for the collected output of a process.
  */
 class CSimulationManager : public QObject
 {
@@ -35,7 +30,7 @@ public:
     static CSimulationManager& Instance();
     ~CSimulationManager() override;
 
-    // Simulations and views (simulationmanager.cpp).
+    // Simulations and views.
     /** Takes the simulation over, gives it its id (the last one plus 1) and a process, shows it in the view.
      */
     void AddSimulation(ISimulation* pSimulation, qint64 nViewId);
@@ -62,7 +57,7 @@ public:
     /** The first simulation whose IsSameDataFile is true: what is open isn't read twice. */
     ISimulation* FindSimulationByData(const QByteArray& key) const;
 
-    // What belongs to a pair (simulationmanager_pairs.cpp).
+    // What belongs to a pair (CViewTable).
     double GetTime(qint64 nViewId, qint64 nSimulationId) const;
     void SetTime(qint64 nViewId, qint64 nSimulationId, double dTime);
     /** Whether the pair follows the time table; false shows it as steady. */
@@ -83,14 +78,16 @@ public:
      */
     void SetItemPanels(IItemPanels* pPanels);
 
-    // Processes (simulationmanager_processes.cpp).
+    // Processes (CRunOutput).
     CProcess* GetProcess(qint64 nSimulationId) const;
     /** All lines that the case's run has printed. */
     QStringList GetProcessLines(qint64 nSimulationId) const;
+    /** Those from nLine on, from 0: what has come since the last look. */
+    QStringList GetProcessLinesSince(qint64 nSimulationId, qint64 nLine) const;
     QByteArray GetProcessData(qint64 nSimulationId) const; ///< the same, unsplit
     void ClearProcessLines(qint64 nSimulationId);
 
-    // Closing (simulationmanager_closing.cpp).
+    // Closing (CCaseClosing).
     /**
      * Asks all that has to be asked before the simulations may close: first whether what still runs may go
      * and what to do with unsaved edits, then, for each with display files that was neither saved nor asked
@@ -108,6 +105,11 @@ public:
     void CopyDisplayFiles();
 
 signals:
+    /**
+     * The pair is about to go, with bLast the simulation too. Both are whole still: who works on them stops
+     * now.
+     */
+    void SignalSimulationLeaves(qlonglong nViewId, qlonglong nSimulationId, bool bLast);
     /** Which simulations the view holds, or which of them is on top. */
     void SignalViewSimulationsChanged(qlonglong nViewId);
     void SignalSimulationTimeChanged(qlonglong nViewId, qlonglong nSimulationId);
@@ -136,58 +138,18 @@ private:
         qint64 nId = -1;
         std::unique_ptr<ISimulation> pSimulation;
         std::unique_ptr<CProcess> pProcess;
-        QStringList sLineList; // output of the case's run
-        QByteArray data;       // the same, unsplit
-        qint64 nUseCount = 0;  // views that show it
-    };
-
-    struct SPairRow
-    {
-        qint64 nSimulationId = -1;
-        double dTime = -1.0;
-        bool bTransient = false;
-        DVector3D rotationCentre;
-        SMirrorSetting mirror;
-        SSectorSetting sectors;
-        QVector<STransform> transforms = {STransform()}; // follows from the three above
-        CItemPanel* pPanel = nullptr;                    // null too once it was deleted by its own closing
-    };
-
-    struct SViewRow
-    {
-        qint64 nId = -1;
-        qint64 nActiveId = -1; // simulation on top
-        std::vector<SPairRow> pairs;
-    };
-
-    struct SDisplayCopy
-    {
-        qint64 nSimulationId;
-        QString sDirectory; // where closing writes the display file
-        QString sTarget;
-        QString sSource; // the one that was there when the simulation had left; empty: not yet
     };
 
     CSimulationManager();
 
-    SSimulationRow* FindRow(qint64 nSimulationId);
     const SSimulationRow* FindRow(qint64 nSimulationId) const;
-    SViewRow* FindView(qint64 nViewId);
-    const SViewRow* FindView(qint64 nViewId) const;
-    SPairRow* FindPair(qint64 nViewId, qint64 nSimulationId);
-    const SPairRow* FindPair(qint64 nViewId, qint64 nSimulationId) const;
     void StartAtFirstLevel(SPairRow& pair) const;
-    void RebuildTransforms(SPairRow& pair);
     void FinishSimulation(ISimulation& simulation);
     void DeleteRow(qint64 nSimulationId);
-    void Collect(qint64 nSimulationId, const QByteArray& bytes);
-    void NoteDisplayFile(qint64 nSimulationId);
-    bool AskUnsaved(const QVector<qint64>& simulationIds, QSet<qint64>& askedIds) const;
-    bool AskDisplayFile(qint64 nSimulationId, QVector<SDisplayCopy>& copies) const;
 
     std::vector<SSimulationRow> m_simulations; // ascending ids
-    std::vector<SViewRow> m_views;
+    CViewTable m_views;
+    CRunOutput m_output;
+    CCaseClosing m_closing;
     IItemPanels* m_pPanels = nullptr;
-    QVector<SDisplayCopy> m_displayCopies; // the close map
-    mutable std::mutex m_mutex;            // guards the lines and data of the rows
 };

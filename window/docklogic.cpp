@@ -7,6 +7,7 @@
 #include "simulation/panel/dockwidget.h"
 #include "simulation/simulationmanager.h"
 #include "window/mainwindow.h"
+#include "window/picksession.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ QVector<QWidget*> DocksOf(const IModuleInterface& module)
 
 } // namespace
 
-CDockLogic::CDockLogic(CMainWindow& window)
+CDockLogic::CDockLogic(CMainWindow& window, CPickSession& picks) : m_picks(picks)
 {
     connect(this, &CDockLogic::SignalCloseExcept, &window, &CMainWindow::SignalCloseExcept);
     for (qint32 nId = 0; nId <= CModuleRegistry::HIGHEST_ID; ++nId)
@@ -78,5 +79,8 @@ void CDockLogic::AddDock(CMainWindow& window, qint64 nModuleId, CDockWidget* pDo
 
 void CDockLogic::SlotMouseClickReceiver(IMouseClickReceiver* pMouseClickReceiver)
 {
-    m_pMouseClickReceiver = pMouseClickReceiver;
+    if (pMouseClickReceiver)
+        m_picks.Begin(pMouseClickReceiver);
+    else
+        m_picks.End();
 }

@@ -6,6 +6,7 @@
 
 class CDockWidget;
 class CMainWindow;
+class CPickSession;
 class IMouseClickReceiver;
 class ISelectable;
 
@@ -19,16 +20,14 @@ class CDockLogic : public QObject
 
 public:
     /** Adds the docks of all modules to the window, hidden, and connects them with it. */
-    explicit CDockLogic(CMainWindow& window);
-
-    /** Who has taken over the clicks of the views; null for nobody. */
-    IMouseClickReceiver* GetMouseClickReceiver() const { return m_pMouseClickReceiver; }
+    CDockLogic(CMainWindow& window, CPickSession& picks);
 
 signals:
     /** A dock has been opened. Blocked while a module shows all of its docks. */
     void SignalCloseExcept(QWidget* pRequestingWidget);
 
 public slots:
+    /** The receiver takes over the clicks of the views; null: who had them gives them back. */
     void SlotMouseClickReceiver(IMouseClickReceiver* pMouseClickReceiver);
 
 private:
@@ -44,5 +43,5 @@ private:
     void OpenFor(const QVector<ISelectable*>& selectables) const;
 
     QVector<SModuleDock> m_docks;
-    IMouseClickReceiver* m_pMouseClickReceiver = nullptr;
+    CPickSession& m_picks;
 };

@@ -27,6 +27,7 @@
 #include "window/commands/windowactions.h"
 #include "window/docklogic.h"
 #include "window/mirrortoolbar.h"
+#include "window/picksession.h"
 #include "window/preferences/preferencesdialog.h"
 #include "window/simulationtabs.h"
 #include "window/startup/startuptimings.h"
@@ -80,7 +81,7 @@ CMainWindow::CMainWindow() : m_pUi(new Ui::CMainWindow)
     BuildActions();
     BuildToolBars();
     StartupTimings::Note("actions, toolbars");
-    m_pDocks = std::make_unique<CDockLogic>(*this);
+    m_pDocks = std::make_unique<CDockLogic>(*this, *m_pPicks);
     ApplyFontIncrement(this);
     CWidgetManager::Instance().Register(this, CWidgetManager::MAIN_WINDOW);
     m_defaultLayout = TakeLayout(*this);
@@ -131,7 +132,11 @@ void CMainWindow::BuildViewArea()
     connect(m_pViewArea, &CViewArea::SignalActiveViewChanged, this,
             &CMainWindow::SlotActiveSimulationChanged);
     connect(m_pViewArea, &CViewArea::SignalPopupMenu, this, &CMainWindow::SlotPopupMenu);
-    connect(m_pViewArea, &CViewArea::SignalMouseMode, this, &CMainWindow::SignalMouseMode);
+    m_pPicks = std::make_unique<CPickSession>();
+    connect(m_pViewArea, &CViewArea::SignalModeOut, m_pPicks.get(), &CPickSession::SlotModeOut);
+    connect(m_pViewArea, &CViewArea::SignalPointSelected, m_pPicks.get(), &CPickSession::SlotPointSelected);
+    connect(m_pPicks.get(), &CPickSession::SignalMode, m_pViewArea, &CViewArea::SetMode);
+    connect(m_pPicks.get(), &CPickSession::SignalMode, this, &CMainWindow::SignalMouseMode);
 }
 
 void CMainWindow::BuildActions()
@@ -146,7 +151,7 @@ void CMainWindow::BuildActions()
     m_pSelectionCommands = std::make_unique<CSelectionCommands>(*m_pActions);
     m_pDisplayCommands = std::make_unique<CDisplayCommands>(*m_pActions);
     m_pHelpCommands = std::make_unique<CHelpCommands>(*m_pActions);
-    m_pCameraCommands = std::make_unique<CCameraCommands>(*m_pActions, *m_pViewArea);
+    m_pCameraCommands = std::make_unique<CCameraCommands>(*m_pActions, *m_pViewArea, *m_pPicks);
     m_pDialogCommands = std::make_unique<CDialogCommands>(*m_pActions, this);
     m_pActions->Bind(ActionPreferences, this, &CMainWindow::SlotPreferences);
     m_pActions->Bind(ActionScreenshot, this, &CMainWindow::SlotExportScreenshot);

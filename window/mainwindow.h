@@ -22,12 +22,12 @@ class CItemPanels;
 class CRestartCommands;
 class CSaveCommands;
 class CSelectionCommands;
+class CPickSession;
 class CSimulationTabs;
 class CViewArea;
 class CViewCommands;
 class CWindowActions;
 class CWindowToolBars;
-class IMouseClickReceiver;
 
 namespace Ui {
 class CMainWindow;
@@ -69,11 +69,12 @@ public:
     CViewArea& GetViewArea() { return *m_pViewArea; }
     CWindowActions& GetActions() { return *m_pActions; }
     CWindowToolBars& GetToolBars() { return *m_pToolBars; }
+    CPickSession& GetPicks() { return *m_pPicks; }
 
 signals:
     /** A dock that opens closes those that don't go with it. */
     void SignalCloseExcept(QWidget* pRequestingWidget);
-    /** What the mouse does in the active view has changed. */
+    /** What the mouse does in the views has changed. */
     void SignalMouseMode(OglMouseMode_e eMode);
     void SignalActiveSimulationChanged();
     void SignalCaseSaved();
@@ -121,6 +122,7 @@ private:
     std::unique_ptr<CItemPanels> m_pItemPanels;
     std::unique_ptr<CSimulationTabs> m_pTabs;
     CViewArea* m_pViewArea = nullptr;
+    std::unique_ptr<CPickSession> m_pPicks;
     CWindowActions* m_pActions = nullptr;
     CWindowToolBars* m_pToolBars = nullptr;
     std::unique_ptr<CDockLogic> m_pDocks;

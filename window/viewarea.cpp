@@ -86,10 +86,12 @@ qint64 CViewArea::AddSlot(QSplitter* pSplitter)
     connectViewer(pAnalyzeViewer);
     connect(pViewer, &COglViewer::SignalPopupMenu, this, &CViewArea::SignalPopupMenu);
     connect(pViewer, &COglViewer::SignalCameraChangeOut, this, &CViewArea::SlotCameraChange);
-    connect(pViewer, &COglViewer::SignalModeOut, this, [this, nId](OglMouseMode_e eMode) {
-        if (nId == m_nActiveId)
-            emit SignalMouseMode(eMode);
-    });
+    emit pViewer->SignalModeIn(m_eMode);
+    connect(pViewer, &COglViewer::SignalModeOut, this, &CViewArea::SignalModeOut);
+    connect(pViewer, &COglViewer::SignalPointSelected, this,
+            [this, nId](const SPickedPoint& point, ISelectable* pSelectable) {
+                emit SignalPointSelected(nId, point, pSelectable);
+            });
     ShowExpandable();
     return nId;
 }
@@ -146,7 +148,13 @@ void CViewArea::SetActive(qint64 nViewId)
         slot.pAnalyzeViewer->SetActive(nId == nViewId);
     }
     emit SignalActiveViewChanged(nViewId);
-    emit SignalMouseMode(GetOglViewer(nViewId)->GetDrawer().GetMode());
+}
+
+void CViewArea::SetMode(OglMouseMode_e eMode)
+{
+    m_eMode = eMode;
+    for (const auto& [nId, slot] : m_slots)
+        emit slot.pViewer->SignalModeIn(eMode);
 }
 
 qint64 CViewArea::Split(qint64 nViewId, Qt::Orientation eOrientation)

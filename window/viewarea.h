@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scene/iselectable.h"
+#include "scene/pickedpoint.h"
 #include "view/camera/cameraoperator.h"
 #include "view/iviewer.h"
 
@@ -55,8 +57,9 @@ public:
 
 signals:
     void SignalActiveViewChanged(qlonglong nViewId);
-    /** What the mouse does in the active view: that, or which view is active, has changed. */
-    void SignalMouseMode(OglMouseMode_e eMode);
+    /** A view has changed what the mouse does in it. */
+    void SignalModeOut(OglMouseMode_e eMode);
+    void SignalPointSelected(qint64 nViewId, const SPickedPoint& point, ISelectable* pSelectable);
     void SignalSplit(qlonglong nViewIndex, Qt::Orientation eOrientation, ViewSplit_e eSplit);
     void SignalExpand(qlonglong nViewIndex, bool bExpand);
     void SignalClose(qlonglong nViewIndex);
@@ -65,6 +68,8 @@ signals:
 public slots:
     /** Passes a change of a linked view's camera on to all other linked views. */
     void SlotCameraChange(qlonglong nViewIndex, CameraOperator_e eOperator, SCameraOperator camera);
+    /** What the mouse does in all views, those that are yet to come included. */
+    void SetMode(OglMouseMode_e eMode);
 
 private:
     struct SSlot
@@ -87,4 +92,5 @@ private:
     qint64 m_nNextId = 1;
     qint64 m_nActiveId = -1;
     qint64 m_nExpandedId = -1;
+    OglMouseMode_e m_eMode = MouseNormal;
 };

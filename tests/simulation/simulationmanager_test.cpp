@@ -49,6 +49,14 @@ TEST_F(SimulationManager, ASimulationLivesUntilItLeavesItsLastView)
     bool bDestroyed = false;
     CTestSimulation* const pSimulation = Add(1);
     pSimulation->m_onDestroyed = [&] { bDestroyed = true; };
+    QVector<QVector<qint64>> leaving;
+    const auto connection = QObject::connect(&m_manager, &CSimulationManager::SignalSimulationLeaves,
+                                             [&](qlonglong nViewId, qlonglong nId, bool bLast) {
+                                                 EXPECT_NE(m_manager.GetSimulation(nId), nullptr);
+                                                 EXPECT_TRUE(m_manager.GetViewIds(nId).contains(nViewId));
+                                                 EXPECT_FALSE(bDestroyed);
+                                                 leaving.append({nViewId, nId, bLast});
+                                             });
     m_manager.AddSimulationToView(1, 2);
     m_manager.AddSimulationToView(1, 2); // already there
     EXPECT_EQ(m_manager.GetUseCount(1), 2);
@@ -60,6 +68,8 @@ TEST_F(SimulationManager, ASimulationLivesUntilItLeavesItsLastView)
     EXPECT_TRUE(bDestroyed);
     EXPECT_EQ(m_manager.GetSimulation(1), nullptr);
     EXPECT_EQ(m_manager.GetProcess(1), nullptr);
+    EXPECT_EQ(leaving, (QVector<QVector<qint64>>{{1, 1, false}, {2, 1, true}})) << "before anything goes";
+    QObject::disconnect(connection);
 }
 
 TEST_F(SimulationManager, APairTakesItsPanelAndSelectablesAlong)
@@ -185,6 +195,7 @@ TEST_F(SimulationManager, OutputOfARunIsCollectedInLines)
     EXPECT_EQ(lines, QStringList({"err", "one", "two"}));
     EXPECT_GE(data.count(), 2);
     EXPECT_EQ(states.count(), 3) << "starting, running, not running";
+    EXPECT_EQ(m_manager.GetProcessLinesSince(1, 2).size(), 1);
     m_manager.ClearProcessLines(1);
     EXPECT_TRUE(m_manager.GetProcessLines(1).isEmpty());
     EXPECT_TRUE(m_manager.GetProcessData(1).isEmpty());

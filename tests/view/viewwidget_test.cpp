@@ -315,6 +315,36 @@ TEST_F(ViewWidget, APickedPointIsToldWithTheItemThatItIsOn)
     EXPECT_EQ(window.m_sStatus, pOther->name() + ": IJK: (3, 3, 1), XYZ: (2, 2, 0)");
 }
 
+TEST_F(ViewWidget, InTheModeThatPicksPointsAClickTellsThePointOfTheBlock)
+{
+    QVector<SPickedPoint> picked;
+    QVector<ISelectable*> on;
+    QObject::connect(m_pDrawer.get(), &COpenGLDrawer::SignalPointSelected,
+                     [&](const SPickedPoint& point, ISelectable* pSelectable) {
+                         picked.append(point);
+                         on.append(pSelectable);
+                     });
+    Grab();
+    const auto click = [&](const QPoint& place) {
+        QTest::mouseClick(m_pDrawer.get(), Qt::LeftButton, {}, place);
+    };
+    click(PixelOf(2.0, 1.0));
+    EXPECT_TRUE(picked.isEmpty());
+    m_pSurface->setSelected(false);
+    m_pDrawer->SlotMode(MousePointPick);
+    MovePointer({1, 1}, Qt::NoModifier);
+    click({1, 1}); // beside everything
+    EXPECT_TRUE(picked.isEmpty());
+    MovePointer(PixelOf(2.0, 1.0), Qt::NoModifier);
+    click(PixelOf(2.0, 1.0));
+    ASSERT_EQ(picked.size(), 1);
+    EXPECT_EQ(picked[0].ijk, (IVector3D{3, 2, 2}));
+    EXPECT_EQ(picked[0].nBlockId, 1);
+    EXPECT_FALSE(picked[0].secondIjk);
+    EXPECT_EQ(on, QVector<ISelectable*>{m_pSurface});
+    EXPECT_FALSE(m_pSurface->isSelected());
+}
+
 TEST_F(ViewWidget, ALegendUnderThePointerIsFramedButNotInAPicture)
 {
     CAnnotationColormap& legend = ShowLegend(*m_pSurface);

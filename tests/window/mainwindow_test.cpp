@@ -12,6 +12,7 @@
 #include "tests/support/testmodule.h"
 #include "tests/support/testsettings.h"
 #include "window/commands/windowactions.h"
+#include "window/picksession.h"
 #include "window/startup/commandline.h"
 #include "window/stylesheets.h"
 #include "window/viewarea.h"
@@ -49,6 +50,8 @@ public:
 class CHearingDock : public CDockWidget
 {
 public:
+    using CDockWidget::BeginPick;
+    using CDockWidget::EndPick;
     void SlotSelectableDoubleClicked(QVector<ISelectable*>) override { show(); }
     void SlotSelectableChanged(ISelectable*) override { ++m_nChanges; }
     void SlotSelectableDeleted(ISelectable*) override { ++m_nDeleted; }
@@ -208,6 +211,13 @@ TEST_F(MainWindow, DocksHearOfTheirCasesAloneAndOfChangesWhileTheyAreOnShow)
     manager.NotifyUpdated(pSelectable);
     manager.NotifyDisplayOnNodes(pSelectable);
     EXPECT_EQ(dock.m_nChanges, 2);
+    dock.BeginPick();
+    EXPECT_EQ(window.GetPicks().GetMode(), MousePointPick);
+    dock.EndPick();
+    EXPECT_EQ(window.GetPicks().GetMode(), MouseNormal);
+    dock.BeginPick();
+    foreign.BeginPick();
+    EXPECT_FALSE(dock.IsPicking());
     manager.Remove(pSelectable);
     EXPECT_EQ(dock.m_nDeleted, 1);
     EXPECT_EQ(foreign.m_nDeleted, 1) << "who holds a pointer lets go of it though hidden";

@@ -1,6 +1,7 @@
 // The commands of the main window, seen through its actions.
 #include "frame/applicationinfo.h"
 #include "frame/preferences/preferencekeys.h"
+#include "scene/imouseclickreceiver.h"
 #include "scene/selectablemanager.h"
 #include "tests/support/promptscript.h"
 #include "tests/support/simulationfixture.h"
@@ -10,6 +11,7 @@
 #include "window/commands/windowactions.h"
 #include "window/dropdownbutton.h"
 #include "window/mainwindow.h"
+#include "window/picksession.h"
 #include "window/recentfiles.h"
 #include "window/sectordisplay.h"
 #include "window/viewarea.h"
@@ -125,7 +127,7 @@ TEST_F(WindowCommands, HidingReachesTheChildrenWhereThatIsWanted)
     EXPECT_EQ(ItemsThat(&ISelectable::isVisible), QVector<qint64>({1, 2, 3, 4}));
 }
 
-TEST_F(WindowCommands, ZoomBoxIsPressedWhileTheActiveViewIsInThatMode)
+TEST_F(WindowCommands, ZoomBoxIsPressedWhileTheViewsAreInThatMode)
 {
     CViewArea& area = m_window.GetViewArea();
     const auto drawer = [&area](qint64 nId) { return &area.GetOglViewer(nId)->GetDrawer(); };
@@ -134,19 +136,65 @@ TEST_F(WindowCommands, ZoomBoxIsPressedWhileTheActiveViewIsInThatMode)
     Action(ActionZoomBox)->trigger();
     EXPECT_EQ(drawer(1)->GetMode(), MouseZoomBox);
     area.SetActive(area.Split(1, Qt::Horizontal));
-    EXPECT_FALSE(pZoomBox->isChecked());
+    EXPECT_EQ(drawer(2)->GetMode(), MouseZoomBox) << "a new view is as the others";
+    EXPECT_TRUE(pZoomBox->isChecked());
     QTest::keyClick(drawer(1), Qt::Key_Escape);
-    EXPECT_EQ(drawer(1)->GetMode(), MouseNormal);
-    EXPECT_NE(drawer(1)->cursor().shape(), Qt::CrossCursor);
+    for (const qint64 nId : {1, 2}) {
+        EXPECT_EQ(drawer(nId)->GetMode(), MouseNormal);
+        EXPECT_NE(drawer(nId)->cursor().shape(), Qt::CrossCursor);
+    }
+    EXPECT_FALSE(pZoomBox->isChecked());
     drawer(2)->SlotMode(MouseZoomBox);
     EXPECT_TRUE(pZoomBox->isChecked()) << "whoever has set it";
-    area.SetActive(1);
-    EXPECT_FALSE(pZoomBox->isChecked());
-    area.SetActive(2);
-    EXPECT_TRUE(pZoomBox->isChecked());
-    QTest::keyClick(drawer(2), Qt::Key_Escape);
-    EXPECT_FALSE(pZoomBox->isChecked());
+    EXPECT_EQ(drawer(1)->GetMode(), MouseZoomBox);
+    Action(ActionZoomBox)->trigger();
+    EXPECT_EQ(drawer(2)->GetMode(), MouseNormal);
+    EXPECT_EQ(modes.count(), 4) << "each change once";
     EXPECT_EQ(modes.last().value(0).value<OglMouseMode_e>(), MouseNormal);
+}
+
+TEST_F(WindowCommands, PointsOfAnyViewGoToTheOneWhoAskedUntilHeOrTheUserEndsIt)
+{
+    struct SReceiver : IMouseClickReceiver
+    {
+        void PointPicked(DVector3D xyz, IVector3D ijk, ISelectable*) override { picked.append({xyz, ijk}); }
+        void PickEnded() override { ++nEnded; }
+        QVector<std::pair<DVector3D, IVector3D>> picked;
+        int nEnded = 0;
+    } first, second;
+    CViewArea& area = m_window.GetViewArea();
+    const auto drawer = [&area](qint64 nId) { return &area.GetOglViewer(nId)->GetDrawer(); };
+    area.Split(1, Qt::Horizontal);
+    SPickedPoint point;
+    point.bHasPoint = true;
+    point.xyz = {1, 2, 3};
+    point.ijk = {4, 5, 6};
+    const auto pick = [&] { emit drawer(2)->SignalPointSelected(point, nullptr); };
+    pick(); // nobody asked
+    CPickSession& picks = m_window.GetPicks();
+    picks.Begin(&first);
+    EXPECT_EQ(drawer(1)->GetMode(), MousePointPick);
+    EXPECT_EQ(drawer(2)->GetMode(), MousePointPick);
+    pick();
+    ASSERT_EQ(first.picked.size(), 1);
+    EXPECT_EQ(first.picked[0].first, point.xyz);
+    EXPECT_EQ(first.picked[0].second, point.ijk);
+    picks.Begin(&second);
+    EXPECT_EQ(first.nEnded, 1);
+    pick();
+    EXPECT_EQ(first.picked.size(), 1);
+    EXPECT_EQ(second.picked.size(), 1);
+    QTest::keyClick(drawer(1), Qt::Key_Escape);
+    EXPECT_EQ(second.nEnded, 1);
+    EXPECT_EQ(drawer(2)->GetMode(), MouseNormal);
+    picks.Begin(&first);
+    picks.End();
+    EXPECT_EQ(first.nEnded, 1) << "it knows";
+    EXPECT_EQ(drawer(2)->GetMode(), MouseNormal);
+    picks.Begin(&first);
+    Action(ActionZoomBox)->trigger();
+    EXPECT_EQ(first.nEnded, 2);
+    EXPECT_TRUE(Action(ActionZoomBox)->isChecked());
 }
 
 TEST_F(WindowCommands, TheRotationAxisIsMarkedAsThePreferencesHaveIt)

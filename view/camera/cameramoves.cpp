@@ -1,5 +1,7 @@
 #include "view/camera/cameramoves.h"
 
+#include "frame/preferences/preferences.h"
+
 #include <cmath>
 
 namespace {
@@ -92,4 +94,42 @@ SCameraMove CameraMoves::SetView(const QMatrix4x4& view)
     SCameraMove move{CameraSetView, {}};
     move.values.view = view;
     return move;
+}
+
+std::optional<SCameraMove> CameraMoves::Held(MouseAction_e eAction, const QPointF& drag,
+                                             const DVector3D& point)
+{
+    const SDrawPreferences& draw = CPreferences::Instance().Draw();
+    const double dMouse = draw.dMouseSensitivity;
+    const double dKeyboard = draw.dKeyboardSensitivity;
+    switch (eAction) {
+    case MousePanning:
+        return Pan(drag);
+    case MousePanningLeft:
+        return PanByKey(-1, 0, dKeyboard, dMouse);
+    case MousePanningRight:
+        return PanByKey(1, 0, dKeyboard, dMouse);
+    case MousePanningUp:
+        return PanByKey(0, -1, dKeyboard, dMouse);
+    case MousePanningDown:
+        return PanByKey(0, 1, dKeyboard, dMouse);
+    case MouseRotate:
+        return Rotate(drag, dMouse, point);
+    case MouseRotateLeft:
+        return RotateByKey(1, 0, dKeyboard, point);
+    case MouseRotateRight:
+        return RotateByKey(-1, 0, dKeyboard, point);
+    case MouseRotateUp:
+        return RotateByKey(0, 1, dKeyboard, point);
+    case MouseRotateDown:
+        return RotateByKey(0, -1, dKeyboard, point);
+    case MouseRotateAroundScreen:
+        return RotateAroundScreen(drag, dMouse);
+    case MouseZoomIn:
+        return Zoom(1, draw.nZoomSensitivity);
+    case MouseZoomOut:
+        return Zoom(-1, draw.nZoomSensitivity);
+    default:
+        return {};
+    }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/accelerators.h"
 #include "view/camera/cameraoperator.h"
 
 #include <QPointF>
@@ -49,6 +50,9 @@ SCameraMove RotateRow(int nRow, double dAngle, const DVector3D& rotationPoint);
  * @param pCentre  what stays in place [view coordinates]; null: the middle of the view
  */
 SCameraMove Zoom(int nDirection, qint64 nZoomSensitivity, const QPointF* pCentre = nullptr);
+
+/** The step of an action that goes on while it is held; nothing for any other action. */
+std::optional<SCameraMove> Held(MouseAction_e eAction, const QPointF& drag, const DVector3D& rotationPoint);
 
 SCameraMove ZoomBox(const QRect& pixels);
 SCameraMove SetView(const QMatrix4x4& view);

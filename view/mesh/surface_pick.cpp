@@ -119,6 +119,7 @@ SPickedPoint CSurface::pickedPoint(qint64 nElement) const
     point.xyz = m_positions[nElement];
     point.bHasIjk = true;
     point.ijk = AddressOf(nElement);
+    point.nBlockId = blockId();
     point.bIsHole = !m_holes.empty() && m_holes[nElement];
     if (scalarVariable() != NO_ID)
         point.dValue = ReadValue(scalarVariable(), nElement);

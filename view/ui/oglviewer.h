@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scene/iselectable.h"
+#include "scene/pickedpoint.h"
 #include "view/camera/cameraoperator.h"
 #include "view/camera/icameraview.h"
 #include "view/iviewer.h"
@@ -54,7 +56,7 @@ signals:
     void SignalModeIn(OglMouseMode_e eMode);
     void SignalModeOut(OglMouseMode_e eMode);
     void SignalPopupMenu();
-    void SignalPointSelected(DVector3D dXYZ, IVector3D nIJK);
+    void SignalPointSelected(SPickedPoint point, ISelectable* pSelectable);
 
 public slots:
     void SlotCameraChangeOut(CameraOperator_e eOperator, SCameraOperator camera);

@@ -1,7 +1,6 @@
 #include "view/ui/opengldrawer.h"
 
 #include "frame/preferences/preferences.h"
-#include "scene/drawablemanager.h"
 #include "scene/idrawable.h"
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
@@ -14,6 +13,7 @@
 #include "view/render/overlays.h"
 #include "view/render/scalebar.h"
 #include "view/ui/openglcheck.h"
+#include "view/viewdrawables.h"
 
 #include <QPainter>
 
@@ -33,8 +33,7 @@ QSurfaceFormat FormatWithAlpha()
 
 } // namespace
 
-COpenGLDrawer::COpenGLDrawer(qint64 nViewId, QWidget* pParent)
-    : QOpenGLWidget(pParent), m_nViewId(nViewId), m_hover(nViewId)
+COpenGLDrawer::COpenGLDrawer(qint64 nViewId, QWidget* pParent) : QOpenGLWidget(pParent), m_state{nViewId}
 {
     setFormat(FormatWithAlpha());
     setFocusPolicy(Qt::StrongFocus);
@@ -46,7 +45,7 @@ COpenGLDrawer::COpenGLDrawer(qint64 nViewId, QWidget* pParent)
     connect(&manager, &CSelectableManager::SignalSelectableDeleted, this,
             &COpenGLDrawer::SlotSelectableDeleted);
     connect(&manager, &CSelectableManager::SignalSelectionChanged, this, [this](qlonglong nChangedViewId) {
-        if (nChangedViewId == m_nViewId)
+        if (nChangedViewId == m_state.nViewId)
             update();
     });
     m_timer.setInterval(TICK_AT_REST_MS);
@@ -69,20 +68,31 @@ void COpenGLDrawer::initializeGL()
     m_renderer.Initialize();
 }
 
-void COpenGLDrawer::resizeGL(int nWidth, int nHeight) { m_camera.Resize(QSize(nWidth, nHeight)); }
+void COpenGLDrawer::resizeGL(int nWidth, int nHeight) { m_state.camera.Resize(QSize(nWidth, nHeight)); }
 
 void COpenGLDrawer::SetCamera(const SCamera& camera, int nFit)
 {
     m_bFitNext = false;
-    m_camera.SetCamera(camera, nFit);
+    m_state.camera.SetCamera(camera, nFit);
     UpdateCamera();
 }
 
 void COpenGLDrawer::SetActive(bool bActive)
 {
-    m_bActive = bActive;
+    m_state.bActive = bActive;
     if (!bActive)
-        ClearHover();
+        m_hoverTool.Leave();
+}
+
+void COpenGLDrawer::SetDemotion(Demotion_e eDemotion)
+{
+    m_demotion.Set(eDemotion);
+    UpdateAll();
+}
+
+void COpenGLDrawer::renderToImage(QImage& image, double dScale, const SCaptureParts& parts)
+{
+    image = m_capture.Take(*this, dScale, parts);
 }
 
 void COpenGLDrawer::UpdateCamera()
@@ -108,9 +118,9 @@ bool COpenGLDrawer::TakeNeedsCheck()
 
 bool COpenGLDrawer::IsInteracting() const
 {
-    const MouseAction_e eAction = CurrentAction();
-    if (m_capture)
+    if (m_capture.IsOn())
         return false;
+    const MouseAction_e eAction = m_state.Held().eAction;
     return eAction == MousePanning || eAction == MouseRotate || eAction == MouseRotateAroundScreen ||
            (m_sinceWheel.isValid() && m_sinceWheel.elapsed() < SETTLE_MS);
 }
@@ -122,7 +132,7 @@ void COpenGLDrawer::paintGL()
         return;
     }
     const bool bInteracting = IsInteracting();
-    ShowDemotion(bInteracting);
+    m_demotion.Show(m_state.nViewId, bInteracting);
     QPainter painter(this);
     PaintBackground(painter);
     painter.beginNativePainting();
@@ -149,118 +159,61 @@ void COpenGLDrawer::FitNextFrame()
     UpdateAll();
 }
 
+void COpenGLDrawer::FitIfAsked()
+{
+    if (!m_bFitNext)
+        return;
+    CSceneRenderer::Build(m_state.nViewId);
+    if (BoundsInView(false).IsEmpty())
+        return;
+    const bool bTurned = !m_state.camera.FloatView().isIdentity();
+    if (const int nAxis = bTurned ? -1 : AxisAcrossPlaneCase(m_state.nViewId); nAxis >= 0)
+        m_state.camera.LookAlong(nAxis, LooksAlongPositive(nAxis));
+    m_state.camera.ZoomToBounds(BoundsInView(false));
+    m_bFitNext = false;
+}
+
 void COpenGLDrawer::PaintScene(bool bInteracting)
 {
-    if (m_bFitNext) {
-        CSceneRenderer::Build(m_nViewId);
-        if (!BoundsInView(false).IsEmpty()) {
-            const bool bTurned = !m_camera.FloatView().isIdentity();
-            if (const int nAxis = bTurned ? -1 : AxisAcrossPlaneCase(m_nViewId); nAxis >= 0)
-                m_camera.LookAlong(nAxis, LooksAlongPositive(nAxis));
-            m_camera.ZoomToBounds(BoundsInView(false));
-            m_bFitNext = false;
-        }
-    }
+    FitIfAsked();
     SFrameSettings frame;
-    frame.nViewId = m_nViewId;
-    frame.view = m_camera.View();
-    frame.dLeft = m_camera.Box().dLeft;
-    frame.dRight = m_camera.Box().dRight;
-    frame.dTop = m_camera.Box().dTop;
-    frame.dBottom = m_camera.Box().dBottom;
+    frame.nViewId = m_state.nViewId;
+    frame.view = m_state.camera.View();
+    frame.dLeft = m_state.camera.Box().dLeft;
+    frame.dRight = m_state.camera.Box().dRight;
+    frame.dTop = m_state.camera.Box().dTop;
+    frame.dBottom = m_state.camera.Box().dBottom;
     frame.viewport = size() * devicePixelRatioF();
-    frame.bBoundingBoxes = bInteracting && m_eDemotion == DemotionBoundingBox;
+    frame.bBoundingBoxes = bInteracting && m_demotion.ShowsBoxes();
     frame.bCheckDrawables = TakeNeedsCheck();
-    frame.bMarks = !m_capture;
-    frame.fScale = float(devicePixelRatioF() * RenderScale());
-    if (m_bMeasureShown && m_measureFrom && m_measureTo)
-        frame.measureLine = {*m_measureFrom, *m_measureTo};
+    frame.bMarks = !m_capture.IsOn();
+    frame.fScale = float(devicePixelRatioF() * m_capture.Scale());
+    if (const auto line = m_measureTool.Line())
+        frame.measureLine = {line->first, line->second};
     m_renderer.Render(frame);
-}
-
-QVector<IDrawable*> COpenGLDrawer::Drawables() const
-{
-    QVector<IDrawable*> drawables;
-    for (const qint64 nSimulationId : CSimulationManager::Instance().GetSimulationIds(m_nViewId))
-        drawables += CDrawableManager::Instance().GetDrawables(m_nViewId, nSimulationId);
-    return drawables;
-}
-
-QVector<IDrawable*> COpenGLDrawer::VisibleDrawables() const
-{
-    QVector<IDrawable*> visible = Drawables();
-    visible.erase(std::remove_if(visible.begin(), visible.end(), [](auto* p) { return !p->isVisible(); }),
-                  visible.end());
-    return visible;
-}
-
-// Demotion: while the view moves, surfaces are drawn as wireframes.
-
-void COpenGLDrawer::SetDemotion(Demotion_e eDemotion)
-{
-    m_eDemotion = eDemotion;
-    UpdateAll();
-}
-
-void COpenGLDrawer::ShowDemotion(bool bInteracting)
-{
-    if (m_eDemotion != DemotionWireframe || !bInteracting) {
-        RestoreDemoted();
-        return;
-    }
-    if (std::exchange(m_bDemoted, true))
-        return;
-    for (IDrawable* const pDrawable : VisibleDrawables()) {
-        const DisplayType_e eType = pDrawable->displayType();
-        if (!pDrawable->canDemote() || eType == DisplayContour || eType == DisplayNodes ||
-            eType == DisplayVector)
-            continue;
-        m_savedParts.insert(pDrawable, {eType, pDrawable->drawWireframe(), pDrawable->drawShaded(),
-                                        pDrawable->drawNodes(), pDrawable->drawOutlines(),
-                                        pDrawable->drawContoursFlag(), pDrawable->drawVectorsFlag()});
-        if (eType > DisplayWireframe)
-            pDrawable->setDisplayTypeQuick(DisplayWireframe);
-    }
-}
-
-void COpenGLDrawer::RestoreDemoted()
-{
-    if (!std::exchange(m_bDemoted, false))
-        return;
-    const QHash<IDrawable*, SShownParts> saved = std::exchange(m_savedParts, {});
-    for (IDrawable* const pDrawable : Drawables()) // those that still live
-        if (const auto parts = saved.constFind(pDrawable); parts != saved.cend()) {
-            pDrawable->setDisplayTypeQuick(parts->eType);
-            pDrawable->setDrawWireframe(parts->bWireframe);
-            pDrawable->setDrawShaded(parts->bShaded);
-            pDrawable->setDrawNodes(parts->bNodes);
-            pDrawable->setDrawOutlines(parts->bOutlines);
-            pDrawable->setDrawContours(parts->bContours);
-            pDrawable->setDrawVectors(parts->bVectors);
-        }
 }
 
 // What is painted over the scene.
 
 SCanvas COpenGLDrawer::Canvas() const
 {
-    const QBrush& background = m_capture ? m_capture->background : CPreferences::Instance().Draw().background;
-    return {(QSizeF(size()) / RenderScale()).toSize(), RenderScale(), background, !m_capture};
+    return {(QSizeF(size()) / m_capture.Scale()).toSize(), m_capture.Scale(), m_capture.Background(),
+            !m_capture.IsOn()};
 }
 
 QColor COpenGLDrawer::OverlayColor(const QPointF& place) const
 {
     return Canvas().TextColor(CPreferences::Instance().Draw().axesColor,
-                              QRectF(place / RenderScale(), QSizeF()));
+                              QRectF(place / m_capture.Scale(), QSizeF()));
 }
 
 void COpenGLDrawer::PaintAnnotations(QPainter& painter)
 {
-    if (m_capture && !m_capture->parts.bAnnotations)
+    if (m_capture.IsOn() && !m_capture.Parts()->bAnnotations)
         return;
     const SCanvas canvas = Canvas();
-    PlaceLegends(Drawables(), canvas.size);
-    for (const IDrawable* const pDrawable : VisibleDrawables())
+    PlaceLegends(ViewDrawables::All(m_state.nViewId), canvas.size);
+    for (const IDrawable* const pDrawable : ViewDrawables::Visible(m_state.nViewId))
         if (CAnnotationColormap* const pLegend = pDrawable->annotationColormap(); pLegend->isVisible())
             pLegend->paint(&painter, canvas);
 }
@@ -268,23 +221,25 @@ void COpenGLDrawer::PaintAnnotations(QPainter& painter)
 void COpenGLDrawer::PaintOverlays(QPainter& painter, bool bInteracting)
 {
     const SDrawPreferences& draw = CPreferences::Instance().Draw();
-    const double dScale = RenderScale();
-    if (m_capture ? m_capture->parts.bAxes : draw.bShowAxes)
-        Overlays::PaintAxes(painter, size(), m_camera.FloatView(),
+    const double dScale = m_capture.Scale();
+    const SCaptureParts* const pParts = m_capture.Parts();
+    if (pParts ? pParts->bAxes : draw.bShowAxes)
+        Overlays::PaintAxes(painter, size(), m_state.camera.FloatView(),
                             OverlayColor(Overlays::AxesOrigin(size(), dScale)), dScale);
     PaintRotationMarker(painter, bInteracting);
-    if (m_capture ? m_capture->parts.bScale : !bInteracting && draw.bShowScaling) {
-        const SScaleBar bar = MakeScaleBar(size() / dScale, m_camera.Box().Width());
+    if (pParts ? pParts->bScale : !bInteracting && draw.bShowScaling) {
+        const SScaleBar bar = MakeScaleBar(size() / dScale, m_state.camera.Box().Width());
         Overlays::PaintScaleBar(painter, bar, OverlayColor({0.5 * width(), bar.dY * dScale}), dScale);
     }
-    if (const QRect band = RubberBand(); !m_capture && !band.isEmpty())
-        Overlays::PaintRubberBand(painter, band);
+    for (const IViewTool* const pTool : m_tools)
+        if (!pParts)
+            pTool->Paint(painter);
 }
 
 bool COpenGLDrawer::ShowsItems()
 {
     if (!m_showsItems)
-        m_showsItems = !VisibleDrawables().isEmpty();
+        m_showsItems = !ViewDrawables::Visible(m_state.nViewId).isEmpty();
     return *m_showsItems;
 }
 
@@ -295,10 +250,11 @@ void COpenGLDrawer::PaintRotationMarker(QPainter& painter, bool bInteracting)
     const bool bJustNow = m_sinceRotation.isValid() && m_sinceRotation.elapsed() < MARKER_MS;
     const bool bShown = draw.nRotationAxisVisibility == ALWAYS ||
                         (draw.nRotationAxisVisibility == ON_ROTATION && (bInteracting || bJustNow));
-    if (m_capture || !bShown || !ShowsItems())
+    if (m_capture.IsOn() || !bShown || !ShowsItems())
         return;
-    const QPointF origin = m_camera.ToPixel(m_camera.RotationPoint());
-    Overlays::PaintRotationPoint(painter, size(), origin, m_camera.FloatView(), OverlayColor(origin), 1.0);
+    const QPointF origin = m_state.camera.ToPixel(m_state.camera.RotationPoint());
+    Overlays::PaintRotationPoint(painter, size(), origin, m_state.camera.FloatView(), OverlayColor(origin),
+                                 1.0);
     if (draw.nRotationAxisVisibility == ON_ROTATION && bJustNow) // one more frame takes it away
         QTimer::singleShot(int(MARKER_MS + 16 - m_sinceRotation.elapsed()), this, [this] { UpdateCamera(); });
 }
@@ -312,7 +268,7 @@ void COpenGLDrawer::SlotSelectableCreated(ISelectable*)
 void COpenGLDrawer::SlotSelectableDeleted(ISelectable* pSelectable)
 {
     m_showsItems.reset();
-    m_hover.Forget(pSelectable);
+    m_pointer.Hovered().Forget(pSelectable);
     UpdateAll();
 }
 
@@ -321,41 +277,42 @@ void COpenGLDrawer::SlotSelectableDeleted(ISelectable* pSelectable)
 SViewBounds COpenGLDrawer::BoundsInView(bool bSelectedOnly) const
 {
     if (!bSelectedOnly)
-        return ViewBounds::OfVisible(m_nViewId, m_camera.View());
-    const ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulationOfView(m_nViewId);
-    return pSimulation ? ViewBounds::OfSelected(m_nViewId, pSimulation->GetId(), m_camera.View())
+        return ViewBounds::OfVisible(m_state.nViewId, m_state.camera.View());
+    const ISimulation* const pSimulation =
+        CSimulationManager::Instance().GetSimulationOfView(m_state.nViewId);
+    return pSimulation ? ViewBounds::OfSelected(m_state.nViewId, pSimulation->GetId(), m_state.camera.View())
                        : SViewBounds();
 }
 
 void COpenGLDrawer::ZoomToFit()
 {
-    m_camera.ZoomToBounds(BoundsInView(false));
+    m_state.camera.ZoomToBounds(BoundsInView(false));
     emit SignalCameraChange(CameraZoomFit, {});
     UpdateCamera();
 }
 
 void COpenGLDrawer::ZoomToSelection()
 {
-    m_camera.ZoomToBounds(BoundsInView(true));
+    m_state.camera.ZoomToBounds(BoundsInView(true));
     emit SignalCameraChange(CameraZoomSelection, {});
     UpdateCamera();
 }
 
 void COpenGLDrawer::ResetView()
 {
-    m_camera.ResetView();
-    Move(CameraMoves::SetView(m_camera.FloatView()));
+    m_state.camera.ResetView();
+    Move(CameraMoves::SetView(m_state.camera.FloatView()));
     ZoomToFit();
 }
 
 void COpenGLDrawer::LookAlong(int nAxis, bool bPositive)
 {
-    m_camera.LookAlong(nAxis, bPositive);
-    Move(CameraMoves::SetView(m_camera.FloatView()));
+    m_state.camera.LookAlong(nAxis, bPositive);
+    Move(CameraMoves::SetView(m_state.camera.FloatView()));
     ZoomToFit();
 }
 
 void COpenGLDrawer::QuarterTurn(bool bPositive)
 {
-    Move(CameraMoves::RotateRow(2, bPositive ? 90.0 : -90.0, m_camera.RotationPoint()));
+    Move(CameraMoves::RotateRow(2, bPositive ? 90.0 : -90.0, m_state.camera.RotationPoint()));
 }

@@ -1,35 +1,27 @@
 #pragma once
 
-#include "frame/capture.h"
-#include "frame/inputstate.h"
-#include "scene/displaytype.h"
+#include "scene/iselectable.h"
 #include "view/annotations/canvas.h"
-#include "view/camera/cameramath.h"
-#include "view/camera/cameramoves.h"
-#include "view/camera/cameraoperator.h"
-#include "view/pick/hoverlist.h"
-#include "view/pick/viewpicker.h"
+#include "view/render/demotion.h"
 #include "view/render/scenerenderer.h"
+#include "view/tools/bandtool.h"
+#include "view/tools/hovertool.h"
+#include "view/tools/legendtool.h"
+#include "view/tools/measuretool.h"
+#include "view/tools/picktool.h"
+#include "view/tools/viewpointer.h"
+#include "view/ui/viewcapture.h"
 
-#include <QBrush>
 #include <QElapsedTimer>
 #include <QMutex>
 #include <QOpenGLWidget>
 #include <QTimer>
 
-class CAnnotation;
-class IDrawable;
-class ISelectable;
-class CWaitCursor;
-
-enum Demotion_e { DemotionOff = 0, DemotionWireframe = 1, DemotionBoundingBox = 2 };
-
 /**
- * The surface in which the cases of a view are drawn, and what mouse and keyboard do in it. The scene is
- * CSceneRenderer's, the camera COrthoCamera's, picking is in view/pick; here they meet the events of a
- * widget.
+ * The surface in which the cases of a view are drawn. It holds the camera and moves it with mouse and
+ * keyboard, asks CSceneRenderer for frames, and hands all other events to the tools of the view.
  */
-class COpenGLDrawer : public QOpenGLWidget
+class COpenGLDrawer : public QOpenGLWidget, private IToolView
 {
     Q_OBJECT
 
@@ -40,16 +32,14 @@ public:
     /** Hover and selection work in the active view alone. */
     void SetActive(bool bActive);
     void SetDemotion(Demotion_e eDemotion);
-    OglMouseMode_e GetMode() const { return m_eMode; }
+    OglMouseMode_e GetMode() const { return m_state.eMode; }
 
-    SCamera GetCamera() const { return m_camera.Camera(); }
+    SCamera GetCamera() const { return m_state.camera.Camera(); }
     /** Without a size it waits for the first one. @param nFit  a CameraFit_e */
     void SetCamera(const SCamera& camera, int nFit);
     /** The next frame that has something to show shows all of it, once it is built; a plane from its front,
      * unless the camera was turned before. */
     void FitNextFrame();
-    /** Where the pointer was last; what is picked there. */
-    const SPointPick& GetPicked() const { return m_picked; }
 
     /**
      * The view as it is shown, dScale times as large: lines, points and texts grow with it. The picture has
@@ -59,7 +49,7 @@ public:
     void renderToImage(QImage& image, double dScale, const SCaptureParts& parts);
 
     /** Draws anew; drawables may have changed. */
-    void UpdateAll();
+    void UpdateAll() override;
 
     // Commands. Linked views follow each.
     void ZoomToFit();
@@ -76,7 +66,8 @@ signals:
     void SignalMode(OglMouseMode_e eMode);
     void SignalActivated();
     void SignalPopupMenu();
-    void SignalPointSelected(DVector3D dXYZ, IVector3D nIJK);
+    /** In the mode that picks points. @param pSelectable  what it is on */
+    void SignalPointSelected(SPickedPoint point, ISelectable* pSelectable);
 
 public slots:
     /** Does what a linked view has done. */
@@ -101,13 +92,18 @@ protected:
     void focusOutEvent(QFocusEvent* pEvent) override;
 
 private:
-    // opengldrawer.cpp
+    // For the tools.
+    const SViewState& State() const override { return m_state; }
+    void Move(const SCameraMove& move) override;
+    void UpdateCamera() override;
+    void LeaveMode() override { SlotMode(MouseNormal); }
+    std::shared_ptr<void> Wait() const override;
+    void TellPoint(const SPointPick& pick) override;
+
+    // The frame (opengldrawer.cpp).
     bool IsInteracting() const;
-    /** Device pixels for each pixel of the view, of the picture on the screen or in a capture. */
-    double RenderScale() const { return m_capture ? m_capture->dScale : 1.0; }
     void PaintBackground(QPainter& painter) const;
-    void ShowDemotion(bool bInteracting);
-    void RestoreDemoted();
+    void FitIfAsked();
     void PaintScene(bool bInteracting);
     void PaintOverlays(QPainter& painter, bool bInteracting);
     /** What is painted over the scene is painted on. */
@@ -117,92 +113,41 @@ private:
     void PaintAnnotations(QPainter& painter);
     void PaintRotationMarker(QPainter& painter, bool bInteracting);
     bool ShowsItems();
-    /** Only the camera, or what lies over the scene, has changed. */
-    void UpdateCamera();
     bool TakeNeedsCheck();
-    QVector<IDrawable*> Drawables() const;
-    QVector<IDrawable*> VisibleDrawables() const;
     SViewBounds BoundsInView(bool bSelectedOnly) const;
 
-    // opengldrawer_input.cpp
-    MouseAction_e CurrentAction() const;
+    // Events and the camera (opengldrawer_input.cpp).
+    SPointerEvent EventOf(const QMouseEvent& event) const;
+    /** The first tool for which the call is true has the event; false if none takes it. */
+    template <class Call> bool AnyTool(const Call& call);
+    void CancelTools();
     void StartTimer();
-    /** Does the step here, and tells linked views. */
-    void Move(const SCameraMove& move);
-    std::optional<SCameraMove> TickMove(MouseAction_e eAction) const;
     void ZoomStep(int nDirection, bool bAtCursor);
-    void ZoomToBand(const QRect& band);
-    void ClickAction(MouseAction_e eAction, Qt::KeyboardModifiers modifiers);
-    void BoxAction(MouseAction_e eAction, const QRect& band, Qt::KeyboardModifiers modifiers);
+    void ClickAction(MouseAction_e eAction);
     bool PlainKey(const QKeyEvent& event);
-    bool KeyAction(MouseAction_e eAction, Qt::KeyboardModifiers modifiers);
+    bool KeyAction(MouseAction_e eAction);
     void RotateScreen(int nRow);
-    void ChangeAxis();
-    void FocusRotation();
+    void FocusRotation(bool bElseBounds);
     void TurnAbout(const DVector3D& point);
-    CAnnotation* AnnotationAt(const QPoint& position) const;
-    bool IsShown(const CAnnotation* pAnnotation) const;
-    void ShowHot(const CAnnotation* pHot);
-    bool IsMeasuring() const;
-    void HideMeasureLine();
-    QRect RubberBand() const;
-    /** The hovered selectable, if it wants events. */
-    ISelectable* EventTarget() const;
-
-    // opengldrawer_pick.cpp
-    SPickArea AreaAtCursor() const;
-    static std::unique_ptr<CWaitCursor> WaitFor(const SPickArea& area);
-    void Hover();
-    void ShowHover();
-    void Tell(const QString& sText);
-    void StepHover();
-    void ClearHover();
-    void PickPoint();
-    void SelectClicked(bool bControl);
-    void SelectInRectangle(const QRect& band, bool bWhole, bool bControl);
-    void NotifyDoubleClicked(ISelectable* pSelectable);
-    void MeasurePress();
-    void CopyPickedPoint() const;
 
     QMutex m_paintMutex; // held for the whole of a frame: an event handled in it must not start another
-    const qint64 m_nViewId;
-    bool m_bActive = false;
-    OglMouseMode_e m_eMode = MouseNormal;
+    SViewState m_state;
     QTimer m_timer;
-    Demotion_e m_eDemotion = DemotionOff;
-    bool m_bDemoted = false;
-    /** What a demotion changes of a drawable. */
-    struct SShownParts
-    {
-        DisplayType_e eType;
-        bool bWireframe, bShaded, bNodes, bOutlines, bContours, bVectors;
-    };
-    QHash<IDrawable*, SShownParts> m_savedParts; // what to restore after a demotion
-    COrthoCamera m_camera;
+    CDemotion m_demotion;
     CSceneRenderer m_renderer;
-    CInputTracker m_input;
-    QPoint m_cursor;
-    bool m_bInside = false;
-    CHoverList m_hover; // what lies under the pointer
-    SPointPick m_picked;
-    QString m_sTold;                        // in the status bar, of what is under the pointer
-    std::optional<DVector3D> m_measureFrom; // the end of the measured line that was pressed last
-    std::optional<DVector3D> m_measureTo;
-    bool m_bMeasureShown = false; // from a press until its key is released
+    CViewCapture m_capture;
+    CViewPointer m_pointer{*this};
+    CLegendTool m_legendTool{*this};
+    CBandTool m_bandTool{*this};
+    CMeasureTool m_measureTool{*this, m_pointer};
+    CPickTool m_pickTool{*this, m_pointer};
+    CHoverTool m_hoverTool{*this, m_pointer};
+    IViewTool* const m_tools[5] = {&m_legendTool, &m_bandTool, &m_measureTool, &m_pickTool, &m_hoverTool};
+    bool m_bInside = false; // the pointer is
     QElapsedTimer m_sinceWheel;
     QElapsedTimer m_sinceRotation;
     bool m_bChangeAsked = false; // since the last frame: for changed drawables
     bool m_bCameraAsked = false; // for a moved camera
     bool m_bFitNext = false;
     std::optional<bool> m_showsItems; // unknown after a selectable has come or gone
-    CAnnotation* m_pDragged = nullptr;
-    QPoint m_dragGrip; // from its place to the pointer
-    /** A picture that is being captured. */
-    struct SCapturing
-    {
-        double dScale;
-        QBrush background;
-        SCaptureParts parts;
-    };
-    std::optional<SCapturing> m_capture;
 };

@@ -6,11 +6,13 @@
 #include "view/ui/oglviewer.h"
 #include "view/ui/opengldrawer.h"
 #include "window/commands/windowactions.h"
+#include "window/picksession.h"
 #include "window/viewarea.h"
 
 #include <QActionGroup>
 
-CCameraCommands::CCameraCommands(CWindowActions& actions, CViewArea& area) : m_actions(actions), m_area(area)
+CCameraCommands::CCameraCommands(CWindowActions& actions, CViewArea& area, CPickSession& picks)
+    : m_actions(actions), m_area(area), m_picks(picks)
 {
     static_assert(SLOTS == CAMERA_SLOTS);
     BindMoves();
@@ -45,7 +47,7 @@ void CCameraCommands::BindMoves()
             bind(static_cast<ActionId_e>(ActionXPositive + 2 * nAxis + (bPositive ? 0 : 1)),
                  [nAxis, bPositive](COpenGLDrawer& drawer) { drawer.LookAlong(nAxis, bPositive); });
     m_actions.Bind(ActionZoomBox, this, &CCameraCommands::SlotZoomBox);
-    connect(&m_area, &CViewArea::SignalMouseMode, this, [this](OglMouseMode_e eMode) {
+    connect(&m_picks, &CPickSession::SignalMode, this, [this](OglMouseMode_e eMode) {
         m_actions.Get(ActionZoomBox)->setChecked(eMode == MouseZoomBox);
     });
 }
@@ -79,7 +81,7 @@ void CCameraCommands::SlotZoomBox(bool bOn)
     if (!pViewer)
         return;
     pViewer->setFocus(Qt::OtherFocusReason); // so that Escape reaches it
-    emit pViewer->SignalModeIn(bOn ? MouseZoomBox : MouseNormal);
+    m_picks.Begin(nullptr, bOn ? MouseZoomBox : MouseNormal);
 }
 
 void CCameraCommands::BindRotationAxis()

@@ -9,6 +9,7 @@
 #include <optional>
 
 class COpenGLDrawer;
+class CPickSession;
 class CViewArea;
 class CWindowActions;
 
@@ -18,8 +19,8 @@ class CCameraCommands : public QObject
     Q_OBJECT
 
 public:
-    /** Binds its actions. Both must outlive it. */
-    CCameraCommands(CWindowActions& actions, CViewArea& area);
+    /** Binds its actions. All three must outlive it. */
+    CCameraCommands(CWindowActions& actions, CViewArea& area, CPickSession& picks);
 
     /** Brings the active view, which may be new, to what is chosen for all. */
     void ShowActiveView();
@@ -43,5 +44,6 @@ private:
 
     CWindowActions& m_actions;
     CViewArea& m_area;
+    CPickSession& m_picks;
     std::array<std::optional<SCamera>, SLOTS> m_cameras;
 };

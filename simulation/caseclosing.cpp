@@ -1,4 +1,5 @@
-// CSimulationManager: the questions before simulations close, and what they lead to.
+#include "simulation/caseclosing.h"
+
 #include "frame/replacefile.h"
 #include "frame/userprompt.h"
 #include "simulation/casesaving.h"
@@ -10,6 +11,11 @@
 #include <QFileInfo>
 
 namespace {
+
+ISimulation* Find(qint64 nSimulationId)
+{
+    return CSimulationManager::Instance().GetSimulation(nSimulationId);
+}
 
 const QStringList DISPLAY_FILES = {"*.disp"};
 
@@ -39,15 +45,10 @@ bool ReplaceByCopy(const QString& sSource, const QString& sTarget)
 
 } // namespace
 
-bool CSimulationManager::CloseSimulations(qint64 nSimulationId)
-{
-    return CloseSimulations(nSimulationId == -1 ? GetSimulationIds() : QVector<qint64>{nSimulationId});
-}
-
-bool CSimulationManager::CloseSimulations(const QVector<qint64>& simulationIds)
+bool CCaseClosing::Ask(const QVector<qint64>& simulationIds)
 {
     for (const qint64 nId : simulationIds) {
-        const ISimulation* const pSimulation = GetSimulation(nId);
+        const ISimulation* const pSimulation = Find(nId);
         const QString sWarning = pSimulation ? pSimulation->GetCloseWarning() : QString();
         if (!sWarning.isEmpty() && !UserPrompt::Confirm("Close Simulation", sWarning))
             return false;
@@ -61,17 +62,13 @@ bool CSimulationManager::CloseSimulations(const QVector<qint64>& simulationIds)
             return false;
     m_displayCopies = copies;
     for (const qint64 nId : simulationIds)
-        if (ISimulation* const pSimulation = GetSimulation(nId))
+        if (ISimulation* const pSimulation = Find(nId))
             pSimulation->StopProcess();
     return true;
 }
 
-bool CSimulationManager::CloseInView(qint64 nSimulationId, qint64 nViewId)
+bool CCaseClosing::AskInView(qint64 nSimulationId)
 {
-    if (!FindPair(nViewId, nSimulationId))
-        return false;
-    if (GetUseCount(nSimulationId) == 1)
-        return CloseSimulations(nSimulationId);
     QVector<SDisplayCopy> copies;
     if (!AskDisplayFile(nSimulationId, copies))
         return false;
@@ -80,11 +77,11 @@ bool CSimulationManager::CloseInView(qint64 nSimulationId, qint64 nViewId)
 }
 
 /** False if the user cancelled, or wanted to save and couldn't. */
-bool CSimulationManager::AskUnsaved(const QVector<qint64>& simulationIds, QSet<qint64>& askedIds) const
+bool CCaseClosing::AskUnsaved(const QVector<qint64>& simulationIds, QSet<qint64>& askedIds) const
 {
     enum { SAVE, DISCARD, CANCEL };
     for (const qint64 nId : simulationIds) {
-        const ISimulation* const pSimulation = GetSimulation(nId);
+        const ISimulation* const pSimulation = Find(nId);
         if (!pSimulation || !CaseSaving::CanSave(*pSimulation) || !pSimulation->HasUnsavedEdits())
             continue;
         const QString sText = QString("'%1' has changes that are not saved. Would you like to save them?");
@@ -102,10 +99,10 @@ bool CSimulationManager::AskUnsaved(const QVector<qint64>& simulationIds, QSet<q
 }
 
 /** False if the user cancelled. What is saved in a file of the case isn't asked about. */
-bool CSimulationManager::AskDisplayFile(qint64 nSimulationId, QVector<SDisplayCopy>& copies) const
+bool CCaseClosing::AskDisplayFile(qint64 nSimulationId, QVector<SDisplayCopy>& copies) const
 {
     enum { SAVE_AS, CLOSE, CANCEL };
-    const ISimulation* const pSimulation = GetSimulation(nSimulationId);
+    const ISimulation* const pSimulation = Find(nSimulationId);
     const QString sDirectory = pSimulation ? Get(*pSimulation, SimulationKey::DIRECTORY) : QString();
     if (sDirectory.isEmpty() || !pSimulation->GetFilePath().isEmpty() ||
         QDir(sDirectory).entryList(DISPLAY_FILES, QDir::Files).isEmpty())
@@ -128,14 +125,14 @@ bool CSimulationManager::AskDisplayFile(qint64 nSimulationId, QVector<SDisplayCo
 }
 
 /** Simulations that close together may share a directory: each has its own file, the newest as it leaves. */
-void CSimulationManager::NoteDisplayFile(qint64 nSimulationId)
+void CCaseClosing::NoteDisplayFile(qint64 nSimulationId)
 {
     for (SDisplayCopy& copy : m_displayCopies)
         if (copy.nSimulationId == nSimulationId)
             copy.sSource = NewestDisplayFile(copy.sDirectory);
 }
 
-void CSimulationManager::CopyDisplayFiles()
+void CCaseClosing::CopyDisplayFiles()
 {
     for (const SDisplayCopy& copy : std::exchange(m_displayCopies, {})) {
         const QString sSource = copy.sSource.isEmpty() ? NewestDisplayFile(copy.sDirectory) : copy.sSource;

@@ -1,4 +1,5 @@
-// COpenGLDrawer: pictures of the view, of any size.
+#include "view/ui/viewcapture.h"
+
 #include "frame/preferences/preferences.h"
 #include "view/ui/opengldrawer.h"
 
@@ -18,10 +19,12 @@ int LargestSide()
     return std::min({nBuffer, viewport[0], viewport[1]});
 }
 
-QBrush CaptureBrush(CaptureBackground_e eBackground)
+} // namespace
+
+QBrush CViewCapture::Background() const
 {
     const SDrawPreferences& draw = CPreferences::Instance().Draw();
-    switch (eBackground) {
+    switch (m_parts ? m_parts->eBackground : CaptureDisplayed) {
     case CaptureCustom:
         return draw.backgroundColors.last();
     case CaptureTransparent:
@@ -31,27 +34,26 @@ QBrush CaptureBrush(CaptureBackground_e eBackground)
     }
 }
 
-} // namespace
-
-void COpenGLDrawer::renderToImage(QImage& image, double dScale, const SCaptureParts& parts)
+QImage CViewCapture::Take(COpenGLDrawer& drawer, double dScale, const SCaptureParts& parts)
 {
-    image = {};
-    const QSize former = size();
+    const QSize former = drawer.size();
     const QSize target(qRound(former.width() * dScale), qRound(former.height() * dScale));
-    if (!isValid() || target.isEmpty())
-        return;
-    makeCurrent();
-    if (std::max(target.width(), target.height()) * devicePixelRatioF() > LargestSide())
-        return;
+    if (!drawer.isValid() || target.isEmpty())
+        return {};
+    drawer.makeCurrent();
+    if (std::max(target.width(), target.height()) * drawer.devicePixelRatioF() > LargestSide())
+        return {};
     // The widget takes the picture's size and its own again before any event can see it.
     constexpr int KEEP_THE_PICTURE = -1;
-    const SCamera camera = GetCamera();
-    m_capture = SCapturing{dScale, CaptureBrush(parts.eBackground), parts};
-    resize(target);
-    SetCamera(camera, KEEP_THE_PICTURE);
-    image = grabFramebuffer();
-    m_capture.reset();
-    resize(former);
-    SetCamera(camera, KEEP_THE_PICTURE);
+    const SCamera camera = drawer.GetCamera();
+    m_parts = parts;
+    m_dScale = dScale;
+    drawer.resize(target);
+    drawer.SetCamera(camera, KEEP_THE_PICTURE);
+    QImage image = drawer.grabFramebuffer();
+    m_parts.reset();
+    drawer.resize(former);
+    drawer.SetCamera(camera, KEEP_THE_PICTURE);
     image.setDevicePixelRatio(1.0);
+    return image;
 }
