@@ -38,10 +38,6 @@ std::unique_ptr<CGrid> MakeStorage(const CGridMask& mask, const SPlot3DFile& kno
 
 } // namespace
 
-CGridManager::SChain::SChain(const SPlot3DFile& known)
-    : mask([known](const CGridMask& mask) { return MakeStorage(mask, known); })
-{}
-
 void CGridManager::SChain::SetId(qint64 nId)
 {
     mask.SetGridId(nId);
@@ -80,11 +76,26 @@ qint64 CGridManager::AddGrid(qint64 nSimulationId, qint64 nItemId, qint64 nSubId
                              double dTime)
 {
     EmptyCache();
-    auto pChain = std::make_unique<SChain>(file.known);
+    auto pChain = std::make_unique<SChain>(
+        [known = file.known](const CGridMask& mask) { return MakeStorage(mask, known); });
     pChain->mask.SetOwner(this);
     pChain->mask.Init(file.sFileName, file.nBlock, file.dimensions, file.start, true);
     return m_table.Add({nSimulationId, nItemId, -1, {file.dimensions, file.start}}, nSubId, dTime,
                        std::move(pChain));
+}
+
+qint64 CGridManager::AddGrid(qint64 nSimulationId, qint64 nItemId, qint64 nSubId, const SBlockShape& shape,
+                             const std::function<std::unique_ptr<CGrid>()>& factory, double dTime)
+{
+    auto pChain = std::make_unique<SChain>([this, factory](const CGridMask&) {
+        std::unique_ptr<CGrid> pGrid = factory();
+        if (pGrid)
+            pGrid->SetOwner(this);
+        return pGrid;
+    });
+    pChain->mask.SetOwner(this);
+    pChain->mask.Init({}, 0, shape.dimensions, shape.start, false);
+    return m_table.Add({nSimulationId, nItemId, -1, shape}, nSubId, dTime, std::move(pChain));
 }
 
 QVector<STimeMatch> CGridManager::GetGridIds(qint64 nSimulationId, qint64 nItemId, qint64 nSubId,

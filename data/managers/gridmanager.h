@@ -38,6 +38,15 @@ public:
     qint64 AddGrid(qint64 nSimulationId, qint64 nItemId, qint64 nSubId, const SGridFile& file, double dTime);
 
     /**
+     * The same of a grid of any class.
+     *
+     * @param shape    (n, 1, 1) for a mesh
+     * @param factory  makes it when it is first needed; null if that can't be done
+     */
+    qint64 AddGrid(qint64 nSimulationId, qint64 nItemId, qint64 nSubId, const SBlockShape& shape,
+                   const std::function<std::unique_ptr<CGrid>()>& factory, double dTime);
+
+    /**
      * The item's grid (nItemId -1: all items as one) at a time, between two levels their blend. Null if there
      * is none. Of several grids with different transforms each keeps its own; otherwise the transform is left
      * to the caller (GetTransform).
@@ -71,7 +80,7 @@ private:
     /** One registered block: the mask that makes the storage, seen flipped, seen moved. */
     struct SChain
     {
-        explicit SChain(const SPlot3DFile& known);
+        explicit SChain(CGridMask::Factory factory) : mask(std::move(factory)) {}
         void SetId(qint64 nId);
         void Prepare() { mask.Prepare(); }
         qint64 GetMemoryId() { return mask.GetBaseGrid()->GetMemoryId(); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/managers/levelregistry.h"
+#include "data/values/idisposable.h"
 #include "frame/memory/memorymanager.h"
 #include "frame/novalue.h"
 

@@ -42,10 +42,6 @@ std::unique_ptr<CSolution> MakeStorage(const CSolutionMask& mask, const SPlot3DF
 
 } // namespace
 
-CSolutionManager::SEntry::SEntry(const SPlot3DFile& known)
-    : mask([known](const CSolutionMask& mask) { return MakeStorage(mask, known); })
-{}
-
 CSolutionManager& CSolutionManager::Instance()
 {
     static CSolutionManager* const pManager = new CSolutionManager; // never destroyed, see CMessageSink
@@ -67,12 +63,28 @@ qint64 CSolutionManager::AddSolution(qint64 nSimulationId, qint64 nItemId, qint6
     if (!pRecipe || !pRecipe->bOfFile)
         return NO_ID;
     EmptyCache();
-    auto pEntry = std::make_unique<SEntry>(file.known);
+    auto pEntry = std::make_unique<SEntry>(
+        [known = file.known](const CSolutionMask& mask) { return MakeStorage(mask, known); });
     pEntry->mask.SetOwner(this);
     pEntry->mask.SetIntegerData(file.bIntegerData);
     pEntry->mask.Init(file.sFileName, file.nBlock, file.nVariable, file.dimensions, file.start);
     return m_table.Add({nSimulationId, nItemId, nVariableId, {file.dimensions, file.start}}, nSubId, dTime,
                        std::move(pEntry));
+}
+
+qint64 CSolutionManager::AddSolution(qint64 nSimulationId, qint64 nItemId, qint64 nVariableId, qint64 nSubId,
+                                     const SBlockShape& shape,
+                                     const std::function<std::unique_ptr<CSolution>()>& factory, double dTime)
+{
+    auto pEntry = std::make_unique<SEntry>([this, factory](const CSolutionMask&) {
+        std::unique_ptr<CSolution> pSolution = factory();
+        if (pSolution)
+            pSolution->SetOwner(this);
+        return pSolution;
+    });
+    pEntry->mask.SetOwner(this);
+    pEntry->mask.Init({}, 0, 0, shape.dimensions, shape.start);
+    return m_table.Add({nSimulationId, nItemId, nVariableId, shape}, nSubId, dTime, std::move(pEntry));
 }
 
 QVector<STimeMatch> CSolutionManager::GetSolutionIds(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId,

@@ -38,6 +38,11 @@ public:
     qint64 AddSolution(qint64 nSimulationId, qint64 nItemId, qint64 nVariableId, qint64 nSubId,
                        const SSolutionFile& file, double dTime);
 
+    /** The same of a field of any class, which the factory makes when it is first needed. */
+    qint64 AddSolution(qint64 nSimulationId, qint64 nItemId, qint64 nVariableId, qint64 nSubId,
+                       const SBlockShape& shape, const std::function<std::unique_ptr<CSolution>()>& factory,
+                       double dTime);
+
     /** The values of a variable over an item (-1: all items as one) at a time. Null if there are none. */
     CLease<ISolution> GetSolution(qint64 nVariableId, qint64 nSimulationId, qint64 nItemId, qint64 nSubId,
                                   double dTime);
@@ -63,7 +68,7 @@ public:
 private:
     struct SEntry
     {
-        explicit SEntry(const SPlot3DFile& known);
+        explicit SEntry(CSolutionMask::Factory factory) : mask(std::move(factory)) {}
         void SetId(qint64 nId) { mask.SetSolutionId(nId); }
         void Prepare() { mask.Prepare(); }
         qint64 GetMemoryId() { return mask.GetBaseSolution()->GetMemoryId(); }

@@ -22,6 +22,10 @@ public:
     void SetIntegerData(bool bInteger) { m_bIntegerData = bInteger; }
     bool IsIntegerData() const { return m_bIntegerData; }
 
+    IStructredSolution* AsStructured() override
+    {
+        return m_inner.Get() && !m_inner.Get()->AsStructured() ? nullptr : this;
+    }
     bool Prepare() override;
     bool IsPrepared() const override { return m_inner.IsPrepared(); }
     bool HasFileChangedSinceFailure() const override

@@ -155,7 +155,7 @@ template <class Real> LoadStatus_e CStorageSolution<Real>::ComputeRanges()
 {
     if (!IsPlainNumber() || EnsureLoaded() != LoadOk)
         return CSolution::ComputeRanges();
-    const SPlacedRange found = FindRange(Values());
+    const SPlacedRange found = FindRange(std::span<const Real>(Values()));
     if (found.IsEmpty())
         return LoadOk;
     const SBlockShape shape = this->GetShape();
