@@ -80,9 +80,10 @@ public:
      */
     virtual ISimulation* GetActiveSimulation() const;
 
-protected:
     /** A new, empty case of the module; null where it opens none. */
     virtual ISimulation* MakeSimulation() const { return nullptr; }
+
+protected:
     /** What a file should have been, where it isn't: all but the solver modules say the same. */
     virtual QString GetFileKind() const { return "Velor"; }
     /** Shows all menus, toolbars, actions and docks of the module. */

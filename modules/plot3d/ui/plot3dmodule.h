@@ -53,6 +53,7 @@ public:
      * @return the simulation's id; -1 if the files make no case, which is told
      */
     qint64 OpenPlot3D(const QStringList& sFileList, qint64 nViewId);
+    CPlot3DSimulation* MakeSimulation() const override;
 
     // The window and the item panel (plot3dmodule_actions.cpp).
     void UpdateActions(qint64 nViewId, qint64 nSimulationId) override;
@@ -86,9 +87,6 @@ public slots:
     void SlotExportPlot3D();
     /** Gives the settings of each selected item to those with the same grid, after a question. */
     void SlotUnifyData();
-
-protected:
-    CPlot3DSimulation* MakeSimulation() const override;
 
 private:
     enum Action_e {
