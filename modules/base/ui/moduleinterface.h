@@ -29,6 +29,7 @@ public:
     void OnViewChanged() override {}
     void AddMainMenus(IMainMenus&) override {}
     bool CanCreateSimulationFromFile() const override { return false; }
+    bool CanRead(const QStringList&) const override { return false; }
     qint64 CreateFromFiles(const QStringList&, qint64) override { return -1; }
     QWidget* CreatePreferencesWidget(QWidget*) override { return nullptr; }
     bool ValidatePreferences(QWidget*) override { return true; }

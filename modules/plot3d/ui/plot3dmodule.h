@@ -34,6 +34,7 @@ public:
     /** Asks for the files. */
     qint64 Analyze(qint64 nViewId) override;
     bool CanCreateSimulationFromFile() const override { return true; }
+    bool CanRead(const QStringList& sFileList) const override;
     qint64 CreateFromFiles(const QStringList& sFileList, qint64 nViewId) override
     {
         return OpenPlot3D(sFileList, nViewId);
