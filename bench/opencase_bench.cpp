@@ -180,9 +180,9 @@ void KeepUnchanged(benchmark::State& state)
     const QTemporaryDir folder;
     CAutosaveFolder kept(folder.path());
     for ([[maybe_unused]] auto _ : state)
-        kept.Store(
-            1, SAutosaveFile{"Plot3D", "many", saved.sFile, TakeCase(saved.Simulation(), "Plot3D").ToBytes()}
-                   .ToBytes());
+        kept.Store(1, SAutosaveFile{"Plot3D", "many", saved.sFile,
+                                    TakeCase(saved.Simulation(), "Plot3D", 1, {}).ToBytes()}
+                          .ToBytes());
     kept.Clear();
 }
 BENCHMARK(KeepUnchanged)->Unit(benchmark::kMillisecond);

@@ -49,6 +49,12 @@ public:
     virtual void AddMainMenus(IMainMenus& menus) = 0;
     virtual bool CanCreateSimulationFromFile() const = 0;
     /**
+     * Whether one of the files is of a kind that the module makes cases of. It tells nothing, and nothing
+     * stays open. Files go to the first module that says so, and only that one is asked to make a case of
+     * them.
+     */
+    virtual bool CanRead(const QStringList& sFileList) const = 0;
+    /**
      * Makes a case of data files (not a simulation file) without asking for anything: those given, in any
      * order, and what goes with them by name. What is wrong with them is told.
      */

@@ -1,4 +1,4 @@
-// ISimulation: time, selectables and the run.
+// ISimulation: the name, time, selectables and the run.
 #include "frame/novalue.h"
 #include "runs/process.h"
 #include "scene/iselectable.h"
@@ -9,6 +9,26 @@
 
 #include <QDir>
 #include <QFileInfo>
+
+void ISimulationIdentity::SetName(const QString& sName)
+{
+    if (sName == GetName())
+        return;
+    Set(*this, SimulationKey::NAME, sName);
+    CSimulationManager::Instance().SlotSimulationNameChanged(GetId());
+}
+
+QString ISimulationIdentity::GetName() const { return Get(*this, SimulationKey::NAME); }
+
+void ISimulationIdentity::SetToolTip(const QString& sToolTip)
+{
+    Set(*this, SimulationKey::TOOL_TIP, sToolTip);
+}
+
+QString ISimulationIdentity::GetToolTip() const
+{
+    return GetString(SimulationKey::TOOL_TIP.sPath, GetName());
+}
 
 ISimulation::ISimulation(qint64 nModuleId) : ISimulationItems(nModuleId) {}
 ISimulation::~ISimulation() = default;

@@ -45,6 +45,17 @@ QString DefineVariable(qint64 nSimulationId, const QString& sDefinition)
         .arg(sFormula);
 }
 
+SDataFiles DataFilesOf(const CBatchOptions& options)
+{
+    return {options.First("--grid"), options.All("--q"), options.All("--function")};
+}
+
+const SDataFormat& FormatToOpen(const SDataFiles& files)
+{
+    const SDataFormat* const pFormat = FindDataFormat(files.All());
+    return pFormat ? *pFormat : DataFormatNamed("Plot3D");
+}
+
 CBatchCase::~CBatchCase() { RemoveCaseData(SIMULATION); }
 
 CBatchCase::Status_e CBatchCase::Fail(Status_e eStatus, const QString& sError)
@@ -57,10 +68,11 @@ CBatchCase::Status_e CBatchCase::Open(const CBatchOptions& options)
 {
     if (!options.Has("--grid"))
         return Fail(CaseUsage, "--grid is missing");
-    m_case = RegisterPlot3DCase(SIMULATION,
-                                {options.First("--grid"), options.All("--q"), options.All("--function")});
-    if (!m_case.sError.isEmpty())
-        return Fail(CaseFailed, m_case.sError);
+    const SDataFiles files = DataFilesOf(options);
+    const SOpenedCase opened = FormatToOpen(files).Open(SIMULATION, files);
+    if (!opened.sError.isEmpty())
+        return Fail(CaseFailed, opened.sError);
+    m_nBlocks = opened.nBlocks;
     for (const QString& sDefinition : options.All("--define"))
         if (const QString sProblem = DefineVariable(SIMULATION, sDefinition); !sProblem.isEmpty())
             return Fail(CaseUsage, sProblem);
@@ -99,13 +111,12 @@ CBatchCase::Status_e CBatchCase::ChooseBlocks(const QStringList& sNumberList)
     for (const QString& sNumber : sNumberList) {
         bool bNumber = false;
         const qint64 nBlock = sNumber.toLongLong(&bNumber);
-        if (!bNumber || nBlock < 1 || nBlock > m_case.blocks.size())
-            return Fail(
-                CaseUsage,
-                QString("there is no block '%1'; the grid has %2").arg(sNumber).arg(m_case.blocks.size()));
+        if (!bNumber || nBlock < 1 || nBlock > m_nBlocks)
+            return Fail(CaseUsage,
+                        QString("there is no block '%1'; the grid has %2").arg(sNumber).arg(m_nBlocks));
         m_blocks.append(nBlock);
     }
-    for (qint64 nBlock = 1; sNumberList.isEmpty() && nBlock <= m_case.blocks.size(); ++nBlock)
+    for (qint64 nBlock = 1; sNumberList.isEmpty() && nBlock <= m_nBlocks; ++nBlock)
         m_blocks.append(nBlock);
     return CaseOk;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/batch/batchoptions.h"
-#include "data/cases/plot3dcase.h"
+#include "data/cases/dataformat.h"
 #include "data/variables/ivariable.h"
 
 #include <functional>
@@ -15,6 +15,11 @@ class CJsonWriter;
  * @return the problem in one line; empty if all is well
  */
 QString DefineVariable(qint64 nSimulationId, const QString& sDefinition);
+
+/** The files that the options name, and the kind of data to open them as. */
+SDataFiles DataFilesOf(const CBatchOptions& options);
+/** One that can't read them either, if none can: it tells best what is wrong with them. */
+const SDataFormat& FormatToOpen(const SDataFiles& files);
 
 /** The options that name the files, variables and blocks of a case: --grid, --q, --function, --define ... */
 QVector<SBatchOption> CaseOptions();
@@ -35,7 +40,6 @@ public:
     Status_e Open(const CBatchOptions& options);
     const QString& GetError() const { return m_sError; }
 
-    const SPlot3DCase& GetCase() const { return m_case; }
     const QVector<qint64>& GetVariables() const { return m_variables; }
     /** One-based block numbers: those asked for, or all. */
     const QVector<qint64>& GetBlocks() const { return m_blocks; }
@@ -48,7 +52,7 @@ private:
     Status_e ChooseBlocks(const QStringList& sNumberList);
 
     QString m_sError;
-    SPlot3DCase m_case;
+    qint64 m_nBlocks = 0; // of the case
     QVector<qint64> m_variables;
     QVector<qint64> m_blocks;
 };

@@ -1,6 +1,7 @@
 #include "cases/autosave/autosaver.h"
 
 #include "cases/files/casestorage.h"
+#include "cases/files/viewcamera.h"
 #include "frame/imoduleinterface.h"
 #include "frame/moduleregistry.h"
 #include "simulation/casesaving.h"
@@ -33,7 +34,8 @@ bool CAutosaver::Keep(const ISimulation& simulation)
         return true;
     }
     const QString sModule = CModuleRegistry::Instance().FindById(qint32(simulation.GetModuleId()))->GetName();
+    const qint64 nViewId = ViewToStore(simulation);
     const SAutosaveFile kept{sModule, simulation.GetName(), simulation.GetFilePath(),
-                             TakeCase(simulation, sModule).ToBytes()};
+                             TakeCase(simulation, sModule, nViewId, TakeViewCamera(nViewId)).ToBytes()};
     return m_folder.Store(nId, kept.ToBytes());
 }

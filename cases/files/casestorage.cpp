@@ -3,6 +3,7 @@
 #include "cases/files/casegroup.h"
 #include "cases/files/viewcamera.h"
 #include "frame/messagesink.h"
+#include "frame/novalue.h"
 #include "frame/replacefile.h"
 #include "frame/widgetmanager.h"
 #include "simulation/isimulation.h"
@@ -15,18 +16,6 @@
 namespace {
 
 bool HasWindow() { return CWidgetManager::Instance().GetWidget(CWidgetManager::MAIN_WINDOW); }
-
-QByteArray DisplayToStore(const ISimulation& simulation)
-{
-    const QByteArray opened = simulation.GetSavedDisplay();
-    return HasWindow() || opened.isEmpty() ? simulation.SaveViewState(ViewToStore(simulation)) : opened;
-}
-
-SStoredCamera CameraToStore(const ISimulation& simulation)
-{
-    const std::optional<SCamera> camera = TakeViewCamera(ViewToStore(simulation));
-    return camera ? SStoredCamera(*camera) : SStoredCamera::FromBytes(simulation.GetCameraData());
-}
 
 void ShowCamera(const SStoredCamera& stored, const QString& sFileName, qint64 nViewId)
 {
@@ -57,27 +46,22 @@ void TellNewer(const QString& sFileName)
     CWidgetManager::Instance().SetStatusText(sText);
 }
 
-qint64 ViewToStore(const ISimulation& simulation)
-{
-    const QVector<qint64> viewIds = simulation.GetViewIds();
-    const qint64 nActive = CWidgetManager::Instance().GetActiveViewId();
-    return viewIds.contains(nActive) ? nActive : viewIds.value(0, -1);
-}
-
-SCaseFile TakeCase(const ISimulation& simulation, const QString& sModule)
+SCaseFile TakeCase(const ISimulation& simulation, const QString& sModule, qint64 nViewId,
+                   const std::optional<SCamera>& camera)
 {
     SCaseFile file;
     file.sModule = sModule;
     file.data = simulation.ToBytes();
-    file.display = DisplayToStore(simulation);
-    file.camera = CameraToStore(simulation);
+    file.display = nViewId == NO_ID ? simulation.GetSavedDisplay() : simulation.SaveViewState(nViewId);
+    file.camera = camera ? SStoredCamera(*camera) : SStoredCamera::FromBytes(simulation.GetCameraData());
     return file;
 }
 
 bool SaveCase(ISimulation& simulation, const QString& sModule, const QString& sFileName)
 {
     simulation.StoreLastItemId();
-    const SCaseFile file = TakeCase(simulation, sModule);
+    const qint64 nViewId = ViewToStore(simulation);
+    const SCaseFile file = TakeCase(simulation, sModule, nViewId, TakeViewCamera(nViewId));
     if (!ReplaceFile(sFileName, file.ToBytes()))
         return false;
     simulation.SetFilePath(sFileName);

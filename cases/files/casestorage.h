@@ -17,20 +17,17 @@ bool ReadWholeFile(const QString& sFileName, QByteArray& bytes);
 void TellNewer(const QString& sFileName);
 
 /**
- * The view whose display and camera are stored with the case: the active one if the case stands in it, else
- * the first that it stands in; -1 for none.
+ * What a file of the case holds now.
+ *
+ * @param nViewId  whose display is stored; -1: the one that the case was opened with
+ * @param camera   none: that one too
  */
-qint64 ViewToStore(const ISimulation& simulation);
+SCaseFile TakeCase(const ISimulation& simulation, const QString& sModule, qint64 nViewId,
+                   const std::optional<SCamera>& camera);
 
 /**
- * What a file of the case holds now. Without a main window display and camera are those that the case was
- * opened with, since what such a run shows is nobody's choice.
- */
-SCaseFile TakeCase(const ISimulation& simulation, const QString& sModule);
-
-/**
- * Writes the case; what was written is what it is compared with from now on. The old file stays whole until
- * the new one is.
+ * Writes the case with what ViewToStore shows; what was written is what it is compared with from now on. The
+ * old file stays whole until the new one is.
  *
  * @return false if it can't be written; nothing has changed then
  */

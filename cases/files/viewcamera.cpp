@@ -1,7 +1,9 @@
 #include "cases/files/viewcamera.h"
 
 #include "cases/files/storedcamera.h"
+#include "frame/novalue.h"
 #include "frame/widgetmanager.h"
+#include "simulation/isimulation.h"
 #include "view/camera/icameraview.h"
 #include "view/iviewer.h"
 
@@ -13,6 +15,16 @@ ICameraView* FindCameraView(qint64 nViewId)
 }
 
 } // namespace
+
+qint64 ViewToStore(const ISimulation& simulation)
+{
+    const CWidgetManager& widgets = CWidgetManager::Instance();
+    if (!widgets.GetWidget(CWidgetManager::MAIN_WINDOW) && !simulation.GetSavedDisplay().isEmpty())
+        return NO_ID;
+    const QVector<qint64> viewIds = simulation.GetViewIds();
+    const qint64 nActive = widgets.GetActiveViewId();
+    return viewIds.contains(nActive) ? nActive : viewIds.value(0, NO_ID);
+}
 
 std::optional<SCamera> TakeViewCamera(qint64 nViewId)
 {

@@ -1,30 +1,26 @@
-// CPlot3DSimulation: its display files, and what they say of its data.
-#include "cases/display/displayfile.h"
+// CPlot3DSimulation: its files as the user edits them and as display files name them.
+#include "frame/userprompt.h"
+#include "frame/widgetmanager.h"
 #include "modules/plot3d/datafilekeys.h"
 #include "modules/plot3d/fieldview/fieldviewimport.h"
+#include "modules/plot3d/icasefileseditor.h"
 #include "modules/plot3d/plot3dkeys.h"
 #include "modules/plot3d/plot3dsimulation.h"
 
 #include <QFileInfo>
 #include <QScopedValueRollback>
 
-/** Without items, or without their data, there is nothing that anybody has looked at. */
-void CPlot3DSimulation::SaveDisplayFile(qint64 nViewId)
+bool CPlot3DSimulation::EditData()
 {
-    if (GetItemCount() > 0 && m_sDataProblemList.isEmpty())
-        WriteDisplayFile(*this, nViewId);
-}
-
-bool CPlot3DSimulation::ChooseDisplayFile(qint64 nViewId)
-{
-    if (std::exchange(m_bDisplayChosen, false))
+    ICaseFilesEditor* const pEditor = ICaseFilesEditor::Installed();
+    CCaseRecords records = GetRecords();
+    records.bHoldsData = HoldsData();
+    if (!pEditor || !pEditor->EditCaseFiles(records))
         return false;
-    return OfferDisplayFiles(*this, nViewId);
-}
-
-bool CPlot3DSimulation::LoadDisplayFile(const QString& sFile, qint64 nViewId)
-{
-    return ReadDisplayFile(*this, sFile, nViewId);
+    const QString sError = records.bNoDataRead ? QString() : Load(records);
+    if (!sError.isEmpty())
+        return UserPrompt::Tell(PromptWarning, "Grid File", sError);
+    return ShowDisplayOf(records, CWidgetManager::Instance().GetActiveViewId());
 }
 
 bool CPlot3DSimulation::ShowDisplayOf(const CCaseRecords& records, qint64 nViewId)

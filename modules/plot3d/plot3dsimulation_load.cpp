@@ -1,5 +1,6 @@
 // CPlot3DSimulation: from files to items and registered data.
 #include "cases/files/movedfiles.h"
+#include "data/cases/dataformat.h"
 #include "data/managers/gridmanager.h"
 #include "data/managers/solutionmanager.h"
 #include "data/variables/storedvariables.h"
@@ -11,9 +12,7 @@
 #include "modules/plot3d/boundaryitem.h"
 #include "modules/plot3d/plot3dkeys.h"
 #include "modules/plot3d/plot3dsimulation.h"
-#include "scene/iselectable.h"
 #include "scene/selectablekind.h"
-#include "scene/selectablemanager.h"
 #include "simulation/simulationmanager.h"
 
 #include <QDir>
@@ -35,6 +34,17 @@ QString KeyOf(const SBoundaryRecord& record)
     return sKey + '/' + record.sTypeName;
 }
 
+/** Puts a file where it belongs; gives the problem in one line. */
+QString AddNamed(CCaseRecords& records, const QString& sFileName, FileRole_e eRole)
+{
+    if (!QFileInfo(sFileName).isReadable())
+        return QString("can't read %1").arg(sFileName);
+    if (!CFileRecord(sFileName, eRole).IsIdentified())
+        return QString("%1 could not be identified").arg(sFileName);
+    const SFilesProblem problem = records.SetFile(sFileName, eRole);
+    return problem.IsNone() ? QString() : QString("%1: %2").arg(sFileName, problem.sText);
+}
+
 QString FileLine(const char* sRole, const CFileRecord& record, bool bTransient)
 {
     const QString sSeries = bTransient && record.TransientCount() > 0
@@ -54,17 +64,29 @@ QString CPlot3DSimulation::Load(const CCaseRecords& records)
     const SPlot3DCase examined = ExaminePlot3DCase(records.ToCaseFiles(OffersHole()));
     if (!examined.sError.isEmpty())
         return examined.sError;
-    ++m_nLoads;
+    BeginLoad();
     WriteCaseFiles(*this, records, examined);
     RegisterCase(examined, UpdateBlocks(records, examined));
     UpdateBoundaries();
     DescribeFiles(records);
     if (GetName().isEmpty())
         SetName(QFileInfo(records.grid.FileName()).completeBaseName());
-    m_sDataProblemList.clear();
-    TellViews();
-    ShowKeptDisplays();
+    FinishLoad();
     return {};
+}
+
+QString CPlot3DSimulation::OpenData(const SDataFiles& files)
+{
+    CCaseRecords records;
+    records.bReadTransient = false;
+    QString sProblem = AddNamed(records, files.sGridFile, RoleGrid);
+    for (const QString& sFileName : files.sSolutionFileList)
+        if (sProblem.isEmpty())
+            sProblem = AddNamed(records, sFileName, RoleQ);
+    for (const QString& sFileName : files.sFunctionFileList)
+        if (sProblem.isEmpty())
+            sProblem = AddNamed(records, sFileName, RoleFunction);
+    return sProblem.isEmpty() ? Load(records) : sProblem;
 }
 
 CCaseRecords CPlot3DSimulation::GetRecords() const
@@ -84,7 +106,7 @@ QString CPlot3DSimulation::Reload() { return Load(GetRecords()); }
 
 bool CPlot3DSimulation::FromBytes(const QByteArray& bytes, double dVersion)
 {
-    if (!ISimulation::FromBytes(bytes, dVersion))
+    if (!CBlockCase::FromBytes(bytes, dVersion))
         return false;
     if (GetId() != NO_ID)
         RegisterStoredCase();
@@ -104,11 +126,11 @@ void CPlot3DSimulation::RegisterStoredCase()
         sProblemList = QStringList(examined.sError);
     for (const QString& sProblem : std::as_const(sProblemList))
         CMessageSink::Instance().Log(QString("%1 opens without data: %2").arg(GetName(), sProblem));
-    m_sDataProblemList = sProblemList;
+    SetDataProblems(sProblemList);
     if (!examined.sError.isEmpty())
         return;
     // The files may have moved along with the case. What is missing stays named.
-    if (!m_sDataProblemList.isEmpty())
+    if (!sProblemList.isEmpty())
         WriteFileNames(*this, records);
     else
         WriteCaseFiles(*this, records, examined);
@@ -237,25 +259,4 @@ void CPlot3DSimulation::DescribeFiles(const CCaseRecords& records)
     for (const CFileRecord& function : records.functions)
         lines << FileLine("Function", function, records.bReadTransient);
     m_sToolTip = lines.join('\n');
-}
-
-/** New items appear; whoever shows one that stays, or a variable, reads it again. */
-void CPlot3DSimulation::TellViews()
-{
-    CSelectableManager& selectables = CSelectableManager::Instance();
-    bool bShownBefore = false;
-    for (const qint64 nViewId : GetViewIds()) {
-        const QVector<ISelectable*> former = selectables.GetSelectables(nViewId, GetId());
-        bShownBefore |= !former.isEmpty();
-        CreateDefaultSelectables(nViewId);
-        for (ISelectable* const pSelectable : former)
-            selectables.NotifyUpdated(pSelectable);
-    }
-    CVariableManager& variables = CVariableManager::Instance();
-    for (const qint64 nId : bShownBefore ? variables.ListVariables(GetId(), false) : QVector<qint64>())
-        if (IVariable* const pVariable = variables.GetVariable(nId); pVariable->IsFileVariable()) {
-            pVariable->InvalidateRange();
-            pVariable->OnVariableChanged();
-        }
-    RefreshViews();
 }

@@ -26,6 +26,7 @@ class CSavingModule : public COpeningModule
 {
 public:
     bool CanCreateSimulationFromFile() const override { return true; }
+    bool CanRead(const QStringList& sFileList) const override { return sFileList.first().endsWith(".x"); }
     qint64 CreateFromFiles(const QStringList& sFileList, qint64) override
     {
         s_sDataFileList = sFileList;
@@ -132,6 +133,52 @@ TEST_F(SaveCommands, CasesOfUnknownKindsAndNewerOnesChangeNothingAndShowNoBox)
     Files::Write(Path("grid.x"), "data");
     m_pWindow->SlotOpenSimulation(Path("grid.x"));
     EXPECT_EQ(CSavingModule::s_sDataFileList, QStringList(Path("grid.x")));
+    Files::Write(Path("letter.txt"), "data");
+    user.Press("Ok");
+    m_pWindow->SlotOpenSimulation(Path("letter.txt"));
+    EXPECT_EQ(user.Asked().last().sText, "The selected file could not be identified");
+}
+
+TEST_F(SaveCommands, OnlyTheFirstModuleThatCanReadTheFilesIsAskedForACase)
+{
+    class CReader : public CTestModule
+    {
+    public:
+        CReader(qint32 nId, const QString& sName, const QString& sSuffix)
+            : CTestModule(nId, sName), m_sSuffix(sSuffix)
+        {}
+        bool CanCreateSimulationFromFile() const override { return true; }
+        bool CanRead(const QStringList& sFileList) const override
+        {
+            return sFileList.first().endsWith(m_sSuffix);
+        }
+        qint64 CreateFromFiles(const QStringList&, qint64) override
+        {
+            Made().append(GetId());
+            return -1; // what is wrong was told: nobody else need try
+        }
+        static QVector<qint32>& Made()
+        {
+            static QVector<qint32> made;
+            return made;
+        }
+
+    private:
+        const QString m_sSuffix;
+    };
+    m_pWindow.reset();
+    const COwnModules modules;
+    CModuleRegistry& registry = CModuleRegistry::Instance();
+    registry.SetFactory(0, [] { return std::make_unique<CReader>(0, "Velor", ".cgns"); });
+    registry.SetFactory(1, [] { return std::make_unique<CReader>(1, "Plot3D", ".x"); });
+    registry.SetFactory(2, [] { return std::make_unique<CReader>(2, "Star", ".x"); });
+    registry.CreateModules();
+    {
+        CMainWindow window;
+        Files::Write(Path("grid.x"), "data");
+        window.SlotOpenSimulation(Path("grid.x"));
+    }
+    EXPECT_EQ(CReader::Made(), QVector<qint32>{1});
 }
 
 TEST_F(SaveCommands, UnsavedEditsAreMarkedAndNoCaseClosesWithThemWithoutAQuestion)

@@ -53,29 +53,31 @@ void TellUnknown(const QString& sFileName)
     CWidgetManager::Instance().SetStatusText(sText);
 }
 
-/** A case made of data files by the first module that can; -1 if there is none. */
-qint64 CreateFromFiles(const QStringList& sFileList)
+/** The first module that makes cases of such files; null if there is none. */
+IModuleInterface* FindReadingModule(const QStringList& sFileList)
 {
     for (qint32 nId = 0; nId <= CModuleRegistry::HIGHEST_ID; ++nId) {
         IModuleInterface* const pModule = CModuleRegistry::Instance().FindById(nId);
-        if (!pModule || !pModule->CanCreateSimulationFromFile())
-            continue;
-        const qint64 nSimulationId = pModule->CreateFromFiles(sFileList, -1);
-        if (nSimulationId != -1)
-            return nSimulationId;
+        if (pModule && pModule->CanCreateSimulationFromFile() && pModule->CanRead(sFileList))
+            return pModule;
     }
-    return -1;
+    return nullptr;
 }
 
-/** The same under the wait cursor, with its first colours if it wasn't open before. */
+/** A case made of data files, with its first colours if it wasn't open before; -1, after telling why, if
+ * there is none. */
 qint64 CreateCase(const QStringList& sFileList, const QVector<qint64>& formerIds)
 {
     const CWaitCursor wait;
-    const qint64 nSimulationId = CreateFromFiles(sFileList);
-    if (nSimulationId == -1) {
+    IModuleInterface* const pModule = FindReadingModule(sFileList);
+    if (!pModule) {
         TellUnknown(sFileList.join(", "));
-        return nSimulationId;
+        UserPrompt::Tell(PromptWarning, "Invalid file", "The selected file could not be identified");
+        return -1;
     }
+    const qint64 nSimulationId = pModule->CreateFromFiles(sFileList, -1);
+    if (nSimulationId == -1)
+        return nSimulationId;
     ShowCase::InActiveView(nSimulationId);
     if (!formerIds.contains(nSimulationId))
         FirstColors::Show(CWidgetManager::Instance().GetActiveViewId(), nSimulationId);

@@ -9,6 +9,7 @@
 #include "app/batch/render/virtualdisplay.h"
 #include "app/batch/timings.h"
 #include "data/io/filefaults.h"
+#include "frame/moduleregistry.h"
 #include "simulation/simulationcases.h"
 #include "view/gl/shadermanager.h"
 #include "view/selectables/selectablefactory.h"
@@ -72,6 +73,7 @@ int Render(const CBatchOptions& options, SRenderRequest request)
     const int nLongest = OffscreenView::LongestSide();
     if (nLongest == 0)
         return NO_OPENGL;
+    CModuleRegistry::Instance().CreateModules();
     CRenderCase renderCase;
     if (const BatchStatus_e eStatus = renderCase.Open(options, request); eStatus != BatchOk)
         return BatchError(eStatus, renderCase.GetError());

@@ -2,11 +2,13 @@
 
 #include "app/batch/batchcase.h"
 #include "app/batch/nearnames.h"
+#include "cases/blocks/blockcase.h"
 #include "cases/display/displaydocument.h"
 #include "cases/files/casestorage.h"
+#include "data/cases/dataformat.h"
 #include "data/variables/variablemanager.h"
-#include "modules/plot3d/plot3dsimulation.h"
-#include "modules/plot3d/ui/plot3dmodule.h"
+#include "frame/moduleregistry.h"
+#include "modules/base/ui/moduleinterface.h"
 #include "scene/iselectable.h"
 #include "scene/selectablekind.h"
 #include "scene/selectablemanager.h"
@@ -20,28 +22,18 @@
 
 namespace {
 
-/** Puts a file where it belongs; gives the problem in one line. */
-QString AddFile(CCaseRecords& records, const QString& sFileName, FileRole_e eRole)
+/** A new case of a module, in the view; null if there is no such module, or none that can be drawn. */
+CBlockCase* AddCase(const QString& sModule)
 {
-    if (!QFileInfo(sFileName).isReadable())
-        return QString("can't read %1").arg(sFileName);
-    if (!CFileRecord(sFileName, eRole).IsIdentified())
-        return QString("%1 could not be identified").arg(sFileName);
-    const SFilesProblem problem = records.SetFile(sFileName, eRole);
-    return problem.IsNone() ? QString() : QString("%1: %2").arg(sFileName, problem.sText);
-}
-
-/** The files as they are named: nothing that lies beside them is taken along. */
-QString ReadRecords(const CBatchOptions& options, CCaseRecords& records)
-{
-    records.bReadTransient = false;
-    QString sProblem = AddFile(records, options.First("--grid"), RoleGrid);
-    if (sProblem.isEmpty() && options.Has("--q"))
-        sProblem = AddFile(records, options.First("--q"), RoleQ);
-    for (const QString& sFileName : options.All("--function"))
-        if (sProblem.isEmpty())
-            sProblem = AddFile(records, sFileName, RoleFunction);
-    return sProblem;
+    const IModuleInterface* const pModule = CModuleRegistry::Instance().FindByName(sModule);
+    ISimulation* const pSimulation =
+        pModule ? static_cast<const CModuleInterface*>(pModule)->MakeSimulation() : nullptr;
+    if (!pSimulation)
+        return nullptr;
+    CSimulationManager& manager = CSimulationManager::Instance();
+    manager.AddSimulation(pSimulation, CRenderCase::VIEW);
+    manager.SetActiveSimulation(CRenderCase::VIEW, pSimulation->GetId());
+    return dynamic_cast<CBlockCase*>(pSimulation);
 }
 
 } // namespace
@@ -56,10 +48,6 @@ BatchStatus_e CRenderCase::Fail(BatchStatus_e eStatus, const QString& sError)
 
 BatchStatus_e CRenderCase::Open(const CBatchOptions& options, const SRenderRequest& request)
 {
-    m_pSimulation = new CPlot3DSimulation(CPlot3DModule::PLOT3D_ID);
-    CSimulationManager& manager = CSimulationManager::Instance();
-    manager.AddSimulation(m_pSimulation, VIEW);
-    manager.SetActiveSimulation(VIEW, m_pSimulation->GetId());
     BatchStatus_e eStatus = request.sCaseFile.isEmpty() ? OpenData(options) : OpenCaseFile(request.sCaseFile);
     if (eStatus == BatchOk && !request.sDisplayFile.isEmpty())
         eStatus = ReadDisplay(request.sDisplayFile);
@@ -73,10 +61,10 @@ BatchStatus_e CRenderCase::Open(const CBatchOptions& options, const SRenderReque
 
 BatchStatus_e CRenderCase::OpenData(const CBatchOptions& options)
 {
-    CCaseRecords records;
-    QString sProblem = ReadRecords(options, records);
-    if (sProblem.isEmpty())
-        sProblem = m_pSimulation->Load(records);
+    SDataFiles files = DataFilesOf(options);
+    files.sSolutionFileList = files.sSolutionFileList.mid(0, 1); // a picture is of one level
+    m_pSimulation = AddCase(FormatToOpen(files).sName);
+    const QString sProblem = m_pSimulation ? m_pSimulation->OpenData(files) : "these files can't be drawn";
     return sProblem.isEmpty() ? BatchOk : Fail(BatchFailed, sProblem);
 }
 
@@ -89,7 +77,8 @@ BatchStatus_e CRenderCase::OpenCaseFile(const QString& sFileName)
     const StoredFile_e eStored = file.FromBytes(bytes);
     if (eStored == StoredNewer)
         return Fail(BatchFailed, QString("%1 was written by a newer version of this program").arg(sFileName));
-    if (eStored != StoredOk || file.sModule != CPlot3DModule().GetName())
+    m_pSimulation = eStored == StoredOk ? AddCase(file.sModule) : nullptr;
+    if (!m_pSimulation)
         return Fail(BatchFailed, QString("%1 is no case file of Plot3D data").arg(sFileName));
     m_pSimulation->SetFilePath(QFileInfo(sFileName).absoluteFilePath());
     if (!FillCase(*m_pSimulation, file, VIEW, true))

@@ -4,10 +4,10 @@
 #include "app/batch/render/renderrequest.h"
 #include "view/camera/camera.h"
 
-class CPlot3DSimulation;
+class CBlockCase;
 class ISelectable;
 
-/** A Plot3D case in one view, as a window opens it, shown as a request wants it. The view is empty
+/** A case in one view, as a window opens it, shown as a request wants it. The view is empty
  * afterwards.
  */
 class CRenderCase
@@ -43,7 +43,7 @@ private:
     /** What is on show and has a look of its own. */
     QVector<ISelectable*> Shown() const;
 
-    CPlot3DSimulation* m_pSimulation = nullptr; // of the simulation manager
+    CBlockCase* m_pSimulation = nullptr; // of the simulation manager
     std::optional<SCamera> m_camera;
     QString m_sError;
 };

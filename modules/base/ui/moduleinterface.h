@@ -29,6 +29,7 @@ public:
     void OnViewChanged() override {}
     void AddMainMenus(IMainMenus&) override {}
     bool CanCreateSimulationFromFile() const override { return false; }
+    bool CanRead(const QStringList&) const override { return false; }
     qint64 CreateFromFiles(const QStringList&, qint64) override { return -1; }
     QWidget* CreatePreferencesWidget(QWidget*) override { return nullptr; }
     bool ValidatePreferences(QWidget*) override { return true; }
@@ -80,9 +81,10 @@ public:
      */
     virtual ISimulation* GetActiveSimulation() const;
 
-protected:
     /** A new, empty case of the module; null where it opens none. */
     virtual ISimulation* MakeSimulation() const { return nullptr; }
+
+protected:
     /** What a file should have been, where it isn't: all but the solver modules say the same. */
     virtual QString GetFileKind() const { return "Velor"; }
     /** Shows all menus, toolbars, actions and docks of the module. */

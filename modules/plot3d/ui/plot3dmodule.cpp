@@ -1,6 +1,7 @@
 #include "modules/plot3d/ui/plot3dmodule.h"
 
 #include "cases/files/updateblock.h"
+#include "data/cases/dataformat.h"
 #include "frame/messagesink.h"
 #include "frame/novalue.h"
 #include "frame/ui/waitcursor.h"
@@ -101,6 +102,12 @@ qint64 CPlot3DModule::OpenFromKey(const QByteArray& key, qint64 nViewId, const Q
     const CCaseRecords records = FindCaseFiles(pack, sName, sFolder);
     const bool bToldMissing = !QFileInfo(records.grid.FileName()).isFile();
     return bToldMissing ? NO_ID : OpenRecords(records, nViewId);
+}
+
+bool CPlot3DModule::CanRead(const QStringList& sFileList) const
+{
+    ForgetDetectedFiles(); // they may have been written anew
+    return DataFormatNamed("Plot3D").CanRead(sFileList);
 }
 
 qint64 CPlot3DModule::OpenPlot3D(const QStringList& sFileList, qint64 nViewId)

@@ -34,6 +34,7 @@ public:
     /** Asks for the files. */
     qint64 Analyze(qint64 nViewId) override;
     bool CanCreateSimulationFromFile() const override { return true; }
+    bool CanRead(const QStringList& sFileList) const override;
     qint64 CreateFromFiles(const QStringList& sFileList, qint64 nViewId) override
     {
         return OpenPlot3D(sFileList, nViewId);
@@ -53,6 +54,7 @@ public:
      * @return the simulation's id; -1 if the files make no case, which is told
      */
     qint64 OpenPlot3D(const QStringList& sFileList, qint64 nViewId);
+    CPlot3DSimulation* MakeSimulation() const override;
 
     // The window and the item panel (plot3dmodule_actions.cpp).
     void UpdateActions(qint64 nViewId, qint64 nSimulationId) override;
@@ -86,9 +88,6 @@ public slots:
     void SlotExportPlot3D();
     /** Gives the settings of each selected item to those with the same grid, after a question. */
     void SlotUnifyData();
-
-protected:
-    CPlot3DSimulation* MakeSimulation() const override;
 
 private:
     enum Action_e {
