@@ -29,10 +29,12 @@ CItem& Make(CPlot3DSimulation& simulation, qint64 nKind, qint64 nParent, const c
 {
     CItem& item = *simulation.CreateItem(nKind, 0, true, simulation.GetItemCount(), -1, 0);
     item.SetName(sName, 0);
-    if (nKind == KindBlock)
+    if (nKind == KindBlock) {
         item.SetSize({5, 4, 3});
-    else
+        item.SetGridType(1);
+    } else {
         item.SetParentId(nParent, true);
+    }
     return item;
 }
 

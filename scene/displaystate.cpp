@@ -31,12 +31,12 @@ constexpr SDisplayKey KEYS[] = {
     {"vectorBodyScale", &S::dVectorBodyScale},
     {"colormapBindToLocal", &S::bColormapBindToLocal, Stale::CONTOURS},
     {"displayType", &S::nDisplayType, Stale::ALL},
-    {"drawVectors", &S::bDrawVectors, Stale::NOTHING, FormBytes},
+    {"", &S::bDrawVectors, Stale::NOTHING, FormBytes},
     {"scalarVariable", &S::nScalarVariable, Stale::VALUES | Stale::CONTOURS, FormVariable},
     {"vectorVariable", &S::nVectorVariable, Stale::VECTORS, FormVariable},
     {"thresholdVariable", &S::nThresholdVariable, Stale::THRESHOLDS, FormVariable},
-    {"preview", &S::bPreview, Stale::NOTHING, FormNone},
-    {"extended", &S::bExtended, Stale::NOTHING, FormNone},
+    {"", &S::bPreview, Stale::NOTHING, FormNone},
+    {"", &S::bExtended, Stale::NOTHING, FormNone},
 };
 
 } // namespace

@@ -73,7 +73,7 @@ enum DisplayForm_e {
 
 struct SDisplayKey
 {
-    const char* sKey; ///< member of a drawable's JSON
+    const char* sKey; ///< member of a drawable's JSON; "" for what has none
     DisplayMember member;
     unsigned nStale = Stale::NOTHING; ///< by a change of it
     DisplayForm_e eForm = FormValue;

@@ -29,6 +29,8 @@ public:
     virtual qint64 simulationId() const = 0;
     virtual qint64 viewId() const = 0;
     virtual qint64 itemId() const = 0;
+    /** Which part of the item it stands for; -1: the whole. */
+    virtual qint64 partId() const { return -1; }
     /** A SelectableKind_e: names the class in stored data and the group in the item panel. */
     virtual qint64 typeId() const = 0;
     /** Id of the block's item that the drawables show; -1 for none. */

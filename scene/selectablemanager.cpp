@@ -45,6 +45,7 @@ void CSelectableManager::RemovePair(qint64 nViewId, qint64 nSimulationId)
 {
     for (QVector<ISelectable*> all = GetSelectables(nViewId, nSimulationId); !all.isEmpty();)
         Remove(all.takeLast()); // ignores one that went along with another
+    m_kept.remove({nViewId, nSimulationId});
 }
 
 void CSelectableManager::RemoveItem(qint64 nSimulationId, qint64 nItemId)
@@ -57,10 +58,15 @@ void CSelectableManager::RemoveItem(qint64 nSimulationId, qint64 nItemId)
         Remove(pSelectable);
 }
 
-ISelectable* CSelectableManager::Find(qint64 nViewId, qint64 nSimulationId, qint64 nItemId) const
+ISelectable* CSelectableManager::Find(qint64 nViewId, qint64 nSimulationId, qint64 nItemId,
+                                      qint64 nPartId) const
 {
     const auto table = m_pairs.constFind({nViewId, nSimulationId});
-    return table == m_pairs.cend() ? nullptr : table->byItem.value(nItemId).value(0);
+    if (table != m_pairs.cend())
+        for (ISelectable* const pSelectable : table->byItem.value(nItemId))
+            if (pSelectable->partId() == nPartId)
+                return pSelectable;
+    return nullptr;
 }
 
 QVector<ISelectable*> CSelectableManager::GetSelectables(qint64 nViewId, qint64 nSimulationId) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QJsonObject>
 #include <QMap>
 #include <QObject>
 #include <QVector>
@@ -8,6 +9,13 @@
 #include <utility>
 
 class ISelectable;
+
+/** What the files of a pair say that this version doesn't know: kept as it is, to be written back. */
+struct SKeptOfPair
+{
+    QJsonObject members; ///< of the display as JSON
+    QByteArray entries;  ///< of its view state
+};
 
 /**
  * Owns all selectables, finds them by view, simulation and item, and tells who shows them what has
@@ -29,8 +37,8 @@ public:
     /** Removes all of an item, in every view. */
     void RemoveItem(qint64 nSimulationId, qint64 nItemId);
 
-    /** The first of this item in the view, or null. */
-    ISelectable* Find(qint64 nViewId, qint64 nSimulationId, qint64 nItemId) const;
+    /** The first of this item, or of a part of it, in the view; or null. */
+    ISelectable* Find(qint64 nViewId, qint64 nSimulationId, qint64 nItemId, qint64 nPartId = -1) const;
     /** In the order in which they were added or arranged. */
     QVector<ISelectable*> GetSelectables(qint64 nViewId, qint64 nSimulationId) const;
     /** Puts these of a pair first, in their order, the others behind them; their drawables go along. */
@@ -39,6 +47,8 @@ public:
     QVector<ISelectable*> GetSelectables(qint64 nViewId) const;
     QVector<ISelectable*> GetSelected(qint64 nViewId, qint64 nSimulationId) const;
     QVector<ISelectable*> GetHovered(qint64 nViewId) const;
+    /** What files say of a pair that this version doesn't show; goes with RemovePair. */
+    SKeptOfPair& Kept(qint64 nViewId, qint64 nSimulationId) { return m_kept[{nViewId, nSimulationId}]; }
     /** True while the pointer is one of a living selectable. */
     bool Exists(const ISelectable* pSelectable) const;
 
@@ -73,6 +83,7 @@ private:
     CSelectableManager() = default;
 
     QMap<Pair, SPairTable> m_pairs;
+    QMap<Pair, SKeptOfPair> m_kept;
     // What is deleted can't be asked any more where it stands, so that is kept here.
     QHash<const ISelectable*, Pair> m_pairOf;
     QHash<const ISelectable*, qint64> m_itemOf;

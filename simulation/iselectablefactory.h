@@ -4,6 +4,7 @@
 
 class CItem;
 class ISelectable;
+struct SItemPart;
 
 /**
  * Who makes the selectable that shows an item in a view. The view library installs itself at start-up;
@@ -13,8 +14,8 @@ class ISelectableFactory
 {
 public:
     virtual ~ISelectableFactory() = default;
-    /** A new selectable of the item's kind for the view, for the caller to give to CSelectableManager. */
-    virtual ISelectable* CreateItemSelectable(CItem& item, qint64 nViewId) = 0;
+    /** A new selectable of the part's kind for the view, for the caller to give to CSelectableManager. */
+    virtual ISelectable* CreateItemSelectable(CItem& item, const SItemPart& part, qint64 nViewId) = 0;
 
     /** Makes pFactory (not owned, may be null) the one in use; gives the former one. */
     static ISelectableFactory* Install(ISelectableFactory* pFactory);

@@ -50,6 +50,8 @@ public:
     virtual CItem* GetItem(qint64 nId, qint64 nSubId = -1) const;       ///< null if not found
     virtual QVector<CItem*> GetItems(qint64 nType = -1) const;          ///< -1 for all types
     virtual QVector<qint64> GetItemIds(qint64 nType = -1) const;
+    /** Those with a grid, structured or not. */
+    QVector<CItem*> GetBlocks() const;
     virtual QVector<QPoint> GetItemKeys(qint64 nType = -1) const;                    ///< (sub-id, id) of each
     virtual QVector<CItem*> GetItemsFromSelection(const QVector<qint64>& ids) const; ///< nulls skipped
     /** The first item that a stored identity (CItem::GetIdentity) is of; -1 if none. */

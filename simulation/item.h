@@ -2,14 +2,26 @@
 
 #include "frame/packs/datapack.h"
 #include "frame/transform.h"
+#include "scene/selectablekind.h"
 
 #include <QJsonObject>
 #include <QSet>
 #include <QStringList>
 #include <QVector>
 
+#include <functional>
+#include <optional>
+
 class ISelectable;
 class ISimulationItems;
+
+/** What of an item has a selectable of its own: a boundary of a block, an envelope of a zone. */
+struct SItemPart
+{
+    SelectableKind_e eKind;
+    qint64 nPartId; ///< among those of the item; -1: the whole item
+    QString sName;
+};
 
 /**
  * A node of a case: a block, zone, body, phantom, boundary or log. Items form a tree by id inside the flat
@@ -49,6 +61,12 @@ public:
     virtual QVector<qint64> GetExtraIds() const { return {}; }
     virtual QStringList GetExtraKeys() const { return {}; }
     virtual bool IsVisibleInPanel() const { return true; }
+    /** As what it is shown, whatever the number of its type. */
+    virtual SelectableKind_e GetShownKind() const { return SelectableKind_e(m_nType); }
+    /** Beside the whole item. */
+    virtual QVector<SItemPart> GetParts() const { return {}; }
+    /** Each id of another item that it keeps goes through the map; one that becomes -1 is dropped. */
+    virtual void MapIds(const std::function<qint64(qint64)>& map);
     virtual qint64 GetPointCount() const { return 0; }
     virtual qint64 GetCellCount() const { return 0; }
 
@@ -121,9 +139,14 @@ public:
     void SetConvert(const IVector3D& axes, bool bApply);
 
     // The item in the views (item_selectables.cpp).
-    ISelectable* GetSelectable(qint64 nViewId) const;
+    /** -1 gives the whole item, without a name; nothing for a part that it doesn't have. */
+    std::optional<SItemPart> FindPart(qint64 nPartId) const;
+    ISelectable* GetSelectable(qint64 nViewId, qint64 nPartId = -1) const;
+    /** That of the item, or of one part, alone; null for a part that it doesn't have. */
+    ISelectable* MakeSelectable(qint64 nViewId, qint64 nPartId = -1);
     void SelectInView(qint64 nViewId);
-    /** Makes the item's selectable and those below it where they are missing; -1: in each view. */
+    /** Makes the selectables of the item, of its parts and of all below where they are missing; -1: in each
+     * view. */
     void CreateSelectable(qint64 nViewId);
     void DeleteSelectable(qint64 nViewId);
     void OnParentChanged(CItem* pOld);

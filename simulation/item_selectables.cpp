@@ -23,9 +23,36 @@ QVector<qint64> CItem::ViewsOf(qint64 nViewId) const
     return m_pSimulation ? m_pSimulation->GetViewIds() : QVector<qint64>();
 }
 
-ISelectable* CItem::GetSelectable(qint64 nViewId) const
+std::optional<SItemPart> CItem::FindPart(qint64 nPartId) const
 {
-    return CSelectableManager::Instance().Find(nViewId, m_nSimulationId, m_nId);
+    if (nPartId == -1)
+        return SItemPart{GetShownKind(), -1, {}};
+    for (const SItemPart& part : GetParts())
+        if (part.nPartId == nPartId)
+            return part;
+    return {};
+}
+
+ISelectable* CItem::GetSelectable(qint64 nViewId, qint64 nPartId) const
+{
+    return CSelectableManager::Instance().Find(nViewId, m_nSimulationId, m_nId, nPartId);
+}
+
+ISelectable* CItem::MakeSelectable(qint64 nViewId, qint64 nPartId)
+{
+    if (ISelectable* const pFormer = GetSelectable(nViewId, nPartId))
+        return pFormer;
+    const std::optional<SItemPart> part = FindPart(nPartId);
+    if (!part || !ISelectableFactory::Installed())
+        return nullptr;
+    ISelectable* const pMade = ISelectableFactory::Installed()->CreateItemSelectable(*this, *part, nViewId);
+    CSelectableManager::Instance().Add(pMade);
+    ISelectable* const pWhole = nPartId == -1 ? nullptr : GetSelectable(nViewId);
+    if (pWhole)
+        pMade->addParent(pWhole, true); // it goes along with the item's
+    else
+        UpdateSelectableParent(nViewId);
+    return pMade;
 }
 
 void CItem::SelectInView(qint64 nViewId)
@@ -41,16 +68,15 @@ void CItem::CreateSelectable(qint64 nViewId)
 {
     if (!ISelectableFactory::Installed())
         return;
-    for (const qint64 nView : ViewsOf(nViewId)) {
+    for (const qint64 nView : ViewsOf(nViewId))
         for (const qint64 nId : GetChildIds(-1, true)) {
             CItem* const pItem = nId == m_nId ? this : FindItem(nId);
-            if (!pItem || pItem->GetSelectable(nView))
+            if (!pItem)
                 continue;
-            CSelectableManager::Instance().Add(
-                ISelectableFactory::Installed()->CreateItemSelectable(*pItem, nView));
-            pItem->UpdateSelectableParent(nView);
+            pItem->MakeSelectable(nView);
+            for (const SItemPart& part : pItem->GetParts())
+                pItem->MakeSelectable(nView, part.nPartId);
         }
-    }
 }
 
 void CItem::DeleteSelectable(qint64 nViewId)

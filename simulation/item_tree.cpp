@@ -32,12 +32,18 @@ qint64 Shifted(qint64 nId, qint64 nDelta)
     return __builtin_add_overflow(nId, nDelta, &nShifted) ? nId : nShifted;
 }
 
-void Shift(CDataPack& pack, const SKey<QVector<qint64>>& key, qint64 nDelta)
+/** True if one of the ids has become another. */
+bool Map(CDataPack& pack, const SKey<QVector<qint64>>& key, const std::function<qint64(qint64)>& map)
 {
-    QVector<qint64> ids = Get(pack, key);
-    for (qint64& nId : ids)
-        nId = Shifted(nId, nDelta);
+    const QVector<qint64> former = Get(pack, key);
+    QVector<qint64> ids;
+    for (const qint64 nId : former)
+        if (const qint64 nMapped = map(nId); nMapped != -1)
+            ids.append(nMapped);
+    if (ids == former)
+        return false;
     Set(pack, key, ids);
+    return true;
 }
 
 } // namespace
@@ -137,20 +143,23 @@ void CItem::DeleteDependents(qint64 nType)
     }
 }
 
+void CItem::MapIds(const std::function<qint64(qint64)>& map)
+{
+    if (Map(*this, ItemKey::CHILD_IDS, map))
+        ClearKeys();
+    Map(*this, ItemKey::DEPENDED_IDS, map);
+    const qint64 nParentId = GetParentId(), nMapped = nParentId == -1 ? -1 : map(nParentId);
+    if (nMapped != nParentId)
+        Set(*this, ItemKey::PARENT_ID, nMapped);
+}
+
 void CItem::ForgetItems(const QSet<qint64>& ids)
 {
-    if (Remove(*this, ItemKey::CHILD_IDS, ids))
-        ClearKeys();
-    Remove(*this, ItemKey::DEPENDED_IDS, ids);
-    if (ids.contains(GetParentId()))
-        Set(*this, ItemKey::PARENT_ID, -1);
+    MapIds([&](qint64 nId) { return ids.contains(nId) ? -1 : nId; });
 }
 
 void CItem::ShiftIds(qint64 nDelta)
 {
     m_nId = Shifted(m_nId, nDelta);
-    if (GetParentId() != -1)
-        Set(*this, ItemKey::PARENT_ID, Shifted(GetParentId(), nDelta));
-    Shift(*this, ItemKey::CHILD_IDS, nDelta);
-    Shift(*this, ItemKey::DEPENDED_IDS, nDelta);
+    MapIds([=](qint64 nId) { return Shifted(nId, nDelta); });
 }

@@ -1,4 +1,5 @@
 // ISimulationItems: the sorted list, making, copying and deleting.
+#include "data/grids/igrid.h"
 #include "frame/widgetmanager.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulationitems.h"
@@ -74,6 +75,18 @@ QVector<CItem*> ISimulationItems::GetItems(qint64 nType) const
         if (pItem->GetType() == nType)
             found.append(pItem);
     return found;
+}
+
+QVector<CItem*> ISimulationItems::GetBlocks() const
+{
+    QVector<CItem*> blocks = GetItems();
+    blocks.erase(std::remove_if(blocks.begin(), blocks.end(),
+                                [](const CItem* pItem) {
+                                    const qint64 nType = pItem->GetGridType();
+                                    return nType != GridKindStructured && nType != GridKindUnstructured;
+                                }),
+                 blocks.end());
+    return blocks;
 }
 
 QVector<qint64> ISimulationItems::GetItemIds(qint64 nType) const

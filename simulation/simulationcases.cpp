@@ -1,6 +1,5 @@
 #include "simulation/simulationcases.h"
 
-#include "data/grids/igrid.h"
 #include "frame/packs/bytestream.h"
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
@@ -20,11 +19,8 @@ QVector<qint64> CSimulationCases::GetBlockIds(qint64 nSimulationId) const
     const ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(nSimulationId);
     if (!pSimulation)
         return ids;
-    for (const CItem* const pItem : pSimulation->GetItems()) {
-        const qint64 nType = pItem->GetGridType();
-        if (nType == GridKindStructured || nType == GridKindUnstructured)
-            ids.append(pItem->GetId());
-    }
+    for (const CItem* const pBlock : pSimulation->GetBlocks())
+        ids.append(pBlock->GetId());
     return ids;
 }
 

@@ -19,7 +19,7 @@ int AxisAcrossPlaneCase(qint64 nViewId)
 {
     const CSimulationManager& manager = CSimulationManager::Instance();
     for (const qint64 nSimulationId : manager.GetSimulationIds(nViewId)) {
-        const QVector<CItem*> blocks = manager.GetSimulation(nSimulationId)->GetItems(KindBlock);
+        const QVector<CItem*> blocks = manager.GetSimulation(nSimulationId)->GetBlocks();
         if (blocks.isEmpty() || !std::all_of(blocks.begin(), blocks.end(), IsThin))
             return -1;
     }

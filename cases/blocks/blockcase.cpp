@@ -17,23 +17,24 @@
 #include "simulation/item.h"
 #include "view/adjacency.h"
 #include "view/annotations/onelegend.h"
+#include "view/selectables/kinds.h"
 
 namespace {
 
 bool AskDelete(const QVector<ISelectable*>& selected)
 {
-    const bool bBoundariesOnly = std::all_of(selected.begin(), selected.end(), [](const ISelectable* p) {
-        return p->typeId() == KindBoundarySurface;
-    });
-    return bBoundariesOnly
-               ? UserPrompt::Confirm(
-                     "Delete Boundary Surfaces",
-                     QString("Would you like to delete the selected boundary surfaces? [%1 items selected]")
-                         .arg(selected.size()))
-               : UserPrompt::Confirm("Delete Items",
-                                     QString("Would you like to delete the selected items from the "
-                                             "simulation? [%1 items selected]")
-                                         .arg(selected.size()));
+    const qint64 nKind = selected.first()->typeId();
+    const SKindRow* const pRow = FindKind(nKind);
+    const bool bOneKind = std::all_of(selected.begin(), selected.end(),
+                                      [=](const ISelectable* p) { return p->typeId() == nKind; });
+    const char* const sName = pRow && bOneKind ? pRow->sDeleteName : nullptr;
+    const QString sSelected = QString(" [%1 items selected]").arg(selected.size());
+    return sName ? UserPrompt::Confirm(QString("Delete %1").arg(sName),
+                                       QString("Would you like to delete the selected %1?%2")
+                                           .arg(QString(sName).toLower(), sSelected))
+                 : UserPrompt::Confirm("Delete Items",
+                                       "Would you like to delete the selected items from the simulation?" +
+                                           sSelected);
 }
 
 /** Those of the first list that aren't in the second; both ascend. */
@@ -258,7 +259,7 @@ void CBlockCase::DeleteSelection(qint64 nViewId)
     QVector<qint64> itemIds;
     for (ISelectable* const pSelectable : selected) {
         const CItem* const pItem = GetItem(pSelectable->itemId());
-        if (pItem && pItem->GetType() == pSelectable->typeId())
+        if (pItem && pSelectable->partId() == -1 && pItem->GetShownKind() == pSelectable->typeId())
             itemIds.append(pItem->GetId());
         else
             manager.Remove(pSelectable);

@@ -1,23 +1,11 @@
 #include "cases/display/displayoverrides.h"
 
 #include "cases/display/overrideblocks.h"
-#include "cases/display/overridefields.h"
-#include "view/mesh/surfaceplane.h"
+#include "view/selectables/kinds.h"
 
 namespace {
 
-constexpr const char *SURFACE = "surface", *DATA_FILES = "dataFiles";
-
-/** A field of a surface of a block. */
-struct SSurfaceRow
-{
-    const char* sField;
-    OverrideType_e eType;
-};
-
-constexpr SSurfaceRow s_surfaceFields[] = {
-    {Definitions::KeyOf(&SSurfacePlane::nDirection), OverrideDirection},
-    {Definitions::KeyOf(&SSurfacePlane::constants), OverrideIndices}};
+constexpr const char* DATA_FILES = "dataFiles";
 
 /** A field of mirror or sectors: an axis letter behind the head. */
 struct SPairRow
@@ -99,10 +87,10 @@ public:
         for (const SPairHead& head : s_pairHeads)
             if (parts.Head() == head.sHead)
                 return ApplyToPair(head, parts, value);
-        if (parts.Head() == SURFACE)
-            return ApplyToSurface(parts, value);
-        if (const char* const sList = OverrideFields::ListOf(parts.Head()))
-            return ApplyToList(sList, parts, value);
+        for (const SKindRow* const pRow : Kinds())
+            if (parts.Head() == pRow->sOverrideHead)
+                return pRow->bUnderBlock ? ApplyUnderBlock(*pRow, parts, value)
+                                         : ApplyToList(*pRow, parts, value);
         return parts.Head() == DATA_FILES ? QString() : QString("Unknown override key: '%1'").arg(parts.sKey);
     }
 
@@ -122,57 +110,60 @@ private:
         return QString(head.sUnknown).arg(sField);
     }
 
-    QString ApplyToList(const char* sList, const SKeyParts& parts, const QJsonValue& value)
+    QString ApplyToList(const SKindRow& row, const SKeyParts& parts, const QJsonValue& value)
     {
-        const QString sHead = parts.Head(), sIndex = parts.sPartList[1], sField = parts.From(2);
+        const QString sIndex = parts.sPartList[1];
         const SIndex index(sIndex);
         if (!index.sError.isEmpty())
             return index.sError;
-        QJsonArray list = m_values.display[sList].toArray();
+        QJsonArray list = m_values.display[row.sList].toArray();
         if (!index.IsIn(list))
-            return QString("%1 index %2 out of range").arg(sHead, sIndex);
-        if (sHead == OverrideFields::STREAMLINE && !list[index.n].isObject())
-            return QString("streamline %1 is legacy binary, cannot override").arg(sIndex);
-        const SOverrideField* const pField = OverrideFields::Find(sHead, sField);
-        if (!pField)
-            return UnknownField(sField);
-        QString sError = TypeError(parts.sKey, pField->eType, value);
-        QJsonObject entry = list[index.n].toObject();
-        if (!sError.isEmpty() || pField->ValueIn(entry) == value)
-            return sError;
-        pField->SetIn(entry, value);
-        list[index.n] = entry;
-        m_values.display[sList] = list;
-        return {};
+            return QString("%1 index %2 out of range").arg(row.sOverrideHead, sIndex);
+        if (!list[index.n].isObject())
+            return QString("%1 %2 is legacy binary, cannot override").arg(row.sOverrideHead, sIndex);
+        bool bChanged = false;
+        QString sError = ApplyToEntry(row, parts.From(2), parts.sKey, value, list, index.n, bChanged);
+        if (bChanged)
+            m_values.display[row.sList] = list;
+        return sError;
     }
 
-    QString ApplyToSurface(const SKeyParts& parts, const QJsonValue& value)
+    QString ApplyUnderBlock(const SKindRow& row, const SKeyParts& parts, const QJsonValue& value)
     {
         if (parts.sPartList.size() < 4)
             return parts.Invalid();
-        const QString sIndex = parts.FromEnd(2), sField = parts.FromEnd(1), sBlock = parts.BlockName();
+        const QString sIndex = parts.FromEnd(2), sBlock = parts.BlockName();
         const SIndex index(sIndex);
         if (!index.sError.isEmpty())
             return index.sError;
         const int nBlock = m_blocks.Find(sBlock);
         if (nBlock < 0)
             return QString("Block '%1' not found").arg(sBlock);
-        QJsonArray surfaces = m_blocks.GetSurfaces(nBlock);
-        if (!index.IsIn(surfaces))
-            return QString("surface index %1 out of range in block '%2'").arg(sIndex, sBlock);
-        const SSurfaceRow* const pRow =
-            std::find_if(std::begin(s_surfaceFields), std::end(s_surfaceFields),
-                         [&](const SSurfaceRow& row) { return sField == row.sField; });
-        if (pRow == std::end(s_surfaceFields))
+        QJsonArray list = m_blocks.GetList(nBlock, row.sList);
+        if (!index.IsIn(list))
+            return QString("%1 index %2 out of range in block '%3'").arg(row.sOverrideHead, sIndex, sBlock);
+        bool bChanged = false;
+        QString sError = ApplyToEntry(row, parts.FromEnd(1), parts.sKey, value, list, index.n, bChanged);
+        if (bChanged)
+            m_blocks.SetList(nBlock, row.sList, list);
+        return sError;
+    }
+
+    static QString ApplyToEntry(const SKindRow& row, const QString& sField, const QString& sKey,
+                                const QJsonValue& value, QJsonArray& list, int nEntry, bool& bChanged)
+    {
+        const auto field = std::find_if(row.overrides.begin(), row.overrides.end(),
+                                        [&](const SOverrideField& one) { return sField == one.sField; });
+        if (field == row.overrides.end())
             return UnknownField(sField);
-        QString sError = TypeError(parts.sKey, pRow->eType, value);
-        QJsonObject surface = surfaces[index.n].toObject();
-        if (!sError.isEmpty() || surface[sField] == value)
-            return sError;
-        surface[sField] = value;
-        surfaces[index.n] = surface;
-        m_blocks.SetSurfaces(nBlock, surfaces);
-        return {};
+        QString sError = TypeError(sKey, field->eType, value);
+        QJsonObject entry = list[nEntry].toObject();
+        bChanged = sError.isEmpty() && field->ValueIn(entry) != value;
+        if (bChanged) {
+            field->SetIn(entry, value);
+            list[nEntry] = entry;
+        }
+        return sError;
     }
 
     SOverridable& m_values;
@@ -188,27 +179,33 @@ void BuildPair(const SOverridable& values, QJsonObject& overrides)
                     (values.*head.pObject)[Member(row.sMember, nAxis)];
 }
 
-void BuildLists(const QJsonObject& display, QJsonObject& overrides)
+/** The fields of the entries of a list, under keys that begin with sStart. */
+void BuildList(const SKindRow& row, const QString& sStart, const QJsonArray& list, QJsonObject& overrides)
 {
-    for (const SOverrideField& field : OverrideFields::All()) {
-        const QJsonArray list = display[field.sList].toArray();
+    for (const SOverrideField& field : row.overrides)
         for (int n = 0; n < list.size(); ++n)
             if (const QJsonValue value = field.ValueIn(list[n].toObject()); IsOfType(field.eType, value))
-                overrides[QString("%1.%2.%3").arg(field.sHead).arg(n).arg(field.sField)] = value;
-    }
+                overrides[QString("%1.%2.%3").arg(sStart, QString::number(n), field.sField)] = value;
 }
 
-void BuildSurfaces(const QJsonObject& display, QJsonObject& overrides)
+void BuildUnderBlocks(const SKindRow& row, const QJsonObject& display, QJsonObject& overrides)
 {
     for (const QJsonValue& value : display[COverrideBlocks::ListOf(display)].toArray()) {
         const QJsonObject block = value.toObject();
-        const QString sBlock = block[COverrideBlocks::BLOCK_NAME].toString();
-        const QJsonArray surfaces =
-            block[COverrideBlocks::DISPLAY].toObject()[COverrideBlocks::SURFACES].toArray();
-        for (int n = 0; n < surfaces.size(); ++n)
-            for (const SSurfaceRow& row : s_surfaceFields)
-                overrides[QString("%1.%2.%3.%4").arg(SURFACE, sBlock, QString::number(n), row.sField)] =
-                    surfaces[n].toObject()[row.sField];
+        BuildList(row, QString("%1.%2").arg(row.sOverrideHead, block[COverrideBlocks::BLOCK_NAME].toString()),
+                  block[COverrideBlocks::DISPLAY].toObject()[row.sList].toArray(), overrides);
+    }
+}
+
+void BuildKinds(const QJsonObject& display, QJsonObject& overrides)
+{
+    for (const SKindRow* const pRow : Kinds()) {
+        if (pRow->overrides.empty())
+            continue;
+        if (pRow->bUnderBlock)
+            BuildUnderBlocks(*pRow, display, overrides);
+        else
+            BuildList(*pRow, pRow->sOverrideHead, display[pRow->sList].toArray(), overrides);
     }
 }
 
@@ -218,8 +215,7 @@ QJsonObject DisplayOverrides::Build(const SOverridable& values)
 {
     QJsonObject overrides;
     BuildPair(values, overrides);
-    BuildLists(values.display, overrides);
-    BuildSurfaces(values.display, overrides);
+    BuildKinds(values.display, overrides);
     return overrides;
 }
 

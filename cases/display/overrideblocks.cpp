@@ -27,16 +27,16 @@ int COverrideBlocks::Find(const QString& sName)
     return m_placeOfBlock.value(sName, -1);
 }
 
-QJsonArray COverrideBlocks::GetSurfaces(int nBlock) const
+QJsonArray COverrideBlocks::GetList(int nBlock, const char* sList) const
 {
-    return m_blocks[nBlock].toObject()[DISPLAY].toObject()[SURFACES].toArray();
+    return m_blocks[nBlock].toObject()[DISPLAY].toObject()[sList].toArray();
 }
 
-void COverrideBlocks::SetSurfaces(int nBlock, const QJsonArray& surfaces)
+void COverrideBlocks::SetList(int nBlock, const char* sList, const QJsonArray& list)
 {
     QJsonObject block = m_blocks[nBlock].toObject();
     QJsonObject display = block[DISPLAY].toObject();
-    display[SURFACES] = surfaces;
+    display[sList] = list;
     block[DISPLAY] = display;
     m_blocks[nBlock] = block;
     m_bChanged = true;

@@ -5,13 +5,13 @@
 #include <QJsonObject>
 
 /**
- * The blocks of a display, by name, with their surfaces. A case may have thousands of blocks, and a table as
- * many keys: the list is looked through once, and written back once, when this goes.
+ * The blocks of a display, by name, with what stands under them. A case may have thousands of blocks, and a
+ * table as many keys: the list is looked through once, and written back once, when this goes.
  */
 class COverrideBlocks
 {
 public:
-    static constexpr const char *BLOCK_NAME = "blockName", *DISPLAY = "disp", *SURFACES = "surfaces";
+    static constexpr const char *BLOCK_NAME = "blockName", *DISPLAY = "disp";
 
     explicit COverrideBlocks(QJsonObject& display) : m_display(display) {}
     ~COverrideBlocks();
@@ -22,8 +22,9 @@ public:
 
     /** The place of the first block with this name; -1 if there is none. */
     int Find(const QString& sName);
-    QJsonArray GetSurfaces(int nBlock) const;
-    void SetSurfaces(int nBlock, const QJsonArray& surfaces);
+    /** A list of what stands under the block. */
+    QJsonArray GetList(int nBlock, const char* sList) const;
+    void SetList(int nBlock, const char* sList, const QJsonArray& list);
 
 private:
     QJsonObject& m_display;

@@ -2,114 +2,136 @@
 
 #include "scene/iselectable.h"
 #include "scene/selectablemanager.h"
-#include "simulation/iselectablefactory.h"
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
-#include "view/selectables/surfaceitems.h"
+#include "view/selectables/kinds.h"
 
-SItemNames::SItemNames(const ISimulation& simulation, qint64 nItemId)
+namespace {
+
+QString NameKey(qint64 nKind, const QString& sName, const QString& sParentName)
+{
+    return QString::number(nKind) + '\n' + sName + '\n' + sParentName;
+}
+
+} // namespace
+
+SItemNames::SItemNames(const ISimulation& simulation, qint64 nItemId, qint64 nPartId)
 {
     const CItem* const pItem = simulation.GetItem(nItemId);
-    if (!pItem)
+    const std::optional<SItemPart> part = pItem ? pItem->FindPart(nPartId) : std::nullopt;
+    if (!part)
         return;
-    sName = pItem->GetName();
-    if (const CItem* const pParent = simulation.GetItem(pItem->GetParentId()))
+    sName = nPartId == -1 ? pItem->GetName() : part->sName;
+    const CItem* const pParent = nPartId == -1 ? simulation.GetItem(pItem->GetParentId()) : pItem;
+    if (pParent)
         sParentName = pParent->GetName();
 }
 
 CShownItems::CShownItems(ISimulation& simulation, qint64 nViewId)
     : m_simulation(simulation), m_nViewId(nViewId)
 {
-    for (ISelectable* const pSelectable :
-         CSelectableManager::Instance().GetSelectables(nViewId, simulation.GetId()))
-        m_selectables[{pSelectable->itemId(), pSelectable->typeId()}].append(pSelectable);
+    for (ISelectable* const p : CSelectableManager::Instance().GetSelectables(nViewId, simulation.GetId()))
+        m_selectables[{{p->itemId(), p->partId()}, p->typeId()}].append(p);
 }
 
-QVector<qint64> CShownItems::FindById(const QVector<SViewState::SShown>& shown) const
+bool CShownItems::IsThere(const SShownPlace& place) const
 {
-    QVector<qint64> itemIds;
-    for (const SViewState::SShown& one : shown)
-        itemIds.append(m_simulation.GetItem(one.nItemId) ? one.nItemId : -1);
-    return itemIds;
+    const CItem* const pItem = m_simulation.GetItem(place.nItemId);
+    return pItem && pItem->FindPart(place.nPartId);
 }
 
-QVector<qint64> CShownItems::FindStored(const QVector<SViewState::SShown>& shown)
+QVector<SShownPlace> CShownItems::FindById(const QVector<SViewState::SShown>& shown) const
 {
-    QVector<qint64> itemIds(shown.size(), -1);
+    QVector<SShownPlace> places;
+    for (const SViewState::SShown& one : shown) {
+        const SShownPlace place{one.nItemId, one.nPartId};
+        places.append(IsThere(place) ? place : SShownPlace());
+    }
+    return places;
+}
+
+QVector<SShownPlace> CShownItems::FindStored(const QVector<SViewState::SShown>& shown)
+{
+    QVector<SShownPlace> places(shown.size());
     // All ids that fit go first: no name may take the item of one.
     for (int n = 0; n < shown.size(); ++n) {
-        const CItem* const pItem = m_simulation.GetItem(shown[n].nItemId);
-        if (!pItem || !IsSame(*pItem, shown[n]))
+        const SShownPlace place{shown[n].nItemId, shown[n].nPartId};
+        if (!IsThere(place) || !IsSame(place, shown[n]))
             continue;
-        itemIds[n] = pItem->GetId();
-        m_taken.insert(pItem->GetId());
+        places[n] = place;
+        m_taken.insert(place);
     }
     for (int n = 0; n < shown.size(); ++n)
-        if (itemIds[n] == -1)
-            itemIds[n] = FindByName(shown[n]);
+        if (places[n] == SShownPlace())
+            places[n] = FindByName(shown[n]);
     for (int n = 0; n < shown.size(); ++n)
-        if (itemIds[n] == -1 && shown[n].nKind == KindSurface)
-            itemIds[n] = MakeSurface(shown[n]);
-    return itemIds;
+        if (places[n] == SShownPlace())
+            places[n] = Make(shown[n]);
+    return places;
 }
 
-ISelectable* CShownItems::Take(qint64 nItemId, qint64 nKind)
+ISelectable* CShownItems::Take(const SShownPlace& place, qint64 nKind)
 {
-    QVector<ISelectable*>& found = m_selectables[{nItemId, nKind}];
+    QVector<ISelectable*>& found = m_selectables[{place, nKind}];
     if (!found.isEmpty())
         return found.takeFirst();
-    CItem* const pItem = m_simulation.GetItem(nItemId);
-    ISelectableFactory* const pFactory = ISelectableFactory::Installed();
-    if (!pItem || pItem->GetType() != nKind || !pFactory || pItem->GetSelectable(m_nViewId))
+    CItem* const pItem = m_simulation.GetItem(place.nItemId);
+    const std::optional<SItemPart> part = pItem ? pItem->FindPart(place.nPartId) : std::nullopt;
+    if (!part || part->eKind != nKind || pItem->GetSelectable(m_nViewId, place.nPartId))
         return nullptr;
     // Not with all below it, as elsewhere: what is made now has the order of the state.
-    ISelectable* const pMade = pFactory->CreateItemSelectable(*pItem, m_nViewId);
-    CSelectableManager::Instance().Add(pMade);
-    pItem->UpdateSelectableParent(m_nViewId);
-    m_simulation.SetSelectableDimension(pMade);
+    ISelectable* const pMade = pItem->MakeSelectable(m_nViewId, place.nPartId);
+    if (pMade)
+        m_simulation.SetSelectableDimension(pMade);
     return pMade;
 }
 
-/** A surface has no name of its own; what stands on an item of another kind goes by that item's id. */
-bool CShownItems::IsSame(const CItem& item, const SViewState::SShown& shown) const
+/** What users make has no name of its own; what stands on an item of another kind goes by that item's id. */
+bool CShownItems::IsSame(const SShownPlace& place, const SViewState::SShown& shown) const
 {
-    const SItemNames names(m_simulation, item.GetId());
-    return (item.GetType() == shown.nKind || shown.nKind != KindSurface) && names.sName == shown.sName &&
-           names.sParentName == shown.sParentName;
+    const SItemNames names(m_simulation, place.nItemId, place.nPartId);
+    const SKindRow* const pRow = FindKind(shown.nKind);
+    const bool bByKind = pRow && pRow->MakeItem;
+    return (!bByKind || m_simulation.GetItem(place.nItemId)->FindPart(place.nPartId)->eKind == shown.nKind) &&
+           names.sName == shown.sName && names.sParentName == shown.sParentName;
 }
 
-QString CShownItems::NameKey(qint64 nKind, const QString& sName, const QString& sParentName) const
+void CShownItems::AddByName(const CItem& item, qint64 nKind, qint64 nPartId)
 {
-    return QString::number(nKind) + '\n' + sName + '\n' + sParentName;
+    const SItemNames names(m_simulation, item.GetId(), nPartId);
+    m_byName[NameKey(nKind, names.sName, names.sParentName)].append({item.GetId(), nPartId});
 }
 
-qint64 CShownItems::FindByName(const SViewState::SShown& shown)
+SShownPlace CShownItems::FindByName(const SViewState::SShown& shown)
 {
-    if (m_idsByName.isEmpty())
+    if (m_byName.isEmpty())
         for (const CItem* const pItem : m_simulation.GetItems()) {
-            const SItemNames names(m_simulation, pItem->GetId());
-            m_idsByName[NameKey(pItem->GetType(), names.sName, names.sParentName)].append(pItem->GetId());
+            AddByName(*pItem, pItem->GetShownKind(), -1);
+            for (const SItemPart& part : pItem->GetParts())
+                AddByName(*pItem, part.eKind, part.nPartId);
         }
-    for (const qint64 nId : m_idsByName.value(NameKey(shown.nKind, shown.sName, shown.sParentName))) {
-        if (m_taken.contains(nId))
+    for (const SShownPlace& place : m_byName.value(NameKey(shown.nKind, shown.sName, shown.sParentName))) {
+        if (m_taken.contains(place))
             continue;
-        m_taken.insert(nId);
-        return nId;
+        m_taken.insert(place);
+        return place;
     }
-    return -1;
+    return {};
 }
 
-qint64 CShownItems::MakeSurface(const SViewState::SShown& shown)
+SShownPlace CShownItems::Make(const SViewState::SShown& shown)
 {
-    for (const CItem* const pBlock : m_simulation.GetItems(KindBlock))
-        if (pBlock->GetName() == shown.sParentName) {
-            const CItem* const pMade =
-                CreateSurfaceItem(m_simulation, pBlock->GetId(), FacePlane(pBlock->GetSize(), 4));
-            if (!pMade)
-                return -1;
-            if (ISelectable* const pSelectable = pMade->GetSelectable(m_nViewId))
-                m_selectables[{pMade->GetId(), KindSurface}].append(pSelectable);
-            return pMade->GetId();
-        }
-    return -1;
+    const SKindRow* const pRow = FindKind(shown.nKind);
+    for (const CItem* const pBlock : pRow && pRow->MakeItem ? m_simulation.GetBlocks() : QVector<CItem*>()) {
+        if (pBlock->GetName() != shown.sParentName)
+            continue;
+        const CItem* const pMade = pRow->MakeItem(m_simulation, {pBlock->GetId()});
+        if (!pMade)
+            return {};
+        const SShownPlace place{pMade->GetId(), -1};
+        if (ISelectable* const pSelectable = pMade->GetSelectable(m_nViewId))
+            m_selectables[{place, shown.nKind}].append(pSelectable);
+        return place;
+    }
+    return {};
 }

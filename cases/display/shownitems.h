@@ -7,13 +7,27 @@
 class CItem;
 class ISelectable;
 
-/** By what names an item is found again in a case whose items have other ids. */
+/** By what names an item, or a part of one, is found again in a case whose items have other ids. */
 struct SItemNames
 {
-    SItemNames(const ISimulation& simulation, qint64 nItemId); ///< empty for an unknown item
+    /** Empty for what isn't there. A part stands under its item. */
+    SItemNames(const ISimulation& simulation, qint64 nItemId, qint64 nPartId = -1);
 
     QString sName;
     QString sParentName;
+};
+
+/** What a selectable stands for: an item, or a part of it (-1: the whole). */
+struct SShownPlace
+{
+    qint64 nItemId = -1;
+    qint64 nPartId = -1;
+
+    friend bool operator==(const SShownPlace&, const SShownPlace&) = default;
+    friend uint qHash(const SShownPlace& place, uint nSeed = 0)
+    {
+        return qHash(qMakePair(place.nItemId, place.nPartId), nSeed);
+    }
 };
 
 /**
@@ -25,25 +39,24 @@ class CShownItems
 public:
     CShownItems(ISimulation& simulation, qint64 nViewId);
 
-    /** For each entry the id of its item; -1 where there is none. */
-    QVector<qint64> FindById(const QVector<SViewState::SShown>& shown) const;
-    /** The same for a state that may be of another session. Surfaces that aren't there are made. */
-    QVector<qint64> FindStored(const QVector<SViewState::SShown>& shown);
-    /** The next selectable of the item and kind; made if it is of the item's own kind. Null if there is none.
+    /** For each entry its place; no item where there is none. */
+    QVector<SShownPlace> FindById(const QVector<SViewState::SShown>& shown) const;
+    /** The same for a state that may be of another session. What users make is made where it isn't there. */
+    QVector<SShownPlace> FindStored(const QVector<SViewState::SShown>& shown);
+    /** The next selectable of the place and kind; made if it is of that kind itself. Null if there is none.
      */
-    ISelectable* Take(qint64 nItemId, qint64 nKind);
+    ISelectable* Take(const SShownPlace& place, qint64 nKind);
 
 private:
-    using Place = std::pair<qint64, qint64>; // item id, kind
-
-    bool IsSame(const CItem& item, const SViewState::SShown& shown) const;
-    qint64 FindByName(const SViewState::SShown& shown);
-    qint64 MakeSurface(const SViewState::SShown& shown);
-    QString NameKey(qint64 nKind, const QString& sName, const QString& sParentName) const;
+    bool IsThere(const SShownPlace& place) const;
+    bool IsSame(const SShownPlace& place, const SViewState::SShown& shown) const;
+    void AddByName(const CItem& item, qint64 nKind, qint64 nPartId);
+    SShownPlace FindByName(const SViewState::SShown& shown);
+    SShownPlace Make(const SViewState::SShown& shown);
 
     ISimulation& m_simulation;
     const qint64 m_nViewId;
-    QHash<Place, QVector<ISelectable*>> m_selectables;
-    QSet<qint64> m_taken;                        // items that an entry has
-    QHash<QString, QVector<qint64>> m_idsByName; // filled when an id doesn't fit
+    QHash<QPair<SShownPlace, qint64>, QVector<ISelectable*>> m_selectables; // by place and kind
+    QSet<SShownPlace> m_taken;                                              // what an entry has
+    QHash<QString, QVector<SShownPlace>> m_byName;                          // filled when an id doesn't fit
 };

@@ -1,108 +1,87 @@
 #include "cases/display/viewjson.h"
 
+#include "cases/display/blocknames.h"
+#include "cases/display/shownitems.h"
 #include "frame/messagesink.h"
 #include "scene/iselectable.h"
-#include "scene/selectablekind.h"
 #include "scene/selectablemanager.h"
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
-#include "view/selectables/surfaceitems.h"
+#include "view/selectables/kinds.h"
+#include "view/selectables/selectable.h"
 
-#include <QHash>
 #include <QJsonArray>
-#include <QSet>
 
 namespace {
 
-constexpr const char *BLOCKS = "meshBlocks", *FORMER_BLOCKS = "blocks", *BLOCK_NAME = "blockName",
-                     *IDENTIFICATION = "identification", *DISPLAY = "disp", *SURFACES = "surfaces",
-                     *BOUNDARIES = "boundarySurfaces", *NAME = "name";
-constexpr const char *GRID = "Grid", *BLOCK = "Block "; // ahead of a number
+constexpr const char *FORMER_BLOCKS = "blocks", *DISPLAY = "disp", *NAME = "name";
 
-/** Lists of kinds that this version doesn't make, and what they are called. */
-constexpr std::pair<const char*, const char*> UNKNOWN_KINDS[] = {
-    {"coordinateSurfaces", "coordinate surface(s)"},
-    {"streamlines", "streamline(s)"},
-    {"isoSurfaces", "iso-surface(s)"},
-    {"extremePoints", "extreme point(s)"}};
+const char* BlockList() { return FindKind(KindBlock)->sList; }
 
-/** Of a case with more points blocks go by their names: to close it must not read all of its grids. */
-constexpr qint64 MOST_POINTS_TO_IDENTIFY = 8'000'000;
-
-QString Identification(const CItem& block) { return QString::fromLatin1(block.GetLinkKey().toHex()); }
-
-/** Items of one type under the block that the view shows, in order. */
-QVector<const CItem*> ShownChildren(const ISimulation& simulation, const CItem& block, qint64 nType,
-                                    qint64 nViewId)
+/** Those of a kind that stand under the block in the view, its parts first, each in its order. */
+QVector<ISelectable*> UnderBlock(const ISimulation& simulation, const CItem& block, qint64 nKind,
+                                 qint64 nViewId)
 {
-    QVector<const CItem*> children;
-    for (const qint64 nId : block.GetChildIds(nType))
-        if (const CItem* const pChild = simulation.GetItem(nId); pChild && pChild->GetSelectable(nViewId))
-            children.append(pChild);
-    return children;
+    QVector<ISelectable*> found;
+    for (const SItemPart& part : block.GetParts())
+        if (part.eKind == nKind)
+            found.append(block.GetSelectable(nViewId, part.nPartId));
+    for (const qint64 nId : block.GetChildIds())
+        if (const CItem* const pChild = simulation.GetItem(nId); pChild && pChild->GetShownKind() == nKind)
+            found.append(pChild->GetSelectable(nViewId));
+    found.removeAll(nullptr);
+    return found;
+}
+
+/** Those of a kind that stand beside the blocks. */
+QVector<ISelectable*> BesideBlocks(const ISimulation& simulation, qint64 nKind, qint64 nViewId)
+{
+    QVector<ISelectable*> found;
+    for (ISelectable* const p : CSelectableManager::Instance().GetSelectables(nViewId, simulation.GetId()))
+        if (p->typeId() == nKind)
+            found.append(p);
+    return found;
+}
+
+QString NameOf(const ISimulation& simulation, const ISelectable& selectable)
+{
+    return SItemNames(simulation, selectable.itemId(), selectable.partId()).sName;
+}
+
+QJsonObject ToEntry(const ISimulation& simulation, const SKindRow& row, const ISelectable& selectable)
+{
+    QJsonObject entry = selectable.toJsonBlock();
+    if (!row.MakeItem)
+        entry[NAME] = NameOf(simulation, selectable);
+    return entry;
 }
 
 QJsonObject BlockDisplay(const ISimulation& simulation, const CItem& block, qint64 nViewId)
 {
     QJsonObject display = block.GetSelectable(nViewId)->toJsonBlock();
-    QJsonArray boundaries;
-    for (const CItem* const pBoundary : ShownChildren(simulation, block, KindBoundarySurface, nViewId)) {
-        QJsonObject boundary = pBoundary->GetSelectable(nViewId)->toJsonBlock();
-        boundary[NAME] = pBoundary->GetName();
-        boundaries.append(boundary);
+    for (const SKindRow* const pRow : Kinds()) {
+        if (!pRow->bUnderBlock || !pRow->HasList())
+            continue;
+        QJsonArray list;
+        for (const ISelectable* const p : UnderBlock(simulation, block, pRow->eKind, nViewId))
+            list.append(ToEntry(simulation, *pRow, *p));
+        if (!list.isEmpty() || pRow->MakeItem)
+            display[pRow->sList] = list;
     }
-    if (!boundaries.isEmpty())
-        display[BOUNDARIES] = boundaries;
     return display;
 }
 
-/** Finds the block of each entry. */
-class CBlockFinder
+QJsonArray BesideDisplay(const ISimulation& simulation, const SKindRow& row, bool bIdentify, qint64 nViewId)
 {
-public:
-    explicit CBlockFinder(const ISimulation& simulation)
-    {
-        for (const CItem* const pBlock : simulation.GetItems(KindBlock))
-            m_byName[pBlock->GetName()].append(pBlock);
+    QJsonArray list;
+    for (const ISelectable* const p : BesideBlocks(simulation, row.eKind, nViewId)) {
+        QJsonObject entry = ToEntry(simulation, row, *p);
+        if (const auto* const pSelectable = dynamic_cast<const CSelectable*>(p))
+            BlockNames::PutList(simulation, pSelectable->blockIds(), bIdentify, entry);
+        list.append(entry);
     }
-    const CItem* Take(const QJsonObject& entry)
-    {
-        const QString sIdentification = entry[IDENTIFICATION].toString(),
-                      sName = entry[BLOCK_NAME].toString();
-        const CItem* pNamed = FirstFree(m_byName.value(sName));
-        if (!pNamed && sName.startsWith(GRID)) // as programs call it that know no names
-            pNamed = FirstFree(m_byName.value(BLOCK + sName.mid(int(qstrlen(GRID)))));
-        // The name goes with the grid as a rule; grids cost a read of their files.
-        const bool bSameGrid =
-            pNamed && (sIdentification.isEmpty() || Identification(*pNamed) == sIdentification);
-        const CItem* const pSameGrid =
-            bSameGrid || sIdentification.isEmpty() ? nullptr : FindGrid(sIdentification);
-        const CItem* const pFound = pSameGrid ? pSameGrid : pNamed;
-        if (pFound)
-            m_taken.insert(pFound);
-        return pFound;
-    }
-
-private:
-    const CItem* FirstFree(const QVector<const CItem*>& blocks) const
-    {
-        const auto free = std::find_if(blocks.begin(), blocks.end(),
-                                       [this](const CItem* pBlock) { return !m_taken.contains(pBlock); });
-        return free == blocks.end() ? nullptr : *free;
-    }
-    const CItem* FindGrid(const QString& sIdentification)
-    {
-        if (m_byGrid.isEmpty())
-            for (const auto& blocks : std::as_const(m_byName))
-                for (const CItem* const pBlock : blocks)
-                    m_byGrid[Identification(*pBlock)].append(pBlock);
-        return FirstFree(m_byGrid.value(sIdentification));
-    }
-
-    QHash<QString, QVector<const CItem*>> m_byName;
-    QHash<QString, QVector<const CItem*>> m_byGrid; // filled when a name doesn't go with its grid
-    QSet<const CItem*> m_taken;
-};
+    return list;
+}
 
 void ApplyTo(ISelectable& selectable, const QJsonObject& display)
 {
@@ -114,61 +93,84 @@ void ApplyTo(ISelectable& selectable, const QJsonObject& display)
         manager.NotifyMaskChanged(&selectable);
 }
 
-/** Surfaces that the block lacks come behind those that it has. */
-void MakeSurfaces(ISimulation& simulation, const CItem& block, const QJsonArray& surfaces, qint64 nViewId)
+/** Each entry of what users make goes to the next one, of all else to the next one of its name. */
+void ApplyList(const ISimulation& simulation, const SKindRow& row, const QJsonArray& list,
+               QVector<ISelectable*> free)
 {
-    for (int n = ShownChildren(simulation, block, KindSurface, nViewId).size(); n < surfaces.size(); ++n) {
-        SSurfacePlane plane = FacePlane(block.GetSize(), 4);
-        Definitions::FromJson(surfaces[n].toObject(), plane);
-        if (!CreateSurfaceItem(simulation, block.GetId(), plane))
-            return;
-    }
-}
-
-void ApplyBoundaries(const ISimulation& simulation, const CItem& block, const QJsonArray& boundaries,
-                     qint64 nViewId)
-{
-    QVector<const CItem*> free = ShownChildren(simulation, block, KindBoundarySurface, nViewId);
-    for (const QJsonValue& value : boundaries) {
-        const QJsonObject boundary = value.toObject();
-        const auto same = std::find_if(free.begin(), free.end(), [&](const CItem* pItem) {
-            return pItem->GetName() == boundary[NAME].toString();
+    for (const QJsonValue& value : list) {
+        QJsonObject entry = value.toObject();
+        const QString sName = row.MakeItem ? QString() : entry.take(NAME).toString();
+        const auto next = std::find_if(free.begin(), free.end(), [&](const ISelectable* p) {
+            return row.MakeItem || NameOf(simulation, *p) == sName;
         });
-        if (same == free.end())
+        if (next == free.end())
             continue;
-        ApplyTo(*(*same)->GetSelectable(nViewId), boundary);
-        free.erase(same);
+        if (!row.bUnderBlock)
+            BlockNames::TakeList(entry);
+        ApplyTo(**next, entry);
+        free.erase(next);
     }
 }
 
-void ApplyBlock(ISimulation& simulation, const CItem& block, const QJsonObject& display, qint64 nViewId)
+void ApplyBlock(ISimulation& simulation, const CItem& block, QJsonObject display, qint64 nViewId)
 {
-    CItem& item = *simulation.GetItem(block.GetId());
-    item.CreateSelectable(nViewId);
-    ISelectable* const pSelectable = item.GetSelectable(nViewId);
+    simulation.GetItem(block.GetId())->CreateSelectable(nViewId);
+    ISelectable* const pSelectable = block.GetSelectable(nViewId);
     if (!pSelectable)
         return;
-    MakeSurfaces(simulation, block, display[SURFACES].toArray(), nViewId);
+    QVector<QPair<const SKindRow*, QJsonArray>> lists;
+    for (const SKindRow* const pRow : Kinds()) {
+        if (!pRow->bUnderBlock || !pRow->HasList())
+            continue;
+        lists.append({pRow, display.take(pRow->sList).toArray()});
+        // What the block lacks comes behind what it has.
+        int nThere = UnderBlock(simulation, block, pRow->eKind, nViewId).size();
+        while (pRow->MakeItem && nThere < lists.last().second.size() &&
+               pRow->MakeItem(simulation, {block.GetId()}))
+            ++nThere;
+    }
     ApplyTo(*pSelectable, display);
-    for (const CItem* const pSurface : ShownChildren(simulation, block, KindSurface, nViewId))
-        CSelectableManager::Instance().NotifyMaskChanged(pSurface->GetSelectable(nViewId));
-    ApplyBoundaries(simulation, block, display[BOUNDARIES].toArray(), nViewId);
+    for (const auto& [pRow, list] : std::as_const(lists))
+        ApplyList(simulation, *pRow, list, UnderBlock(simulation, block, pRow->eKind, nViewId));
 }
+
+void ApplyBeside(ISimulation& simulation, const SKindRow& row, const QJsonArray& list, qint64 nViewId)
+{
+    for (int n = BesideBlocks(simulation, row.eKind, nViewId).size(); row.MakeItem && n < list.size(); ++n)
+        if (!row.MakeItem(simulation, BlockNames::ReadList(simulation, list[n].toObject())))
+            break;
+    ApplyList(simulation, row, list, BesideBlocks(simulation, row.eKind, nViewId));
+}
+
+bool StandsBeside(const SKindRow& row) { return row.HasList() && !row.bUnderBlock && row.eKind != KindBlock; }
 
 QJsonValue ListOfBlocks(const QJsonObject& display)
 {
-    return display[display.contains(BLOCKS) ? BLOCKS : FORMER_BLOCKS];
+    return display[display.contains(BlockList()) ? BlockList() : FORMER_BLOCKS];
 }
 
-/** One line for all that is left out. */
-void LogLeftOut(const ISimulation& simulation, const QJsonObject& display, int nBlocks)
+/** Members of the display that this version shows nothing of; lists without an entry say nothing. */
+QJsonObject UnknownMembers(QJsonObject display)
+{
+    display.remove(FORMER_BLOCKS);
+    for (const SKindRow* const pRow : Kinds())
+        if (pRow->HasList() && !pRow->bUnderBlock)
+            display.remove(pRow->sList);
+    for (const QString& sMember : display.keys())
+        if (display[sMember].isArray() && display[sMember].toArray().isEmpty())
+            display.remove(sMember);
+    return display;
+}
+
+/** One line for all that isn't shown. */
+void LogLeftOut(const ISimulation& simulation, const QJsonObject& unknown, int nBlocks)
 {
     QStringList sLeftOutList;
     if (nBlocks > 0)
         sLeftOutList << QString("%1 block(s) that the case doesn't have").arg(nBlocks);
-    for (const auto& [sMember, sText] : UNKNOWN_KINDS)
-        if (const int nCount = display[sMember].toArray().size(); nCount > 0)
-            sLeftOutList << QString("%1 %2").arg(QString::number(nCount), sText);
+    for (const SKindRow* const pRow : Kinds())
+        if (const int nCount = pRow->sList ? unknown[pRow->sList].toArray().size() : 0; nCount > 0)
+            sLeftOutList << QString("%1 %2(s)").arg(QString::number(nCount), QString(pRow->sName).toLower());
     if (!sLeftOutList.isEmpty())
         CMessageSink::Instance().Log(
             QString("%1: left out of the display: %2").arg(simulation.GetName(), sLeftOutList.join(", ")));
@@ -178,26 +180,29 @@ void LogLeftOut(const ISimulation& simulation, const QJsonObject& display, int n
 
 QJsonObject TakeViewJson(const ISimulation& simulation, qint64 nViewId)
 {
+    QJsonObject display = CSelectableManager::Instance().Kept(nViewId, simulation.GetId()).members;
+    const bool bIdentify = BlockNames::CanIdentify(simulation);
     QJsonArray blocks;
-    const bool bIdentify = simulation.GetPointCount() <= MOST_POINTS_TO_IDENTIFY;
-    for (const CItem* const pBlock : simulation.GetItems(KindBlock)) {
+    for (const CItem* const pBlock : simulation.GetBlocks()) {
         if (!pBlock->GetSelectable(nViewId))
             continue;
-        QJsonObject entry{{BLOCK_NAME, pBlock->GetName()},
-                          {DISPLAY, BlockDisplay(simulation, *pBlock, nViewId)}};
-        const QString sIdentification = bIdentify ? Identification(*pBlock) : QString();
-        if (!sIdentification.isEmpty())
-            entry[IDENTIFICATION] = sIdentification;
+        QJsonObject entry{{DISPLAY, BlockDisplay(simulation, *pBlock, nViewId)}};
+        BlockNames::Put(*pBlock, bIdentify, entry);
         blocks.append(entry);
     }
-    return {{BLOCKS, blocks}};
+    display[BlockList()] = blocks;
+    for (const SKindRow* const pRow : Kinds())
+        if (StandsBeside(*pRow))
+            display[pRow->sList] = BesideDisplay(simulation, *pRow, bIdentify, nViewId);
+    return display;
 }
 
 bool IsViewJson(const QJsonObject& display)
 {
     return ListOfBlocks(display).isArray() ||
-           std::any_of(std::begin(UNKNOWN_KINDS), std::end(UNKNOWN_KINDS),
-                       [&](const auto& kind) { return display[kind.first].isArray(); });
+           std::any_of(Kinds().begin(), Kinds().end(), [&](const SKindRow* pRow) {
+               return pRow->sList && !pRow->bUnderBlock && display[pRow->sList].isArray();
+           });
 }
 
 bool ApplyViewJson(ISimulation& simulation, const QJsonObject& display, qint64 nViewId)
@@ -213,7 +218,12 @@ bool ApplyViewJson(ISimulation& simulation, const QJsonObject& display, qint64 n
         else
             ++nLeftOut;
     }
-    LogLeftOut(simulation, display, nLeftOut);
+    for (const SKindRow* const pRow : Kinds())
+        if (StandsBeside(*pRow))
+            ApplyBeside(simulation, *pRow, display[pRow->sList].toArray(), nViewId);
+    const QJsonObject unknown = UnknownMembers(display);
+    CSelectableManager::Instance().Kept(nViewId, simulation.GetId()).members = unknown;
+    LogLeftOut(simulation, unknown, nLeftOut);
     CSelectableManager::Instance().NotifySelectionChanged(nViewId, simulation.GetId());
     return true;
 }

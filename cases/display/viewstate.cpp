@@ -10,11 +10,16 @@
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"
+#include "view/selectables/kinds.h"
+
+#include <QJsonDocument>
 
 namespace {
 
 // Item, kind, two names, two flags, display.
 constexpr qint64 LEAST_SIZE = 8 + 8 + 4 + 4 + 2 + 4;
+
+constexpr qint64 VERSION_WITH_PARTS = 2;
 
 void WriteVector(CByteWriter& writer, const DVector3D& vector)
 {
@@ -47,6 +52,67 @@ bool ReadPair(CByteReader& reader, SViewState::SPair& pair)
         reader.Read(pair.sectors.bActive[nAxis]);
         reader.Read(pair.sectors.nCount[nAxis]);
     }
+    return reader.IsOk();
+}
+
+void WriteShown(CByteWriter& writer, const QVector<SViewState::SShown>& shown)
+{
+    writer.Write(qint64(shown.size()));
+    for (const SViewState::SShown& one : shown) {
+        writer.Write(one.nItemId);
+        writer.Write(one.nKind);
+        writer.Write(one.sName);
+        writer.Write(one.sParentName);
+        writer.Write(one.bVisible);
+        writer.Write(one.bSelected);
+        writer.Write(one.display);
+    }
+}
+
+bool ReadShown(CByteReader& reader, QVector<SViewState::SShown>& shown)
+{
+    qint64 nCount = 0;
+    if (!reader.Read(nCount) || !reader.CheckCount(nCount, LEAST_SIZE))
+        return false;
+    shown.clear();
+    for (qint64 n = 0; n < nCount && reader.IsOk(); ++n) {
+        SViewState::SShown one;
+        reader.Read(one.nItemId);
+        reader.Read(one.nKind);
+        reader.Read(one.sName);
+        reader.Read(one.sParentName);
+        reader.Read(one.bVisible);
+        reader.Read(one.bSelected);
+        reader.Read(one.display);
+        shown.append(one);
+    }
+    return reader.IsOk();
+}
+
+/** Behind the record of the first version, and only where it says something. */
+void WriteTail(CByteWriter& writer, const SViewState& state)
+{
+    const bool bParts = std::any_of(state.shown.begin(), state.shown.end(),
+                                    [](const SViewState::SShown& one) { return one.nPartId != -1; });
+    if (!bParts && state.unknown.isEmpty())
+        return;
+    writer.Write(VERSION_WITH_PARTS);
+    for (const SViewState::SShown& one : state.shown)
+        writer.Write(one.nPartId);
+    writer.Write(QJsonDocument(state.unknown).toJson(QJsonDocument::Compact));
+}
+
+/** A state of the first version has none; what a later one says here isn't known. */
+bool ReadTail(CByteReader& reader, SViewState& state)
+{
+    qint64 nVersion = 0;
+    if (reader.BytesLeft() == 0 || !reader.Read(nVersion) || nVersion != VERSION_WITH_PARTS)
+        return reader.IsOk();
+    for (SViewState::SShown& one : state.shown)
+        reader.Read(one.nPartId);
+    QByteArray unknown;
+    reader.Read(unknown);
+    state.unknown = QJsonDocument::fromJson(unknown).object();
     return reader.IsOk();
 }
 
@@ -88,13 +154,22 @@ void Arrange(const ISimulation& simulation, qint64 nViewId, const QVector<ISelec
         return;
     manager.Arrange(nViewId, simulation.GetId(), inOrder);
     for (ISelectable* const pSelectable : inOrder) {
-        CItem* const pItem = simulation.GetItem(pSelectable->itemId());
-        const CItem* const pParentItem = simulation.GetItem(pItem->GetParentId());
+        const CItem* const pItem = simulation.GetItem(pSelectable->itemId());
+        const bool bPart = pSelectable->partId() != -1;
+        const CItem* const pParentItem = bPart ? pItem : simulation.GetItem(pItem->GetParentId());
         if (ISelectable* const pParent = pParentItem ? pParentItem->GetSelectable(nViewId) : nullptr) {
             pParent->removeChild(pSelectable);
-            pItem->UpdateSelectableParent(nViewId);
+            pSelectable->addParent(pParent, bPart);
         }
     }
+}
+
+/** What isn't shown, to be written back. */
+void Keep(const SViewState& state, const QVector<SViewState::SShown>& unknown, SKeptOfPair& kept)
+{
+    SViewState rest;
+    rest.shown = unknown;
+    kept = {state.unknown, unknown.isEmpty() ? QByteArray() : rest.ToBytes()};
 }
 
 } // namespace
@@ -103,38 +178,15 @@ QByteArray SViewState::ToBytes() const
 {
     CByteWriter writer;
     WritePair(writer, pair);
-    writer.Write(qint64(shown.size()));
-    for (const SShown& one : shown) {
-        writer.Write(one.nItemId);
-        writer.Write(one.nKind);
-        writer.Write(one.sName);
-        writer.Write(one.sParentName);
-        writer.Write(one.bVisible);
-        writer.Write(one.bSelected);
-        writer.Write(one.display);
-    }
+    WriteShown(writer, shown);
+    WriteTail(writer, *this);
     return writer.Take();
 }
 
 bool SViewState::FromBytes(const QByteArray& bytes)
 {
     CByteReader reader(bytes);
-    qint64 nCount = 0;
-    if (!ReadPair(reader, pair) || !reader.Read(nCount) || !reader.CheckCount(nCount, LEAST_SIZE))
-        return false;
-    shown.clear();
-    for (qint64 n = 0; n < nCount && reader.IsOk(); ++n) {
-        SShown one;
-        reader.Read(one.nItemId);
-        reader.Read(one.nKind);
-        reader.Read(one.sName);
-        reader.Read(one.sParentName);
-        reader.Read(one.bVisible);
-        reader.Read(one.bSelected);
-        reader.Read(one.display);
-        shown.append(one);
-    }
-    return reader.IsOk();
+    return ReadPair(reader, pair) && ReadShown(reader, shown) && ReadTail(reader, *this);
 }
 
 SViewState TakeViewState(const ISimulation& simulation, qint64 nViewId)
@@ -146,11 +198,15 @@ SViewState TakeViewState(const ISimulation& simulation, qint64 nViewId)
     state.pair = {manager.GetTime(nViewId, nId), manager.IsTransient(nViewId, nId),
                   manager.GetRotationCentre(nViewId, nId), manager.GetMirror(nViewId, nId),
                   manager.GetSectors(nViewId, nId)};
-    for (const ISelectable* const pSelectable : CSelectableManager::Instance().GetSelectables(nViewId, nId)) {
-        const SItemNames names(simulation, pSelectable->itemId());
-        state.shown.append({pSelectable->itemId(), pSelectable->typeId(), names.sName, names.sParentName,
-                            pSelectable->isVisible(), pSelectable->isSelected(), pSelectable->toBinary()});
+    for (const ISelectable* const p : CSelectableManager::Instance().GetSelectables(nViewId, nId)) {
+        const SItemNames names(simulation, p->itemId(), p->partId());
+        state.shown.append({p->itemId(), p->typeId(), p->partId(), names.sName, names.sParentName,
+                            p->isVisible(), p->isSelected(), p->toBinary()});
     }
+    const SKeptOfPair& kept = CSelectableManager::Instance().Kept(nViewId, nId);
+    state.unknown = kept.members;
+    if (SViewState rest; rest.FromBytes(kept.entries))
+        state.shown += rest.shown;
     return state;
 }
 
@@ -159,16 +215,22 @@ void ApplyViewState(ISimulation& simulation, const SViewState& state, qint64 nVi
     const VariableKeys::CScope scope;
     ApplyPair(simulation, state.pair, nViewId, dVersion);
     CShownItems items(simulation, nViewId);
-    const QVector<qint64> itemIds =
+    const QVector<SShownPlace> places =
         dVersion == SESSION_VERSION ? items.FindById(state.shown) : items.FindStored(state.shown);
     QVector<ISelectable*> inOrder;
-    for (int n = 0; n < itemIds.size(); ++n)
-        if (ISelectable* const pSelectable = items.Take(itemIds[n], state.shown[n].nKind)) {
+    QVector<SViewState::SShown> unknown;
+    for (int n = 0; n < places.size(); ++n) {
+        const SKindRow* const pRow = FindKind(state.shown[n].nKind);
+        if (ISelectable* const pSelectable = items.Take(places[n], state.shown[n].nKind)) {
             ApplyShown(*pSelectable, state.shown[n], dVersion);
             inOrder.append(pSelectable);
+        } else if (!pRow || !pRow->MakeSelectable) {
+            unknown.append(state.shown[n]);
         }
+    }
     Arrange(simulation, nViewId, inOrder);
-    if (const qint64 nMissing = itemIds.count(-1); nMissing > 0 && dVersion != SESSION_VERSION)
+    Keep(state, unknown, CSelectableManager::Instance().Kept(nViewId, simulation.GetId()));
+    if (const qint64 nMissing = places.count({}); nMissing > 0 && dVersion != SESSION_VERSION)
         CMessageSink::Instance().Log(QString("%1: %2 of the items in the stored display are not in the case")
                                          .arg(simulation.GetName(), QString::number(nMissing)));
     CSelectableManager::Instance().NotifySelectionChanged(nViewId, simulation.GetId());

@@ -4,6 +4,7 @@
 #include "simulation/displaytransforms.h"
 
 #include <QByteArray>
+#include <QJsonObject>
 #include <QVector>
 
 class ISimulation;
@@ -25,7 +26,8 @@ struct SViewState
     {
         qint64 nItemId = -1;
         qint64 nKind = -1;   ///< SelectableKind_e
-        QString sName;       ///< of its item, and of the item that this one stands under:
+        qint64 nPartId = -1; ///< of the item; -1: the whole
+        QString sName;       ///< of its item or part, and of the item that this one stands under:
         QString sParentName; ///< by these it is found in a case whose items have other ids
         bool bVisible = true;
         bool bSelected = false;
@@ -36,6 +38,7 @@ struct SViewState
 
     SPair pair;
     QVector<SShown> shown; ///< in the order in which they were made, which is that of drawing
+    QJsonObject unknown;   ///< what a display file said of the view and this version doesn't know
 
     QByteArray ToBytes() const;
     /** False for bytes that end early or hold counts that can't be. */
@@ -46,12 +49,12 @@ struct SViewState
 SViewState TakeViewState(const ISimulation& simulation, qint64 nViewId);
 
 /**
- * Shows the state. Items are found by id, or, in a stored state, by kind and names; a surface that isn't
+ * Shows the state. Items are found by id, or, in a stored state, by kind and names; what users make and isn't
  * there is made under its block. What the state doesn't name stays; what the case doesn't have is left out,
  * which the log says.
  *
  * @param dVersion  of the stored state; SESSION_VERSION for one of this session, which finds its items by id
- * alone and leaves the time where it is
+ * alone and leaves the time where it is. Entries of kinds that aren't known stay with the view.
  */
 void ApplyViewState(ISimulation& simulation, const SViewState& state, qint64 nViewId, double dVersion);
 

@@ -154,7 +154,7 @@ class CTestSelectableFactory : public ISelectableFactory
 public:
     CTestSelectableFactory() : m_pFormer(Install(this)) {}
     ~CTestSelectableFactory() override { Install(m_pFormer); }
-    ISelectable* CreateItemSelectable(CItem& item, qint64 nViewId) override
+    ISelectable* CreateItemSelectable(CItem& item, const SItemPart&, qint64 nViewId) override
     {
         return new CTestSelectable(nViewId, item.GetSimulationId(), item.GetId());
     }
@@ -167,7 +167,7 @@ private:
 class CNamedSelectableFactory : public CTestSelectableFactory
 {
 public:
-    ISelectable* CreateItemSelectable(CItem& item, qint64 nViewId) override
+    ISelectable* CreateItemSelectable(CItem& item, const SItemPart&, qint64 nViewId) override
     {
         auto* const pSelectable = new CTestSelectable(nViewId, item.GetSimulationId(), item.GetId());
         pSelectable->m_sName = item.GetName(0);

@@ -35,7 +35,8 @@ protected:
         pItem->SetName("wing", 0);
         pItem->SetParentId(1, true);
         Definitions::ToPack(FacePlane({5, 4, 3}, 1), *pItem);
-        return std::unique_ptr<Kind>(dynamic_cast<Kind*>(m_factory.CreateItemSelectable(*pItem, VIEW)));
+        return std::unique_ptr<Kind>(dynamic_cast<Kind*>(
+            m_factory.CreateItemSelectable(*pItem, {SelectableKind_e(nType), -1, {}}, VIEW)));
     }
 };
 
@@ -230,12 +231,10 @@ TEST_F(Selectables, BoundariesAndFacesKeepTheirPlace)
 TEST_F(Selectables, AnEditedDisplayFileMovesASurface)
 {
     CSurfaceSelectable* const pSurface = AddSurface();
-    QJsonObject block = Selectable(1)->toJsonBlock();
-    QJsonObject surface = block["surfaces"].toArray().first().toObject();
+    QJsonObject surface = pSurface->toJsonBlock();
     surface["constantDirection"] = 1;
     surface["constantValue"] = QJsonArray{9, 3, 9};
-    block["surfaces"] = QJsonArray{surface};
-    EXPECT_TRUE(Selectable(1)->fromJsonBlock(block));
+    EXPECT_TRUE(pSurface->fromJsonBlock(surface));
     EXPECT_EQ(pSurface->name(), "Surface J = 3 [Block 1]");
 }
 

@@ -8,52 +8,13 @@
 #include "simulation/isimulation.h"
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"
+#include "view/selectables/kinds.h"
 
 namespace {
 
 // Columns of a surface in the item panel.
 constexpr qint64 BLOCK_COLUMN = 1, DIRECTION_COLUMN = 2, CONSTANT_COLUMN = 3;
 constexpr QChar LONG_DASH(0x2014);
-constexpr double ALONG_AXIS = 0.99; // share of the normal's components that makes a plane one of an axis
-
-/** A kind without a text of its own. */
-struct SKindName
-{
-    SelectableKind_e eKind;
-    const char* sName;
-};
-constexpr SKindName KIND_NAMES[] = {
-    {KindISOSurface, "Iso Surface"},
-    {KindStreamline, "Streamline"},
-    {KindExtremePoint, "Extreme Point"},
-};
-
-QString SurfaceText(const ISelectable& owner)
-{
-    const QString sBlock = Get(owner, SelectableKey::COLUMN, BLOCK_COLUMN);
-    const QString sDirection = Get(owner, SelectableKey::COLUMN, DIRECTION_COLUMN);
-    const QString sConstant = Get(owner, SelectableKey::COLUMN, CONSTANT_COLUMN);
-    if (!sDirection.isEmpty())
-        return (sBlock.isEmpty() ? "" : sBlock + ' ') + QString("%1=%2").arg(sDirection, sConstant);
-    const QString sKind = "Computational Surface";
-    return sBlock.isEmpty() ? sKind : QString("%1 %2 %3").arg(sKind, QString(LONG_DASH), sBlock);
-}
-
-QString CoordinateSurfaceText(const ISelectable& owner)
-{
-    const QString sKind = "Coordinate Surface";
-    const auto* const pPlane = dynamic_cast<const IPlaneSource*>(&owner);
-    if (!pPlane)
-        return sKind;
-    const DVector3D normal = pPlane->planeNormal();
-    const double dSum = std::abs(normal.x) + std::abs(normal.y) + std::abs(normal.z);
-    for (int nAxis = 0; nAxis < 3; ++nAxis)
-        if (dSum > 0.0 && std::abs(normal[nAxis]) >= ALONG_AXIS * dSum)
-            return QString("%1 %2 %3=%4")
-                .arg(sKind, QString(LONG_DASH), QString("XYZ"[nAxis]))
-                .arg(pPlane->planeOffset(), 0, 'g', 6);
-    return sKind;
-}
 
 QString BlockName(const ISelectable& owner)
 {
@@ -76,14 +37,6 @@ QString Numbered(const QString& sText, const ISelectable& owner)
             nPlace = nCount;
     }
     return nCount < 2 ? sText : QString("%1 %2").arg(sText).arg(nPlace);
-}
-
-QString KindText(const ISelectable& owner)
-{
-    for (const SKindName& kind : KIND_NAMES)
-        if (kind.eKind == owner.typeId())
-            return kind.sName;
-    return owner.name();
 }
 
 } // namespace
@@ -114,10 +67,24 @@ QString AutomaticSubtitle(const IDrawable& drawable)
     const ISelectable* const pOwner = drawable.ownerSelectables().value(0);
     if (!pOwner)
         return {};
-    if (pOwner->typeId() == KindSurface)
-        return SurfaceText(*pOwner);
-    if (pOwner->typeId() == KindCoordinateSurface)
-        return CoordinateSurfaceText(*pOwner);
-    const QString sBlock = BlockName(*pOwner);
-    return sBlock.isEmpty() ? Numbered(KindText(*pOwner), *pOwner) : sBlock;
+    const SKindRow* const pRow = FindKind(pOwner->typeId());
+    return pRow && pRow->LegendText ? pRow->LegendText(*pOwner)
+                                    : LegendTexts::OfBlockOr(pOwner->name(), *pOwner);
+}
+
+QString LegendTexts::OfPlane(const ISelectable& owner)
+{
+    const QString sBlock = Get(owner, SelectableKey::COLUMN, BLOCK_COLUMN);
+    const QString sDirection = Get(owner, SelectableKey::COLUMN, DIRECTION_COLUMN);
+    const QString sConstant = Get(owner, SelectableKey::COLUMN, CONSTANT_COLUMN);
+    if (!sDirection.isEmpty())
+        return (sBlock.isEmpty() ? "" : sBlock + ' ') + QString("%1=%2").arg(sDirection, sConstant);
+    const QString sKind = "Computational Surface";
+    return sBlock.isEmpty() ? sKind : QString("%1 %2 %3").arg(sKind, QString(LONG_DASH), sBlock);
+}
+
+QString LegendTexts::OfBlockOr(const QString& sText, const ISelectable& owner)
+{
+    const QString sBlock = BlockName(owner);
+    return sBlock.isEmpty() ? Numbered(sText, owner) : sBlock;
 }

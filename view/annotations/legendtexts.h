@@ -1,20 +1,9 @@
 #pragma once
 
-#include "frame/vector3d.h"
-
 #include <QString>
 
 class IDrawable;
-
-/** A selectable that shows a plane cut, so that its legend can name the plane. */
-class IPlaneSource
-{
-public:
-    virtual ~IPlaneSource() = default;
-    virtual DVector3D planeNormal() const = 0;
-    /** Where the plane crosses its normal. */
-    virtual double planeOffset() const = 0;
-};
+class ISelectable;
 
 /** The name of the variable that colours the drawable; empty without one. */
 QString AutomaticTitle(const IDrawable& drawable);
@@ -24,3 +13,13 @@ bool ShowsNoValues(const IDrawable& drawable);
 
 /** What the drawable's item is: the surface with its place, the block, or the kind with its number. */
 QString AutomaticSubtitle(const IDrawable& drawable);
+
+/** What legends say of kinds. */
+namespace LegendTexts {
+
+/** "zone 1 K=12": block and place of an index plane, from its columns in the item panel. */
+QString OfPlane(const ISelectable& owner);
+/** The block; of what has none the text, numbered among those of its kind. */
+QString OfBlockOr(const QString& sText, const ISelectable& owner);
+
+} // namespace LegendTexts

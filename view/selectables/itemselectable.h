@@ -15,15 +15,9 @@ class CItemSelectable : public CShapeSelectable<SSurfacePlane, CSurfaceDrawable>
 public:
     CItemSelectable(const CItem& item, qint64 nViewId);
 
-    /** With "surfaces": the blocks of the surfaces under this one, in the order of the tree. */
-    QJsonObject toJsonBlock() const override;
-    /** Entry n of "surfaces" goes to the n-th surface; who reads a file makes missing ones before. */
-    bool fromJsonBlock(const QJsonObject& block) override;
-
 protected:
     void PrepareDrawables(qint64 nCount) override;
 
 private:
     void AddFace(const IVector3D& dimensions, int nFace);
-    QVector<ISelectable*> Surfaces() const;
 };

@@ -10,10 +10,20 @@
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"
 #include "view/drawables/drawable.h"
+#include "view/selectables/kinds.h"
 
 namespace {
 
 constexpr qint64 ANY_SUB_ID = -1;
+
+constexpr std::pair<KindCapability_e, SKey<bool>> CAPABILITIES[] = {
+    {CapabilityLegend, SelectableKey::HAS_LEGEND},
+    {CapabilityIsoSurface, SelectableKey::CAN_ISO_SURFACE},
+    {CapabilityPlaneCut, SelectableKey::CAN_PLANE_INTERSECTION},
+    {CapabilityExtreme, SelectableKey::CAN_SCALAR_EXTREME},
+    {CapabilitySums, SelectableKey::CAN_INTEGRATE_SCALAR},
+    {CapabilitySums, SelectableKey::CAN_INTEGRATE_FORCE},
+};
 
 void AddOnce(QVector<ISelectable*>& list, ISelectable* pSelectable)
 {
@@ -47,9 +57,21 @@ LoadStatus_e AddRange(const ISolution& field, const SIJKRange& range, SValueRang
 
 } // namespace
 
-CSelectable::CSelectable(const CItem& item, qint64 nViewId, qint64 nTypeId)
-    : m_nSimulationId(item.GetSimulationId()), m_nViewId(nViewId), m_nItemId(item.GetId()), m_nTypeId(nTypeId)
-{}
+CSelectable::CSelectable(const CItem& item, qint64 nViewId, SelectableKind_e eKind, qint64 nPartId)
+    : m_nSimulationId(item.GetSimulationId()),
+      m_nViewId(nViewId),
+      m_nItemId(item.GetId()),
+      m_nTypeId(eKind),
+      m_nPartId(nPartId)
+{
+    const SKindRow* const pRow = FindKind(eKind);
+    if (!pRow)
+        return;
+    for (const auto& [nCapability, key] : CAPABILITIES)
+        if (pRow->nCapabilities & nCapability)
+            Set(*this, key, true);
+    Set(*this, SelectableKey::DATA_DOCKS, pRow->nDocks);
+}
 
 CSelectable::~CSelectable()
 {
@@ -83,7 +105,10 @@ CItem* CSelectable::FindBlock() const
 QString CSelectable::name() const
 {
     const CItem* const pItem = FindItem();
-    return pItem ? pItem->GetDisplayName() : QString();
+    const std::optional<SItemPart> part = pItem ? pItem->FindPart(m_nPartId) : std::nullopt;
+    if (!part)
+        return {};
+    return m_nPartId == -1 ? pItem->GetDisplayName() : part->sName;
 }
 
 void CSelectable::SetBlocks(const QVector<qint64>& blockIds)

@@ -2,6 +2,7 @@
 
 #include "data/values/blockshape.h"
 #include "frame/packs/packkey.h"
+#include "frame/packs/unknownmembers.h"
 #include "scene/iselectable.h"
 
 class CByteReader;
@@ -19,21 +20,22 @@ class CSelectable : public ISelectable
     Q_OBJECT
 
 public:
-    /** @param nTypeId  SelectableKind_e, or the item's own type for kinds without a class */
-    CSelectable(const CItem& item, qint64 nViewId, qint64 nTypeId);
+    /** Has the properties of its kind (view/selectables/kinds.h). */
+    CSelectable(const CItem& item, qint64 nViewId, SelectableKind_e eKind, qint64 nPartId = -1);
     ~CSelectable() override;
 
     // Identity.
     qint64 simulationId() const override { return m_nSimulationId; }
     qint64 viewId() const override { return m_nViewId; }
     qint64 itemId() const override { return m_nItemId; }
+    qint64 partId() const override { return m_nPartId; }
     qint64 typeId() const override { return m_nTypeId; }
     qint64 blockId() const override { return m_nBlockId; }
     /** Ids of all blocks that it lies in. */
     const QVector<qint64>& blockIds() const { return m_blockIds; }
     QString name() const override;
 
-    // Stored state (selectable_store.cpp).
+    // Stored state (selectable_store.cpp). Members that this version doesn't know are kept, in both forms.
     QByteArray toBinary() const override;
     bool fromBinary(const QByteArray& bytes, double dVersion) override;
     /** "kind", "hidden", "selected" and "drawables", the display of each; derived kinds add to it. */
@@ -103,6 +105,7 @@ private:
     const qint64 m_nViewId;
     const qint64 m_nItemId;
     const qint64 m_nTypeId;
+    const qint64 m_nPartId;
     qint64 m_nBlockId = -1;
     QVector<qint64> m_blockIds;
     bool m_bEnabledForEvents = false;
@@ -110,4 +113,5 @@ private:
     bool m_bSelected = false;
     bool m_bHidden = false;
     int m_nDimension = 2;
+    CUnknownMembers m_unknown; // of the JSON block
 };

@@ -7,7 +7,8 @@
 
 namespace {
 constexpr qint64 LEAST_BLOCK_SIZE = 4; // the length of a byte array
-}
+constexpr const char *KIND = "kind", *HIDDEN = "hidden", *SELECTED = "selected", *DRAWABLES = "drawables";
+} // namespace
 
 QByteArray CSelectable::toBinary() const
 {
@@ -21,6 +22,7 @@ QByteArray CSelectable::toBinary() const
         WriteDrawable(n, writer);
         writer.EndBytes(nPlace);
     }
+    m_unknown.Write(writer);
     return writer.Take();
 }
 
@@ -43,6 +45,7 @@ bool CSelectable::fromBinary(const QByteArray& bytes, double dVersion)
         if (reader.Read(display) && n < m_drawables.size())
             bRead &= ReadDrawable(n, display, dVersion);
     }
+    m_unknown.Read(reader);
     return bRead && reader.IsOk();
 }
 
@@ -51,22 +54,25 @@ QJsonObject CSelectable::toJsonBlock() const
     QJsonArray drawables;
     for (int n = 0; n < m_drawables.size(); ++n)
         drawables.append(DrawableToJson(n));
-    return {{"kind", double(m_nTypeId)},
-            {"hidden", m_bHidden},
-            {"selected", m_bSelected},
-            {"drawables", drawables}};
+    QJsonObject block = m_unknown.Members();
+    block[KIND] = double(m_nTypeId);
+    block[HIDDEN] = m_bHidden;
+    block[SELECTED] = m_bSelected;
+    block[DRAWABLES] = drawables;
+    return block;
 }
 
 bool CSelectable::fromJsonBlock(const QJsonObject& block)
 {
-    if (ToInteger(block["kind"], m_nTypeId) != m_nTypeId)
+    if (ToInteger(block[KIND], m_nTypeId) != m_nTypeId)
         return false;
-    m_bHidden = block["hidden"].toBool(m_bHidden);
-    m_bSelected = block["selected"].toBool(m_bSelected);
-    const QJsonArray drawables = block["drawables"].toArray();
+    m_bHidden = block[HIDDEN].toBool(m_bHidden);
+    m_bSelected = block[SELECTED].toBool(m_bSelected);
+    const QJsonArray drawables = block[DRAWABLES].toArray();
     if (!drawables.isEmpty())
         PrepareDrawables(drawables.size());
     for (int n = 0; n < std::min(drawables.size(), m_drawables.size()); ++n)
         DrawableFromJson(n, drawables[n].toObject());
+    m_unknown.Take(block, {KIND, HIDDEN, SELECTED, DRAWABLES});
     return true;
 }

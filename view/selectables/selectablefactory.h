@@ -2,7 +2,7 @@
 
 #include "simulation/iselectablefactory.h"
 
-/** Makes the selectables of the program by the type of their item. In use while it lives. */
+/** Makes the selectables of the program by their kind (view/selectables/kinds.h). In use while it lives. */
 class CSelectableFactory : public ISelectableFactory
 {
 public:
@@ -11,8 +11,8 @@ public:
     CSelectableFactory(const CSelectableFactory&) = delete;
     CSelectableFactory& operator=(const CSelectableFactory&) = delete;
 
-    /** Never null: types without a class of their own are CItemSelectables. */
-    ISelectable* CreateItemSelectable(CItem& item, qint64 nViewId) override;
+    /** Never null: kinds without a class of their own are CItemSelectables. */
+    ISelectable* CreateItemSelectable(CItem& item, const SItemPart& part, qint64 nViewId) override;
 
 private:
     ISelectableFactory* const m_pFormer;

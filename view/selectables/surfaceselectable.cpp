@@ -20,11 +20,7 @@ CSurfaceSelectable::CSurfaceSelectable(const CItem& item, qint64 nViewId, Select
     SetBlocks({item.GetParentId()});
     Set(*this, SelectableKey::COLUMN_COUNT, COLUMN_COUNT);
     Set(*this, SelectableKey::UNIFY_TYPE, KindSurface); // all that are planes share the dock
-    Set(*this, SelectableKey::DATA_DOCKS, DataDockSurface);
     Set(*this, SelectableKey::STATUSBAR_STRING, "Surface");
-    for (const auto& key : {SelectableKey::HAS_LEGEND, SelectableKey::CAN_SCALAR_EXTREME,
-                            SelectableKey::CAN_INTEGRATE_SCALAR, SelectableKey::CAN_INTEGRATE_FORCE})
-        Set(*this, key, true);
     auto* const pDrawable = new CSurfaceDrawable(simulationId(), nViewId, blockId());
     ApplyFirstDisplay(*pDrawable);
     AddShape(pDrawable, InBlock(Definitions::FromPack<SSurfacePlane>(item)));
@@ -136,7 +132,7 @@ QJsonObject CSurfaceSelectable::toJsonBlock() const
 
 bool CSurfaceSelectable::fromJsonBlock(const QJsonObject& block)
 {
-    if (!CSelectable::fromJsonBlock(block))
+    if (!CSelectable::fromJsonBlock(Definitions::Without<SSurfacePlane>(block)))
         return false;
     // What a user edits goes ahead of what stands in the drawable.
     SSurfacePlane edited = plane();

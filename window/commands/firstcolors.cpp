@@ -37,7 +37,7 @@ qint64 CountPoints(qint64 nSimulationId)
 {
     qint64 nPoints = 0;
     const ISimulation* const pSimulation = CSimulationManager::Instance().GetSimulation(nSimulationId);
-    for (const CItem* const pBlock : pSimulation ? pSimulation->GetItems(KindBlock) : QVector<CItem*>())
+    for (const CItem* const pBlock : pSimulation ? pSimulation->GetBlocks() : QVector<CItem*>())
         nPoints += pBlock->GetPointCount();
     return nPoints;
 }

@@ -141,7 +141,7 @@ QVector<ISelectable*> CRenderCase::Shown() const
 
 BatchStatus_e CRenderCase::CheckSurface(const SRenderRequest::SSurface& surface)
 {
-    const QVector<CItem*> blocks = m_pSimulation->GetItems(KindBlock);
+    const QVector<CItem*> blocks = m_pSimulation->GetBlocks();
     if (surface.nBlock < 1 || surface.nBlock > blocks.size())
         return Fail(BatchUsage,
                     QString("there is no block %1; the grid has %2").arg(surface.nBlock).arg(blocks.size()));
@@ -164,7 +164,7 @@ BatchStatus_e CRenderCase::ShowSurfaces(const QVector<SRenderRequest::SSurface>&
     for (const SRenderRequest::SSurface& surface : surfaces) {
         if (const BatchStatus_e eStatus = CheckSurface(surface); eStatus != BatchOk)
             return eStatus;
-        const CItem& block = *m_pSimulation->GetItems(KindBlock)[int(surface.nBlock - 1)];
+        const CItem& block = *m_pSimulation->GetBlocks()[int(surface.nBlock - 1)];
         SSurfacePlane plane = FacePlane(block.GetSize(), 2 * surface.nDirection);
         plane.constants[surface.nDirection] = surface.nConstant;
         CreateSurfaceItem(*m_pSimulation, block.GetId(), plane);

@@ -8,7 +8,6 @@
 #include "modules/plot3d/fieldview/fieldviewimport.h"
 #include "modules/plot3d/plot3dsimulation.h"
 #include "modules/plot3d/ui/gridexport.h"
-#include "modules/plot3d/ui/itemcategories.h"
 #include "modules/plot3d/ui/plot3dmodule.h"
 #include "scene/iselectable.h"
 #include "scene/selectablekind.h"
@@ -17,6 +16,7 @@
 #include "simulation/item.h"
 #include "simulation/simulationmanager.h"
 #include "simulation/undostep.h"
+#include "view/selectables/kinds.h"
 #include "view/selectables/surfaceitems.h"
 
 #include <QAction>
@@ -48,6 +48,11 @@ constexpr SActionText s_texts[] = {
     {"Plot3D...", "Write the grids of the selected blocks, or of all", ":/Icons/Export.png"},
 };
 
+/** What the item panel lists, in its order. */
+constexpr SelectableKind_e s_kinds[] = {
+    KindBoundarySurface, KindStreamline,        KindExtremePoint, KindBlock, KindFace,
+    KindISOSurface,      KindCoordinateSurface, KindSurface};
+
 /** Items of the selected selectables, each once. */
 QVector<qint64> SelectedItems(const ISimulation& simulation, qint64 nViewId)
 {
@@ -64,7 +69,7 @@ QVector<qint64> ChosenBlocks(const ISimulation& simulation, qint64 nViewId)
 {
     QVector<qint64> ids;
     for (const qint64 nId : SelectedItems(simulation, nViewId))
-        if (simulation.GetItem(nId)->GetType() == KindBlock)
+        if (simulation.GetItem(nId)->GetShownKind() == KindBlock)
             ids.append(nId);
     std::sort(ids.begin(), ids.end());
     return ids.isEmpty() ? simulation.GetItemIds(KindBlock) : ids;
@@ -299,44 +304,38 @@ void CPlot3DModule::SlotUnifyData()
     pSimulation->RefreshViews();
 }
 
-QVector<qint64> CPlot3DModule::GetCategoryOrder() const
-{
-    QVector<qint64> kinds;
-    for (const SItemKindRow& row : ItemKindTable())
-        kinds.append(row.nKind);
-    return kinds;
-}
+QVector<qint64> CPlot3DModule::GetCategoryOrder() const { return {std::begin(s_kinds), std::end(s_kinds)}; }
 
 QStringList CPlot3DModule::GetCategoryNames(qint64) const
 {
     QStringList sNameList;
-    for (const SItemKindRow& row : ItemKindTable())
-        sNameList.append(row.sGroup);
+    for (const SelectableKind_e eKind : s_kinds)
+        sNameList.append(FindKind(eKind)->sGroup);
     return sNameList;
 }
 
 QVector<SItemCategory> CPlot3DModule::GetCategoryTree(qint64) const
 {
     QVector<SItemCategory> categories;
-    for (const SItemKindRow& row : ItemKindTable())
-        categories.append(SItemCategory{row.nKind});
+    for (const SelectableKind_e eKind : s_kinds)
+        categories.append(SItemCategory{eKind});
     return categories;
 }
 
 QString CPlot3DModule::GetItemToolTip(qint64 nType) const
 {
-    const SItemKindRow* const pRow = FindItemKind(nType);
+    const SKindRow* const pRow = FindKind(nType);
     return pRow ? pRow->sToolTip : "";
 }
 
 QString CPlot3DModule::GetItemTypeName(qint64 nType) const
 {
-    const SItemKindRow* const pRow = FindItemKind(nType);
+    const SKindRow* const pRow = FindKind(nType);
     return pRow ? pRow->sName : "Unknown";
 }
 
 QIcon CPlot3DModule::GetItemIcon(qint64 nType) const
 {
-    const SItemKindRow* const pRow = FindItemKind(nType);
+    const SKindRow* const pRow = FindKind(nType);
     return pRow ? ThemeIcon(pRow->sIcon) : QIcon();
 }

@@ -1,4 +1,4 @@
-#include "cases/display/overridetypes.h"
+#include "view/selectables/overridetypes.h"
 
 #include <QJsonArray>
 
