@@ -6,6 +6,10 @@
 
 void CUnknownMembers::Take(const QJsonObject& read, const QSet<QString>& known)
 {
+    const auto count = std::count_if(known.begin(), known.end(),
+                                     [&](const QString& sMember) { return read.contains(sMember); });
+    if (count == read.size())
+        return; // as nearly all are; to ask is cheaper than to take every name out
     for (auto it = read.begin(); it != read.end(); ++it)
         if (!known.contains(it.key()))
             m_members.insert(it.key(), it.value());

@@ -73,6 +73,7 @@ bool CSelectable::fromJsonBlock(const QJsonObject& block)
         PrepareDrawables(drawables.size());
     for (int n = 0; n < std::min(drawables.size(), m_drawables.size()); ++n)
         DrawableFromJson(n, drawables[n].toObject());
-    m_unknown.Take(block, {KIND, HIDDEN, SELECTED, DRAWABLES});
+    static const QSet<QString> s_known = {KIND, HIDDEN, SELECTED, DRAWABLES};
+    m_unknown.Take(block, s_known);
     return true;
 }
