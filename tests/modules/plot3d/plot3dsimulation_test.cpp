@@ -121,7 +121,7 @@ TEST_F(Plot3DSimulation, VectorsHaveAThirdComponentWhenTheDataHave)
         const auto pField = CSolutionManager::Instance().GetSolution(
             CVariableManager::Instance().FindByName(simulation.GetId(), "Momentum", LocationNode),
             simulation.GetId(), simulation.GetItems(KindBlock).first()->GetId(), -1, -1.0);
-        return pField ? pField->GetVector(IVector3D{1, 1, 1}) : DVector3D();
+        return pField ? pField->GetVector(qint64(0)) : DVector3D();
     };
     EXPECT_EQ(velocity(), (DVector3D{Value(0, 1, 0), Value(0, 2, 0), 0.0}));
     EXPECT_EQ(
