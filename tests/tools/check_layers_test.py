@@ -44,7 +44,7 @@ class CheckLayers(unittest.TestCase):
 
     def test_an_upward_include_fails(self):
         self.write("view/viewer.h", "")
-        self.expect_problem("data/kernel.cpp", '#include "view/viewer.h"\n', "higher layer view")
+        self.expect_problem("data/io/kernel.cpp", '#include "view/viewer.h"\n', "higher layer view")
 
     def test_the_longest_folder_names_the_layer(self):
         self.write("simulation/panel/list.h", "")

@@ -163,7 +163,7 @@ protected:
         for (int y = 0; y < PIXELS; ++y)
             for (int x = 0; x < PIXELS; ++x)
                 if (m_image.pixelColor(x, y).rgb() == color.rgb())
-                    return LoadOk;
+                    return true;
         return false;
     }
     static QColor MapColor(int nTexel)

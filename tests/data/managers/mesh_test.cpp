@@ -19,6 +19,7 @@ public:
           })
     {}
     GridKind_e GetGridKind() const override { return GridKindUnstructured; }
+    void Dispose() override { CGrid::Dispose(); } // to the manager, uncounted
 };
 
 /** A value a node: its square, and none at the eighth. */
