@@ -3,6 +3,7 @@
 #include "data/variables/ifieldranges.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -125,7 +126,14 @@ void CVariableManager::RemoveVariable(qint64 nId)
 std::shared_ptr<const CFieldRecipes> CVariableManager::GetRecipes() const
 {
     const std::lock_guard lock(m_recipeMutex);
+    m_bRecipesGivenOut = true;
     return m_pRecipes;
+}
+
+std::shared_ptr<const SFieldRecipe> CVariableManager::GetRecipe(qint64 nId) const
+{
+    const std::lock_guard lock(m_recipeMutex);
+    return m_pRecipes->Find(nId);
 }
 
 void CVariableManager::Publish(const SFieldRecipe& recipe)
@@ -137,7 +145,8 @@ void CVariableManager::Publish(const SFieldRecipe& recipe)
 template <class Edit> void CVariableManager::EditRecipes(const Edit& edit)
 {
     const std::lock_guard lock(m_recipeMutex);
-    if (m_pRecipes.use_count() > 1)
+    // A use count of 1 wouldn't do: it doesn't say that the reads of those who have given it back are over.
+    if (std::exchange(m_bRecipesGivenOut, false))
         m_pRecipes = std::make_shared<CFieldRecipes>(*m_pRecipes);
     edit(*m_pRecipes);
 }

@@ -61,7 +61,7 @@ public:
     /** How to compute all variables as of now. Any thread. */
     std::shared_ptr<const CFieldRecipes> GetRecipes() const;
     /** Null for -1 and an unknown id. Any thread. */
-    std::shared_ptr<const SFieldRecipe> GetRecipe(qint64 nId) const { return GetRecipes()->Find(nId); }
+    std::shared_ptr<const SFieldRecipe> GetRecipe(qint64 nId) const;
     /** From now on requests use this recipe. Called by the variable. */
     void Publish(const SFieldRecipe& recipe);
     const std::vector<std::unique_ptr<IVariable>>& GetVariables() const { return m_variables; }
@@ -75,4 +75,5 @@ private:
     QVector<IVariableListener*> m_listeners;
     mutable std::mutex m_recipeMutex; // the last to be taken
     std::shared_ptr<CFieldRecipes> m_pRecipes = std::make_shared<CFieldRecipes>();
+    mutable bool m_bRecipesGivenOut = false; // this very list: it never changes any more
 };
