@@ -31,6 +31,10 @@ template <class D, class T> struct SDefinitionField
     bool bEdited = false; ///< users change it by hand in files
 };
 
+// Spelled out for compilers that don't deduce the arguments of aggregates.
+template <class D, class T>
+SDefinitionField(const char*, const char*, T D::*, bool = false) -> SDefinitionField<D, T>;
+
 namespace DefinitionDetail {
 
 template <class D, class Visit> constexpr void ForEachField(const Visit& visit)
