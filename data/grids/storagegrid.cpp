@@ -109,6 +109,9 @@ LoadStatus_e CStorageGrid<Real>::GatherPoints(std::span<const qint64> points, co
         return LoadOk;
     if (const LoadStatus_e eStatus = EnsureLoaded(); eStatus != LoadOk)
         return eStatus;
+    const auto isThere = [nCount = m_arrays.Count()](qint64 n) { return n < nCount; };
+    if (!std::all_of(points.begin(), points.end(), isThere))
+        return LoadBadContent; // the load found another size
     for (int nAxis = 0; nAxis < 3; ++nAxis)
         std::transform(points.begin(), points.end(), out.Axis(nAxis).begin(),
                        [pArray = m_arrays.Data(nAxis)](qint64 n) { return double(pArray[n]); });

@@ -183,6 +183,8 @@ TEST_F(Managers, AFileThatCannotBeIdentifiedHasAShapeAndASizeIsCorrectedByALoad)
     std::vector<double> x(729), y = x, z = x;
     EXPECT_EQ(pOther->FillPoints({{1, 1, 1}, {9, 9, 9}}, {x, y, z}), LoadBadContent) << "it has less";
     EXPECT_EQ(pOther->GetDimensions(), (IVector3D{3, 2, 2}));
+    const std::vector<qint64> points{0, 700};
+    EXPECT_EQ(pOther->GatherPoints(points, {x, y, z}), LoadBadContent);
     EXPECT_EQ(pOther->GetPoint(1, 1, 1).x, Value(0, 0, 0));
 }
 
