@@ -52,6 +52,7 @@ LoadStatus_e CStoredArrays<Real, N>::Load(const QString& sFileName, IVector3D& s
         m_bFilled = true;
         return LoadOk;
     }
+    m_failure.Note(LoadFailed, sFileName); // ahead of the read: a file that comes back during it has changed
     const SLoadResult result = LoadNow(size);
     if (!result.sMessage.isEmpty())
         CMessageSink::Instance().Log(result.sMessage, result.nLevel);
@@ -60,7 +61,8 @@ LoadStatus_e CStoredArrays<Real, N>::Load(const QString& sFileName, IVector3D& s
     if (!result.IsOk())
         Clear();
     m_bFilled = result.IsOk();
-    m_failure.Note(result.eStatus, sFileName);
+    if (result.eStatus != LoadFailed && result.eStatus != LoadBadContent)
+        m_failure.Note(result.eStatus, sFileName);
     return result.eStatus;
 }
 
