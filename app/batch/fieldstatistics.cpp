@@ -1,5 +1,6 @@
 #include "app/batch/fieldstatistics.h"
 
+#include "data/kernels/parallel.h"
 #include "data/values/blockslices.h"
 
 #include <vector>
@@ -25,39 +26,98 @@ LoadStatus_e Fill(const ISolution& field, const SIJKRange& part, bool bVector, s
     return eStatus;
 }
 
+/** What some slices of a block hold. */
+struct SPiece
+{
+    LoadStatus_e eStatus = LoadOk;
+    qint64 nCounted = 0;
+    double dSum = 0.0;
+    double dMin = 0.0, dMax = 0.0;
+    qint64 nMinAt = -1, nMaxAt = -1; // flat indices of the first ones in the block
+
+    void Add(double dValue, qint64 nIndex)
+    {
+        if (nCounted == 0 || dValue < dMin) {
+            dMin = dValue;
+            nMinAt = nIndex;
+        }
+        if (nCounted == 0 || dValue > dMax) {
+            dMax = dValue;
+            nMaxAt = nIndex;
+        }
+        dSum += dValue;
+        ++nCounted;
+    }
+    /** Of the slices behind these. */
+    void Join(const SPiece& next)
+    {
+        eStatus = eStatus == LoadOk ? next.eStatus : eStatus;
+        if (next.nCounted == 0)
+            return;
+        if (nCounted == 0 || next.dMin < dMin) {
+            dMin = next.dMin;
+            nMinAt = next.nMinAt;
+        }
+        if (nCounted == 0 || next.dMax > dMax) {
+            dMax = next.dMax;
+            nMaxAt = next.nMaxAt;
+        }
+        dSum += next.dSum;
+        nCounted += next.nCounted;
+    }
+};
+
+/** @param slices  in the order of flat indices */
+SPiece Scan(const ISolution& field, const ISolution* pHoles, bool bVector, std::span<const SIJKRange> slices)
+{
+    SPiece piece;
+    std::vector<double> values, holes;
+    for (const SIJKRange& slice : slices) {
+        piece.eStatus = Fill(field, slice, bVector, values);
+        if (piece.eStatus == LoadOk && pHoles)
+            piece.eStatus = Fill(*pHoles, slice, false, holes);
+        if (piece.eStatus != LoadOk)
+            return piece;
+        const qint64 nFirst = field.GetShape().PointIndex(slice.min);
+        for (qint64 n = 0; n < slice.Count(); ++n)
+            if (IsFieldValue(values[n]) && !(pHoles && holes[n] == 0.0))
+                piece.Add(values[n], nFirst + n);
+    }
+    return piece;
+}
+
 } // namespace
 
 SFieldStatistics ComputeStatistics(const ISolution& field, const ISolution* pHoles, bool bVector)
 {
-    SFieldStatistics result;
+    constexpr qint64 SLICES = 16; // that one thread takes: its buffers serve again
     const SBlockShape shape = field.GetShape();
+    std::vector<SIJKRange> slices;
+    ForEachSlice(shape.Range(), [&](const SIJKRange& slice) { slices.push_back(slice); });
+    const qint64 nPieces = (qint64(slices.size()) + SLICES - 1) / SLICES;
+    std::vector<SPiece> pieces(nPieces);
+    const auto scan = [&](qint64 nPiece) {
+        const size_t nFirst = size_t(nPiece * SLICES);
+        const size_t nCount = std::min(size_t(SLICES), slices.size() - nFirst);
+        pieces[nPiece] = Scan(field, pHoles, bVector, std::span(slices).subspan(nFirst, nCount));
+    };
+    if (nPieces > 0)
+        scan(0); // on this thread: that loads what has to be loaded
+    RunPieces(nPieces - 1, [&](qint64 n) { scan(n + 1); });
+    SPiece all; // joined in order, so that the sum doesn't depend on the number of threads
+    for (const SPiece& piece : pieces)
+        all.Join(piece);
+
+    SFieldStatistics result;
+    result.eStatus = all.eStatus;
     result.nPoints = shape.PointCount();
-    std::vector<double> values, holes;
-    double dSum = 0.0;
-    result.eStatus = ForEachSlice(shape.Range(), [&](const SIJKRange& part) {
-        LoadStatus_e eStatus = Fill(field, part, bVector, values);
-        if (eStatus == LoadOk && pHoles)
-            eStatus = Fill(*pHoles, part, false, holes);
-        if (eStatus != LoadOk)
-            return eStatus;
-        const SBlockShape slice{part.Extent(), part.min};
-        for (qint64 n = 0; n < part.Count(); ++n) {
-            if (!IsFieldValue(values[n]) || (pHoles && holes[n] == 0.0))
-                continue;
-            if (result.nCounted == 0 || values[n] < result.dMin) {
-                result.dMin = values[n];
-                result.minAt = slice.Address(n);
-            }
-            if (result.nCounted == 0 || values[n] > result.dMax) {
-                result.dMax = values[n];
-                result.maxAt = slice.Address(n);
-            }
-            dSum += values[n];
-            ++result.nCounted;
-        }
-        return LoadOk;
-    });
-    if (result.nCounted > 0)
-        result.dMean = dSum / double(result.nCounted);
+    result.nCounted = all.nCounted;
+    if (all.nCounted == 0)
+        return result;
+    result.dMin = all.dMin;
+    result.dMax = all.dMax;
+    result.dMean = all.dSum / double(all.nCounted);
+    result.minAt = shape.Address(all.nMinAt);
+    result.maxAt = shape.Address(all.nMaxAt);
     return result;
 }
